@@ -1,0 +1,54 @@
+# Helpers of the build. Every helper refuses arguments that it does not know, so that a misspelt keyword stops the
+# configuration instead of dropping a file in silence.
+
+add_library(zelvane_flags INTERFACE)
+target_compile_options(zelvane_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
+target_compile_definitions(zelvane_flags INTERFACE
+    QT_DISABLE_DEPRECATED_BEFORE=0x060400 ZELVANE_VERSION="${PROJECT_VERSION}")
+if(ZELVANE_SANITIZE)
+    target_compile_options(zelvane_flags INTERFACE -fsanitize=${ZELVANE_SANITIZE} -fno-omit-frame-pointer
+                                                   -fno-sanitize-recover=all)
+    target_link_options(zelvane_flags INTERFACE -fsanitize=${ZELVANE_SANITIZE})
+endif()
+
+function(zelvane_refuse_unknown prefix helper)
+    if(${prefix}_UNPARSED_ARGUMENTS)
+        message(FATAL_ERROR "${helper}: unknown arguments: ${${prefix}_UNPARSED_ARGUMENTS}")
+    endif()
+    if(${prefix}_KEYWORDS_MISSING_VALUES)
+        message(FATAL_ERROR "${helper}: no value for: ${${prefix}_KEYWORDS_MISSING_VALUES}")
+    endif()
+endfunction()
+
+# zelvane_sources([CORE file...] [FORMS file...])
+# Hands the files of the current folder to zelvane_core (logic: no Gui, no Widgets) and to zelvane_forms.
+function(zelvane_sources)
+    cmake_parse_arguments(arg "" "" "CORE;FORMS" ${ARGN})
+    zelvane_refuse_unknown(arg zelvane_sources)
+    foreach(kind IN ITEMS CORE FORMS)
+        string(TOLOWER ${kind} library)
+        foreach(file IN LISTS arg_${kind})
+            target_sources(zelvane_${library} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/${file})
+        endforeach()
+    endforeach()
+endfunction()
+
+# zelvane_test(NAME name LABEL unit|form|e2e [FORMS] SOURCES file...)
+# One GoogleTest program whose tests CTest runs one by one. FORMS links the forms and runs on the offscreen platform.
+function(zelvane_test)
+    cmake_parse_arguments(arg "FORMS" "NAME;LABEL" "SOURCES" ${ARGN})
+    zelvane_refuse_unknown(arg zelvane_test)
+    if(NOT arg_LABEL MATCHES "^(unit|form|e2e)$")
+        message(FATAL_ERROR "zelvane_test: LABEL is unit, form or e2e, not '${arg_LABEL}'")
+    endif()
+    add_executable(${arg_NAME} ${arg_SOURCES})
+    set(environment "TZ=UTC;LC_ALL=C.UTF-8")
+    if(arg_FORMS)
+        target_link_libraries(${arg_NAME} PRIVATE zelvane_test_support_forms)
+        list(APPEND environment "QT_QPA_PLATFORM=offscreen")
+    else()
+        target_link_libraries(${arg_NAME} PRIVATE zelvane_test_support)
+    endif()
+    gtest_discover_tests(${arg_NAME} DISCOVERY_MODE PRE_TEST
+        PROPERTIES LABELS ${arg_LABEL} TIMEOUT 120 ENVIRONMENT "${environment}")
+endfunction()

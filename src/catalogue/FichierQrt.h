@@ -1,0 +1,27 @@
+// The catalogue file: telling its form, reading its text into the table, writing it.
+#pragma once
+
+#include "catalogue/QrtClass.h"
+
+#include <QString>
+
+/// 0: not a catalogue file; 1: bare text file; 2: archive that holds "Zelvane.qrt". Shows "trap" and returns 0 when
+/// the file cannot be read.
+int TypeFichier(const QString& chemin);
+
+/// The text behind the first "="; all of the line when it has none.
+QString ValeurLigne(const QString& ligne);
+
+/// Fills the table from "Zelvane.qrt" in TmpFolder. A malformed value leaves what was there; a file that is none is
+/// told ("msg50") and leaves an empty table. Sets IndexColPrete and dependantcol, and IlFautSauver when it had to add
+/// the loan column.
+void ChargerFichier(QrtClass& doc);
+
+/// Writes the text into TmpFolder and rebuilds the archive at CheminReel from the whole folder. False, with nothing
+/// touched, when there are no columns; also when the text could not be written, before the old archive is deleted.
+/// An archive that fails is told, DossierAGarder is set, and the result is true: the data live in TmpFolder then.
+/// `selection` writes the selected entries alone, without images.
+bool EcrireFichier(QrtClass& doc, bool selection);
+
+/// Writes the bare text of form 1.4 at CheminReel. False when there are no columns or the text could not be written.
+bool EcrireFichier14(QrtClass& doc, bool selection);

@@ -1,0 +1,107 @@
+// How the table keeps its entries: slices of the file's bytes and blocks of edited entries. For the table, the reader,
+// the writer and scans that go over all entries; everybody else uses MyLV.h.
+#pragma once
+
+#include <QByteArrayView>
+#include <QString>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace stockage {
+
+/// The encoding of an entry's bytes.
+enum class Codage : uint8_t { Cp1252, Utf8 };
+
+/// Flags of an entry, one byte.
+enum Drapeau : uint8_t {
+    Choisie = 1,
+    IconeBit0 = 2, // two bits: see Icone
+    IconeBit1 = 4,
+    EnBloc = 8,     // edited: the reference is a block of its own
+    Reguliere = 16, // a slice with exactly as many "|" as the source has columns: it can be written as it stands
+    Vivante = 32,
+};
+
+/// The row's marker.
+enum class Icone : uint8_t { Aucune = 0, NoIco = 1, Ico = 2, IcoError = 3 };
+
+inline Icone IconeDe(uint8_t drapeaux) { return static_cast<Icone>((drapeaux >> 1) & 3); }
+inline uint8_t AvecIcone(uint8_t drapeaux, Icone icone)
+{
+    return static_cast<uint8_t>((drapeaux & ~(IconeBit0 | IconeBit1)) | (static_cast<uint8_t>(icone) << 1));
+}
+
+/// The bytes that slices point into: the catalogue text as it was read.
+struct Source
+{
+    std::unique_ptr<char[]> octets;
+    size_t taille = 0;
+    Codage codage = Codage::Cp1252;
+    int colonnes = 0; ///< field number of the image in a slice, and number of its cells
+};
+
+/// Slices in file order. A slice is what stands behind "=" in an entry's line: fields separated by "|".
+struct Lignes
+{
+    std::vector<uint64_t> debuts;
+    std::vector<uint32_t> longueurs;
+    std::vector<uint8_t> drapeaux;
+};
+
+/// One field's bytes. `existe` is false for a cell that was never written.
+struct Cellule
+{
+    const char* debut = nullptr;
+    uint32_t taille = 0;
+    Codage codage = Codage::Cp1252;
+    bool existe = false;
+
+    QByteArrayView octets() const { return QByteArrayView(debut, static_cast<qsizetype>(taille)); }
+    QString Texte() const;
+};
+
+/// The cells of an edited entry: written ones hold a text. The image is kept beside them.
+struct Rangee
+{
+    std::vector<std::optional<QString>> cellules;
+    QString image;
+};
+
+/// An entry's storage, to be read field by field from the left.
+class Vue
+{
+public:
+    Vue(const char* octets, uint32_t longueur, Codage codage, int colonnes, uint8_t drapeaux)
+        : m_octets(octets), m_longueur(longueur), m_codage(codage), m_colonnes(colonnes), m_drapeaux(drapeaux)
+    {
+    }
+
+    bool EstTranche() const { return !(m_drapeaux & EnBloc); }
+    bool EstReguliere() const { return m_drapeaux & Reguliere; }
+    uint8_t Drapeaux() const { return m_drapeaux; }
+    /// The bytes of a slice, all its fields.
+    QByteArrayView Tranche() const { return QByteArrayView(m_octets, static_cast<qsizetype>(m_longueur)); }
+    /// Cell 0 to ...; one that is not there does not exist.
+    Cellule Champ(int cellule) const;
+    /// The image name.
+    Cellule Image() const;
+    /// All cells there are room for, and the image.
+    Rangee Lire() const;
+
+private:
+    const char* m_octets;
+    uint32_t m_longueur;
+    Codage m_codage;
+    int m_colonnes;
+    uint8_t m_drapeaux;
+};
+
+/// Blocks of edited entries: one allocation an entry, UTF-8 inside.
+char* NouveauBloc(const Rangee& rangee);
+void LibererBloc(char* bloc);
+size_t TailleBloc(const char* bloc);
+
+} // namespace stockage
