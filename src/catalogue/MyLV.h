@@ -7,9 +7,9 @@
 // A table belongs to one thread.
 #pragma once
 
+#include "catalogue/MyLVCles.h"
 #include "catalogue/MyLVStockage.h"
 
-#include <QHash>
 #include <QString>
 #include <QStringList>
 
@@ -220,7 +220,7 @@ public:
     bool GridLines() const { return m_grille; }
     void SetGridLines(bool grille);
 
-    /// The entry with the focus; nothing in an empty table or before there was one.
+    /// The entry with the focus: the first one until another gets it; nothing in an empty table only.
     ListItem SelectedItem() const;
     void SetSelectedItem(const ListItem& entree);
 
@@ -255,23 +255,19 @@ private:
     friend class ListItem;
     friend class ListItems;
     friend class AjoutsDansTable;
-    struct Cles;
-
     stockage::Vue Vue(uint32_t rang) const;
     stockage::Cellule Cellule(uint32_t rang, int cellule) const;
     void Reecrire(uint32_t rang, const stockage::Rangee& rangee);
     void EcrireCellule(uint32_t rang, int cellule, const QString& texte);
     void LibererBloc(uint32_t rang);
     uint32_t NouveauRang();
-    void ToutVider();
+    void ViderEntrees();
 
     int Position(uint32_t rang) const;
-    void PositionsPerdues() { m_positionsValides = false; }
+    void OrdreChange();
+    void OterDeLOrdre(uint32_t rang);
 
-    QString CleDe(uint32_t rang) const;
-    bool DonnerCle(uint32_t rang, const QString& cle);
-    std::optional<uint32_t> RangDeCle(const QString& cle) const;
-    void OublierCle(uint32_t rang);
+    bool DonnerCle(uint32_t rang, const QString& cle, uint32_t enPosition);
     void RenumeroterPasAPas();
 
     bool OrdrePossible() const;
@@ -292,7 +288,8 @@ private:
     std::vector<uint32_t> m_ordre;
     mutable std::vector<uint32_t> m_positions;
     mutable bool m_positionsValides = false;
-    std::unique_ptr<Cles> m_cles;
+    ClesDeTable m_cles;
+    size_t m_octetsEnBlocs = 0;
 
     std::vector<uint32_t> m_aPlacer;
     int m_ajoutsOuverts = 0;

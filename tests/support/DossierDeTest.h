@@ -1,6 +1,8 @@
 // A folder of a test's own, gone when it ends.
 #pragma once
 
+#include "support/Impression.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QTemporaryDir>

@@ -1,0 +1,189 @@
+// Writing a document: the text, its exact form where the code page is too small, and the archive.
+#include "catalogue/FichierQrt.h"
+
+#include "base/AfficherMsg.h"
+#include "base/Const_Vrac.h"
+#include "catalogue/TexteExact.h"
+#include "catalogue/TexteQrt.h"
+#include "catalogue/ccZip.h"
+#include "extensions/modLang.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <cstdio>
+
+using stockage::Codage;
+
+namespace {
+
+class PuitsFichier : public Puits
+{
+public:
+    explicit PuitsFichier(QFileDevice& fichier) : m_fichier(fichier) {}
+    bool Recevoir(const char* octets, size_t taille) override
+    {
+        const auto attendu = static_cast<qint64>(taille);
+        return m_fichier.write(octets, attendu) == attendu;
+    }
+
+private:
+    QFileDevice& m_fichier;
+};
+
+EntreesEcrites Entrees(bool selection) { return selection ? EntreesEcrites::Selection : EntreesEcrites::Toutes; }
+
+QByteArray LireTout(const QString& chemin)
+{
+    QFile fichier(chemin);
+    return fichier.open(QIODevice::ReadOnly) ? fichier.readAll() : QByteArray();
+}
+
+/// A file of the document's folder, replaced as a whole: whoever reads it finds the old text or the new one. Nothing is
+/// forced to the disk here, as the folder does not outlive the program's run.
+class FichierDuDossier
+{
+public:
+    explicit FichierDuDossier(const QString& chemin) : m_chemin(chemin), m_fichier(chemin + u'~') {}
+    ~FichierDuDossier()
+    {
+        if (m_fichier.isOpen())
+            m_fichier.remove();
+    }
+    FichierDuDossier(const FichierDuDossier&) = delete;
+    FichierDuDossier& operator=(const FichierDuDossier&) = delete;
+
+    bool Ouvrir() { return m_fichier.open(QIODevice::WriteOnly | QIODevice::Unbuffered); }
+    QFile& Fichier() { return m_fichier; }
+    bool Valider()
+    {
+        if (!m_fichier.flush() || m_fichier.error() != QFileDevice::NoError)
+            return false;
+        m_fichier.close();
+        const bool bon = std::rename(QFile::encodeName(m_fichier.fileName()).constData(),
+                                     QFile::encodeName(m_chemin).constData()) == 0;
+        if (!bon)
+            m_fichier.remove();
+        return bon;
+    }
+
+private:
+    QString m_chemin;
+    QFile m_fichier;
+};
+
+/// Writes the exact text beside the 8-bit one. `commentaire`: the comment's exact text, where it needs one.
+bool EcrireTexteExact(const QrtClass& doc, EntreesEcrites entrees, const std::optional<QByteArray>& commentaire)
+{
+    FichierDuDossier fichier(doc.TmpFolder + TexteExact::NomDuFichier());
+    if (!fichier.Ouvrir())
+        return false;
+    PuitsFichier puits(fichier.Fichier());
+    if (!EcrireTexteQrt(doc, "2", entrees, Codage::Utf8, puits))
+        return false;
+    if (commentaire) {
+        const QByteArray suite = TexteExact::Separateur() + *commentaire;
+        if (!puits.Recevoir(suite.constData(), static_cast<size_t>(suite.size())))
+            return false;
+    }
+    return fichier.Valider();
+}
+
+/// The text files of the folder, all or none: a reader that comes in between finds the old text whole.
+bool EcrireTextes(const QrtClass& doc, EntreesEcrites entrees)
+{
+    const QString chemin = doc.TmpFolder + QStringLiteral("Zelvane.qrt");
+    // The exact comment is known by the text that stands there now: it is read before that goes.
+    std::optional<QByteArray> commentaire;
+    if (QFileInfo::exists(doc.TmpFolder + TexteExact::NomDuFichier()))
+        commentaire = TexteExact::Lire(doc.TmpFolder, LireTout(chemin),
+                                       LireTout(doc.TmpFolder + QStringLiteral("Zelvane.txt")))
+                          .commentaire;
+
+    FichierDuDossier fichier(chemin);
+    if (!fichier.Ouvrir())
+        return false;
+    PuitsFichier puits(fichier.Fichier());
+    const std::optional<qint64> manques = EcrireTexteQrt(doc, "2", entrees, Codage::Cp1252, puits);
+    if (!manques || !fichier.Valider())
+        return false;
+    if (*manques > 0 || commentaire)
+        return EcrireTexteExact(doc, entrees, commentaire);
+    QFile::remove(doc.TmpFolder + TexteExact::NomDuFichier());
+    return true;
+}
+
+/// Puts all of the folder into a new archive; false when something of it is not in there at the end.
+bool EcrireArchive(const QrtClass& doc)
+{
+    ccZip zip;
+    zip.Init(doc.CheminReel());
+    zip.Level = 5;
+    zip.Comm = QStringLiteral("Zelvane v2.2 by Morvenal");
+    bool bon = true;
+    const QStringList noms = QDir(doc.TmpFolder)
+                                 .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                                            QDir::Unsorted);
+    for (const QString& nom : noms) {
+        // A folder has no place in an archive of bare names; it is not a loss, as nothing of the category lies there.
+        const bool dossier = QFileInfo(doc.TmpFolder + nom).isDir();
+        bon = (zip.AddFile(doc.TmpFolder + nom, 0, true) < 2 || dossier) && bon;
+        QCoreApplication::processEvents();
+    }
+    return zip.Fermer() < 2 && bon;
+}
+
+bool EcrireTexte14(const QrtClass& doc, bool selection, QFileDevice& fichier)
+{
+    PuitsFichier puits(fichier);
+    return EcrireTexteQrt(doc, "1.4", Entrees(selection), Codage::Cp1252, puits).has_value();
+}
+
+bool SelectionVide(const QrtClass& doc, bool selection)
+{
+    if (!selection || doc.SelItemsCount() > 0)
+        return false;
+    AfficherMsg(LangMsg(QStringLiteral("msg64"), QStringLiteral("Veuillez selectionner au moins une entrée à exporter")),
+                MsgOk, QString());
+    return true;
+}
+
+} // namespace
+
+bool EcrireFichier(QrtClass& doc, bool selection)
+{
+    if (doc.ColCount() == 0 || SelectionVide(doc, selection))
+        return false;
+    if (!EcrireTextes(doc, Entrees(selection)))
+        return false;
+    if (QFileInfo::exists(doc.CheminReel()))
+        QFile::remove(doc.CheminReel());
+    doc.DossierAGarder = !EcrireArchive(doc);
+    if (doc.DossierAGarder)
+        AfficherMsg(LangMsg(QStringLiteral("msgArchive"),
+                            QStringLiteral("Le fichier n'a pas pu être écrit en entier. Les données sont conservées "
+                                           "dans le dossier :")) +
+                        QStringLiteral("\n") + doc.TmpFolder,
+                    MsgOk, doc.filename());
+    return true;
+}
+
+bool EcrireFichier14(QrtClass& doc, bool selection)
+{
+    if (doc.ColCount() == 0 || SelectionVide(doc, selection))
+        return false;
+    if (const QFileInfo cible(doc.CheminReel()); cible.exists() && !cible.isFile()) {
+        // A device or a pipe is written to, never replaced.
+        QFile fichier(doc.CheminReel());
+        return fichier.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && EcrireTexte14(doc, selection, fichier);
+    }
+    // The old file stays until the new one is whole, also when the disk is full; where the folder lets no new file in,
+    // the file is written in place.
+    QSaveFile fichier(doc.CheminReel());
+    fichier.setDirectWriteFallback(true);
+    return fichier.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && EcrireTexte14(doc, selection, fichier) &&
+           fichier.commit();
+}

@@ -1,0 +1,135 @@
+#include "catalogue/MyLVStockage.h"
+
+#include "platform/PageDeCode.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <new>
+
+namespace stockage {
+
+namespace {
+
+// A block: number of cells, then the start of each cell, of the image and of the end, then the text. The mark on a
+// start tells a cell that was never written.
+constexpr uint32_t JamaisEcrite = 0x80000000U;
+
+uint32_t NombreDeCellules(const char* bloc)
+{
+    uint32_t nombre;
+    std::memcpy(&nombre, bloc, sizeof nombre);
+    return nombre;
+}
+
+uint32_t Debut(const char* bloc, uint32_t champ)
+{
+    uint32_t debut;
+    std::memcpy(&debut, bloc + sizeof(uint32_t) * (1 + champ), sizeof debut);
+    return debut;
+}
+
+size_t TailleEntete(uint32_t cellules) { return sizeof(uint32_t) * (cellules + 3); }
+
+Cellule ChampDeBloc(const char* bloc, uint32_t champ)
+{
+    const uint32_t debut = Debut(bloc, champ);
+    if (debut & JamaisEcrite)
+        return {};
+    const uint32_t fin = Debut(bloc, champ + 1) & ~JamaisEcrite;
+    const char* texte = bloc + TailleEntete(NombreDeCellules(bloc));
+    return {texte + debut, fin - debut, Codage::Utf8, true};
+}
+
+// Field `champ` of a slice, or a cell that does not exist.
+Cellule ChampDeTranche(const char* octets, uint32_t longueur, Codage codage, int champ)
+{
+    const char* debut = octets;
+    const char* const fin = octets + longueur;
+    for (; champ > 0; --champ) {
+        const void* barre = std::memchr(debut, '|', static_cast<size_t>(fin - debut));
+        if (!barre)
+            return {};
+        debut = static_cast<const char*>(barre) + 1;
+    }
+    const void* barre = std::memchr(debut, '|', static_cast<size_t>(fin - debut));
+    const char* finChamp = barre ? static_cast<const char*>(barre) : fin;
+    return {debut, static_cast<uint32_t>(finChamp - debut), codage, true};
+}
+
+} // namespace
+
+QString Cellule::Texte() const
+{
+    if (!existe)
+        return QString();
+    return codage == Codage::Utf8 ? QString::fromUtf8(octets()) : PageDeCode::VersTexte(octets());
+}
+
+Cellule Vue::Champ(int cellule) const
+{
+    if (cellule < 0)
+        return {};
+    if (EstTranche()) {
+        // The first cell is there also in a file without columns.
+        if (cellule > 0 && cellule >= m_colonnes)
+            return {};
+        return ChampDeTranche(m_octets, m_longueur, m_codage, cellule);
+    }
+    if (static_cast<uint32_t>(cellule) >= NombreDeCellules(m_octets))
+        return {};
+    return ChampDeBloc(m_octets, static_cast<uint32_t>(cellule));
+}
+
+Cellule Vue::Image() const
+{
+    if (EstTranche())
+        return ChampDeTranche(m_octets, m_longueur, m_codage, m_colonnes);
+    return ChampDeBloc(m_octets, NombreDeCellules(m_octets));
+}
+
+Rangee Vue::Lire() const
+{
+    Rangee rangee;
+    const int nombre = EstTranche() ? std::max(1, m_colonnes) : static_cast<int>(NombreDeCellules(m_octets));
+    for (int i = 0; i < nombre; ++i) {
+        const Cellule cellule = Champ(i);
+        if (EstTranche() && !cellule.existe)
+            break; // the fields behind are missing too
+        rangee.cellules.push_back(cellule.existe ? std::optional<QString>(cellule.Texte()) : std::nullopt);
+    }
+    rangee.image = Image().Texte();
+    return rangee;
+}
+
+char* NouveauBloc(const Rangee& rangee)
+{
+    const auto nombre = static_cast<uint32_t>(rangee.cellules.size());
+    QByteArray texte;
+    std::vector<uint32_t> entete{nombre};
+    for (const std::optional<QString>& cellule : rangee.cellules) {
+        entete.push_back(static_cast<uint32_t>(texte.size()) | (cellule ? 0 : JamaisEcrite));
+        if (cellule)
+            texte += cellule->toUtf8();
+    }
+    entete.push_back(static_cast<uint32_t>(texte.size()));
+    texte += rangee.image.toUtf8();
+    entete.push_back(static_cast<uint32_t>(texte.size()));
+
+    const size_t taille = TailleEntete(nombre) + static_cast<size_t>(texte.size());
+    auto* bloc = static_cast<char*>(std::malloc(taille));
+    if (!bloc)
+        throw std::bad_alloc();
+    std::memcpy(bloc, entete.data(), TailleEntete(nombre));
+    std::memcpy(bloc + TailleEntete(nombre), texte.constData(), static_cast<size_t>(texte.size()));
+    return bloc;
+}
+
+void LibererBloc(char* bloc) { std::free(bloc); }
+
+size_t TailleBloc(const char* bloc)
+{
+    const uint32_t nombre = NombreDeCellules(bloc);
+    return TailleEntete(nombre) + Debut(bloc, nombre + 1);
+}
+
+} // namespace stockage

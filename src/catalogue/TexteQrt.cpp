@@ -1,0 +1,178 @@
+#include "catalogue/TexteQrt.h"
+
+#include "base/Const_Vrac.h"
+#include "base/Nombres.h"
+#include "platform/PageDeCode.h"
+
+#include <charconv>
+#include <cstring>
+
+using stockage::Cellule;
+using stockage::Codage;
+
+namespace {
+
+constexpr size_t TailleTampon = size_t(1) << 18;
+
+/// Collects the text in one buffer, in the encoding asked for, and counts what the code page lacks.
+class Plume
+{
+public:
+    Plume(Puits& puits, Codage codage) : m_puits(puits), m_codage(codage), m_tampon(TailleTampon) {}
+
+    /// Bytes that are the same in both encodings, or already in the plume's own.
+    void Octets(const char* octets, size_t taille)
+    {
+        if (taille > m_tampon.size() - m_place) {
+            Vider();
+            if (taille > m_tampon.size()) {
+                m_bon = m_bon && m_puits.Recevoir(octets, taille);
+                return;
+            }
+        }
+        std::memcpy(m_tampon.data() + m_place, octets, taille);
+        m_place += taille;
+    }
+    void Ascii(const char* texte) { Octets(texte, std::strlen(texte)); }
+    void Nombre(int64_t nombre)
+    {
+        char chiffres[24];
+        Octets(chiffres, static_cast<size_t>(std::to_chars(chiffres, std::end(chiffres), nombre).ptr - chiffres));
+    }
+    void FinDeLigne() { Octets("\r\n", 2); }
+
+    void Texte(const QString& texte)
+    {
+        const QByteArray octets = m_codage == Codage::Utf8 ? texte.toUtf8() : PageDeCode::VersOctets(texte);
+        CompterManques(texte);
+        Octets(octets.constData(), static_cast<size_t>(octets.size()));
+    }
+
+    void Champ(const Cellule& cellule)
+    {
+        if (cellule.taille == 0)
+            return;
+        if (cellule.codage == m_codage || EstAscii(cellule))
+            Octets(cellule.debut, cellule.taille);
+        else
+            Texte(cellule.Texte());
+    }
+
+    Codage codage() const { return m_codage; }
+    bool Bon() const { return m_bon; }
+
+    std::optional<qint64> Finir()
+    {
+        Vider();
+        return m_bon ? std::optional<qint64>(m_manques) : std::nullopt;
+    }
+
+private:
+    static bool EstAscii(const Cellule& cellule)
+    {
+        return std::none_of(cellule.debut, cellule.debut + cellule.taille, [](char c) { return c & 0x80; });
+    }
+
+    void CompterManques(const QString& texte)
+    {
+        for (const QChar c : texte)
+            m_manques += !c.isLowSurrogate() && PageDeCode::OctetDe(c.unicode()) < 0;
+    }
+
+    void Vider()
+    {
+        m_bon = m_bon && m_puits.Recevoir(m_tampon.data(), m_place);
+        m_place = 0;
+    }
+
+    Puits& m_puits;
+    Codage m_codage;
+    std::vector<char> m_tampon;
+    size_t m_place = 0;
+    qint64 m_manques = 0;
+    bool m_bon = true;
+};
+
+void EcrireEntete(Plume& plume, const QrtClass& doc, const char* version)
+{
+    MyLV& table = *doc.MyLV;
+    plume.Ascii("[FileInfo]\r\nType=QRT FILE\r\nVersion=");
+    plume.Ascii(version);
+    plume.Ascii("\r\n\r\n[ListView]\r\nGridLines=");
+    plume.Texte(BoolVersTexte(table.GridLines()));
+    plume.Ascii("\r\nSorted=1\r\nSortKey=");
+    plume.Nombre(table.SortKey());
+    plume.Ascii("\r\nSortOrder=");
+    plume.Nombre(table.SortOrder());
+    plume.Ascii("\r\nView=3\r\n\r\n[ColumHeaders]\r\nCount=");
+    plume.Nombre(doc.ColCount());
+    plume.FinDeLigne();
+    for (int i = 1; i <= doc.ColCount(); ++i) {
+        const ColumnHeader& colonne = table.ColumnHeaders(i);
+        plume.Ascii("Colum");
+        plume.Nombre(i);
+        plume.Ascii("=");
+        plume.Texte(colonne.Text());
+        plume.Ascii("|");
+        plume.Texte(SimpleVersTexte(colonne.Width()));
+        plume.Ascii("|");
+        plume.Texte(colonne.Tag());
+        plume.FinDeLigne();
+    }
+    plume.Ascii("Dependant=");
+    plume.Nombre(doc.dependantcol);
+    plume.Ascii("\r\n\r\n[ListItems]\r\nCount=");
+}
+
+void EcrireChamps(Plume& plume, const stockage::Vue& vue, int colonnes, EntreesEcrites entrees)
+{
+    for (int i = 0; i < colonnes; ++i) {
+        if (i > 0)
+            plume.Octets("|", 1);
+        plume.Champ(vue.Champ(i));
+    }
+    if (entrees == EntreesEcrites::Toutes) {
+        plume.Octets("|", 1);
+        plume.Champ(vue.Image());
+    }
+}
+
+} // namespace
+
+std::optional<qint64> EcrireTexteQrt(const QrtClass& doc, const char* version, EntreesEcrites entrees, Codage codage,
+                                     Puits& puits)
+{
+    Plume plume(puits, codage);
+    const MyLV& table = *doc.MyLV;
+    const bool toutes = entrees == EntreesEcrites::Toutes;
+    EcrireEntete(plume, doc, version);
+    plume.Nombre(toutes ? doc.ItemsCount() : doc.SelItemsCount());
+    plume.FinDeLigne();
+
+    // An entry that was not edited goes out as it came in.
+    const bool memeForme = toutes && table.CodageSource() == codage && table.ColonnesSource() == doc.ColCount();
+    int numero = 0;
+    for (int i = 1; i <= doc.ItemsCount() && plume.Bon(); ++i) {
+        if (!toutes && !table.EstSelectionnee(i))
+            continue;
+        plume.Octets("It", 2);
+        plume.Nombre(++numero);
+        plume.Octets("=", 1);
+        const stockage::Vue vue = table.VueEntree(i);
+        if (memeForme && vue.EstReguliere())
+            plume.Octets(vue.Tranche().data(), static_cast<size_t>(vue.Tranche().size()));
+        else
+            EcrireChamps(plume, vue, doc.ColCount(), entrees);
+        plume.FinDeLigne();
+    }
+    return plume.Finir();
+}
+
+bool TexteDepasseLaPage(const QrtClass& doc)
+{
+    struct Neant : Puits
+    {
+        bool Recevoir(const char*, size_t) override { return true; }
+    } neant;
+    return EcrireTexteQrt(doc, "2", EntreesEcrites::Toutes, Codage::Cp1252, neant) > 0;
+}

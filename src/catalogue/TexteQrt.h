@@ -1,0 +1,26 @@
+// Writing the catalogue's text.
+#pragma once
+
+#include "catalogue/QrtClass.h"
+
+#include <QByteArrayView>
+#include <QString>
+
+/// Whose entries are written. A selection is numbered from 1 and has no image field.
+enum class EntreesEcrites { Toutes, Selection };
+
+/// Takes the text piece by piece; false when the device refuses.
+class Puits
+{
+public:
+    virtual ~Puits() = default;
+    virtual bool Recevoir(const char* octets, size_t taille) = 0;
+};
+
+/// Writes all lines of the text, in Windows-1252 or in UTF-8, lines ended by CR LF. `version` is "2" or "1.4". Returns
+/// how many characters the code page lacks ("?" stands for each of them); nothing when the sink refused.
+std::optional<qint64> EcrireTexteQrt(const QrtClass& doc, const char* version, EntreesEcrites entrees,
+                                     stockage::Codage codage, Puits& puits);
+
+/// True when a title, a pre-recorded text, a value or an image name holds a character that Windows-1252 lacks.
+bool TexteDepasseLaPage(const QrtClass& doc);
