@@ -1,0 +1,153 @@
+// The engine's hot paths on one large catalogue: reading, sorting, writing, keys and counts.
+//
+// ZELVANE_BENCH_FICHIER names a bare catalogue text whose entries stand in order, ZELVANE_BENCH_DESORDRE the same
+// entries shuffled. Files written go to ZELVANE_BENCH_SORTIE, by default /dev/shm.
+#include "catalogue/FichierQrt.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <malloc.h>
+
+namespace {
+
+QString Variable(const char* nom, const char* defaut = "") { return qEnvironmentVariable(nom, QString::fromUtf8(defaut)); }
+
+/// A document whose folder holds the text as a link: measuring starts with the bytes where a save leaves them.
+class Document
+{
+public:
+    explicit Document(const QString& texte)
+    {
+        doc.MyLV = &table;
+        doc.TmpFolder = m_dossier.path() + u'/';
+        if (!QFile::link(texte, doc.TmpFolder + QStringLiteral("Zelvane.qrt")))
+            std::abort();
+    }
+
+    MyLV table;
+    QrtClass doc;
+
+private:
+    QTemporaryDir m_dossier;
+};
+
+Document& DocumentCharge()
+{
+    static Document document(Variable("ZELVANE_BENCH_FICHIER"));
+    if (document.doc.ItemsCount() == 0)
+        ChargerFichier(document.doc);
+    return document;
+}
+
+void Charger(benchmark::State& etat, const char* variable)
+{
+    Document document(Variable(variable));
+    for (auto _ : etat) {
+        ChargerFichier(document.doc);
+        etat.PauseTiming();
+        if (document.doc.ItemsCount() == 0)
+            etat.SkipWithError("nothing was read");
+        document.doc.ClearLV();
+        malloc_trim(0);
+        etat.ResumeTiming();
+    }
+}
+
+void ChargerFichierTrie(benchmark::State& etat) { Charger(etat, "ZELVANE_BENCH_FICHIER"); }
+void ChargerFichierDesordre(benchmark::State& etat) { Charger(etat, "ZELVANE_BENCH_DESORDRE"); }
+
+qint64 MemoireDuProcessus()
+{
+    QFile statut(QStringLiteral("/proc/self/statm"));
+    if (!statut.open(QIODevice::ReadOnly))
+        return 0;
+    return statut.readAll().split(' ').value(1).toLongLong() * 4096;
+}
+
+/// What the process grows by when it loads the file, as the system counts it.
+void MemoireTableChargee(benchmark::State& etat)
+{
+    for (auto _ : etat) {
+        malloc_trim(0);
+        const qint64 avant = MemoireDuProcessus();
+        Document document(Variable("ZELVANE_BENCH_FICHIER"));
+        ChargerFichier(document.doc);
+        etat.counters["octets"] = static_cast<double>(MemoireDuProcessus() - avant);
+    }
+}
+
+void TriAutreColonne(benchmark::State& etat)
+{
+    MyLV& table = DocumentCharge().table;
+    for (auto _ : etat) {
+        etat.PauseTiming();
+        table.SetSortKey(0);
+        etat.ResumeTiming();
+        table.SetSortKey(1);
+    }
+    table.SetSortKey(0);
+}
+
+void BenchEcrireFichier14(benchmark::State& etat)
+{
+    QrtClass& doc = DocumentCharge().doc;
+    doc.SetCheminReel(Variable("ZELVANE_BENCH_SORTIE", "/dev/shm") + QStringLiteral("/zelvane-bench-1.4.qrt"));
+    for (auto _ : etat) {
+        QFile::remove(doc.CheminReel());
+        if (!EcrireFichier14(doc, false))
+            etat.SkipWithError("not written");
+    }
+    QFile::remove(doc.CheminReel());
+}
+
+void BenchRecalculerCles(benchmark::State& etat)
+{
+    MyLV& table = DocumentCharge().table;
+    table.SetSortKey(1);
+    for (auto _ : etat) {
+        etat.PauseTiming();
+        table.ListItems(1).SetKey(QStringLiteral("k900000000"));
+        etat.ResumeTiming();
+        RecalculerCles(table);
+    }
+    table.SetSortKey(0);
+}
+
+void SelItemsCount(benchmark::State& etat)
+{
+    Document& document = DocumentCharge();
+    document.table.Selectionner(1, document.doc.ItemsCount() / 2, true);
+    for (auto _ : etat)
+        benchmark::DoNotOptimize(document.doc.SelItemsCount());
+    document.table.Selectionner(1, document.doc.ItemsCount(), false);
+}
+
+BENCHMARK(MemoireTableChargee)->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(ChargerFichierTrie)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(ChargerFichierDesordre)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(TriAutreColonne)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BenchEcrireFichier14)->Name("EcrireFichier14")->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BenchRecalculerCles)->Name("RecalculerCles")->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(SelItemsCount)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication application(argc, argv);
+    if (Variable("ZELVANE_BENCH_FICHIER").isEmpty() || Variable("ZELVANE_BENCH_DESORDRE").isEmpty()) {
+        std::fputs("bench_moteur: set ZELVANE_BENCH_FICHIER and ZELVANE_BENCH_DESORDRE\n", stderr);
+        return 2;
+    }
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 2;
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
