@@ -40,9 +40,15 @@ const Tables& LesTables()
 
 } // namespace
 
-const std::array<char16_t, 256>& TableVersUnicode() { return LesTables().versUnicode; }
+const std::array<char16_t, 256>& TableVersUnicode()
+{
+    return LesTables().versUnicode;
+}
 
-int OctetDe(char16_t unite) { return LesTables().versOctet[unite]; }
+int OctetDe(char16_t unite)
+{
+    return LesTables().versOctet[unite];
+}
 
 QString VersTexte(QByteArrayView octets)
 {

@@ -1,4 +1,6 @@
 // The main of test programs with forms, run on the offscreen platform.
+#include "support/PlateformeDeTest.h"
+
 #include <QApplication>
 
 #include <gtest/gtest.h>
@@ -7,5 +9,6 @@ int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
+    InstallerPlateformeDeTest();
     return RUN_ALL_TESTS();
 }

@@ -1,4 +1,6 @@
 // The main of test programs without a screen.
+#include "support/PlateformeDeTest.h"
+
 #include <QCoreApplication>
 
 #include <gtest/gtest.h>
@@ -7,5 +9,6 @@ int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
     QCoreApplication application(argc, argv);
+    InstallerPlateformeDeTest();
     return RUN_ALL_TESTS();
 }

@@ -1,0 +1,49 @@
+#include "platform/Plateforme.h"
+
+#include "platform/DossierProgramme.h"
+
+#include <QCoreApplication>
+#include <QStandardPaths>
+
+Plateforme& plateforme()
+{
+    static Plateforme laPlateforme;
+    return laPlateforme;
+}
+
+struct PlateformeReelle::Objets
+{
+    explicit Objets(const QString& dossierProgramme)
+        : association({QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation),
+                       QCoreApplication::applicationFilePath(), dossierProgramme + "IcoFile.ico"})
+    {
+    }
+
+    ReglagesFichier reglages;
+    FichiersIniDisque ini;
+    AttributsDisque attributs;
+    HorlogeSysteme horloge;
+    HasardSysteme hasard;
+    AssociationBureau association;
+    AucunProgramme programmes;
+};
+
+PlateformeReelle::PlateformeReelle()
+{
+    const QString dossier = ChoisirDossierProgramme(LieuxProgramme::DuSysteme());
+    m_objets = std::make_unique<Objets>(dossier);
+    Plateforme& p = plateforme();
+    p.reglages = &m_objets->reglages;
+    p.ini = &m_objets->ini;
+    p.attributs = &m_objets->attributs;
+    p.horloge = &m_objets->horloge;
+    p.hasard = &m_objets->hasard;
+    p.association = &m_objets->association;
+    p.programmes = &m_objets->programmes;
+    p.dossierProgramme = dossier;
+}
+
+PlateformeReelle::~PlateformeReelle()
+{
+    plateforme() = Plateforme();
+}

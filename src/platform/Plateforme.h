@@ -1,0 +1,46 @@
+// What the operating system gives, behind small interfaces. A program's main fills this object; tests swap members.
+#pragma once
+
+#include "platform/Association.h"
+#include "platform/Attributs.h"
+#include "platform/FichiersIni.h"
+#include "platform/Programmes.h"
+#include "platform/Reglages.h"
+#include "platform/Temps.h"
+
+#include <QString>
+
+#include <memory>
+
+/// Not owned; none is null once the object is filled.
+struct Plateforme
+{
+    Reglages* reglages = nullptr;
+    FichiersIni* ini = nullptr;
+    AttributsFichier* attributs = nullptr;
+    Horloge* horloge = nullptr;
+    Hasard* hasard = nullptr;
+    Association* association = nullptr;
+    Programmes* programmes = nullptr;
+
+    QString dossierProgramme;                         ///< with a trailing separator
+    QString nomProgramme = QStringLiteral("zelvane"); ///< base name of the executable
+};
+
+/// The platform of this process.
+Plateforme& plateforme();
+
+/// The real platform. Fills plateforme() for as long as it lives; needs the application object. Programs are not
+/// started: the windows' main puts a ProgrammesBureau in.
+class PlateformeReelle
+{
+public:
+    PlateformeReelle();
+    ~PlateformeReelle();
+    PlateformeReelle(const PlateformeReelle&) = delete;
+    PlateformeReelle& operator=(const PlateformeReelle&) = delete;
+
+private:
+    struct Objets;
+    std::unique_ptr<Objets> m_objets;
+};

@@ -1,0 +1,44 @@
+#include "platform/Reglages.h"
+
+#include <QSettings>
+#include <QStandardPaths>
+#include <QStringList>
+
+namespace {
+
+QString Chemin(const QString& section, const QString& cle)
+{
+    return section + u'/' + cle.toLower();
+}
+
+} // namespace
+
+ReglagesFichier::ReglagesFichier(const QString& fichier)
+    : m_fichier(std::make_unique<QSettings>(fichier, QSettings::IniFormat))
+{
+}
+
+ReglagesFichier::~ReglagesFichier() = default;
+
+QString ReglagesFichier::FichierParDefaut()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + "/zelvane/zelvane.ini";
+}
+
+std::optional<QString> ReglagesFichier::Lire(const QString& section, const QString& cle) const
+{
+    const QVariant valeur = m_fichier->value(Chemin(section, cle));
+    if (!valeur.isValid())
+        return std::nullopt;
+    // A line edited by hand with a comma and no quotes comes back as a list.
+    if (valeur.typeId() == QMetaType::QStringList)
+        return valeur.toStringList().join(QStringLiteral(", "));
+    return valeur.toString();
+}
+
+void ReglagesFichier::Ecrire(const QString& section, const QString& cle, const QString& valeur)
+{
+    // Windows store their state at every resize: what does not change costs no write.
+    if (Lire(section, cle) != valeur)
+        m_fichier->setValue(Chemin(section, cle), valeur);
+}

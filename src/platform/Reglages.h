@@ -1,0 +1,36 @@
+// Named settings: per-user texts under a section and a key. Keys are the same in any case.
+#pragma once
+
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+class QSettings;
+
+class Reglages
+{
+public:
+    virtual ~Reglages() = default;
+    /// Nothing when the key was never written.
+    virtual std::optional<QString> Lire(const QString& section, const QString& cle) const = 0;
+    virtual void Ecrire(const QString& section, const QString& cle, const QString& valeur) = 0;
+};
+
+/// Settings in one ini file of the user's. Values reach the disk when the event loop is idle and at the end; a file
+/// that cannot be read or written goes unnoticed.
+class ReglagesFichier : public Reglages
+{
+public:
+    explicit ReglagesFichier(const QString& fichier = FichierParDefaut());
+    ~ReglagesFichier() override;
+
+    /// "zelvane/zelvane.ini" in the user's folder for settings ($XDG_CONFIG_HOME).
+    static QString FichierParDefaut();
+
+    std::optional<QString> Lire(const QString& section, const QString& cle) const override;
+    void Ecrire(const QString& section, const QString& cle, const QString& valeur) override;
+
+private:
+    std::unique_ptr<QSettings> m_fichier;
+};

@@ -1,0 +1,33 @@
+#include "platform/VerrouDossier.h"
+
+#include <QFile>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+#include <utility>
+
+VerrouDossier::VerrouDossier(VerrouDossier&& autre) noexcept : m_descripteur(std::exchange(autre.m_descripteur, -1)) {}
+
+VerrouDossier& VerrouDossier::operator=(VerrouDossier&& autre) noexcept
+{
+    std::swap(m_descripteur, autre.m_descripteur);
+    return *this;
+}
+
+std::optional<VerrouDossier> VerrouDossier::Prendre(const QString& dossier)
+{
+    VerrouDossier verrou;
+    verrou.m_descripteur =
+        open(QFile::encodeName(dossier).constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    if (verrou.m_descripteur >= 0 && flock(verrou.m_descripteur, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
+        return std::nullopt;
+    return verrou;
+}
+
+void VerrouDossier::Rendre()
+{
+    if (m_descripteur >= 0)
+        close(m_descripteur);
+}

@@ -1,0 +1,24 @@
+// A folder held against other processes, without a file of its own in it.
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+/// The hold on a folder; it ends with the object or the process.
+class VerrouDossier
+{
+public:
+    VerrouDossier() = default;
+    ~VerrouDossier() { Rendre(); }
+    VerrouDossier(VerrouDossier&& autre) noexcept;
+    VerrouDossier& operator=(VerrouDossier&& autre) noexcept;
+
+    /// Takes hold of a folder. Nothing when somebody else holds it. Where a folder cannot be held at all (it does not
+    /// exist, or its file system knows no locks) the result holds nothing.
+    static std::optional<VerrouDossier> Prendre(const QString& dossier);
+
+private:
+    void Rendre();
+    int m_descripteur = -1;
+};

@@ -1,0 +1,115 @@
+#include "support/PlateformeDeTest.h"
+
+#include "base/Const_Vrac.h"
+
+#include <QDir>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+std::optional<QString> ReglagesEnMemoire::Lire(const QString& section, const QString& cle) const
+{
+    const auto trouve = valeurs.constFind({section, cle.toLower()});
+    return trouve == valeurs.cend() ? std::nullopt : std::optional(*trouve);
+}
+
+void ReglagesEnMemoire::Ecrire(const QString& section, const QString& cle, const QString& valeur)
+{
+    valeurs.insert({section, cle.toLower()}, valeur);
+}
+
+FichiersIni::Contenu FichiersIniEnMemoire::Charger(const QString& fichier) const
+{
+    if (fermes.contains(fichier))
+        return {Contenu::Ferme, {}, {}};
+    if (casses.contains(fichier))
+        return {Contenu::Casse, {}, erreur};
+    if (!fichiers.contains(fichier))
+        return {Contenu::Absent, {}, {}};
+    return {Contenu::Lu, fichiers.value(fichier), {}};
+}
+
+bool FichiersIniEnMemoire::Remplacer(const QString& fichier, const QByteArray& octets)
+{
+    if (proteges.contains(fichier))
+        return false;
+    ++ecritures;
+    fichiers.insert(fichier, octets);
+    return true;
+}
+
+bool AttributsEnMemoire::MettreLectureSeule(const QString& chemin, bool oui)
+{
+    if (figes.contains(chemin))
+        return false;
+    if (oui)
+        lectureSeule.insert(chemin);
+    else
+        lectureSeule.remove(chemin);
+    return true;
+}
+
+double HasardPrepare::Tirer()
+{
+    ++tires;
+    // A quarter of a step keeps clear of the rounding of the product.
+    return tirages.isEmpty() ? (m_suite++ % 500 + 0.25) / 500 : tirages.takeFirst();
+}
+
+bool ProgrammesNotes::OuvrirFichier(const QString& chemin)
+{
+    fichiers.append(chemin);
+    return reponse;
+}
+
+bool ProgrammesNotes::OuvrirAdresse(const QString& adresse)
+{
+    adresses.append(adresse);
+    return reponse;
+}
+
+namespace {
+
+std::unique_ptr<PlateformeDeTest> s_courante;
+
+class UneParTest : public testing::EmptyTestEventListener
+{
+    void OnTestStart(const testing::TestInfo&) override { s_courante = std::make_unique<PlateformeDeTest>(); }
+    void OnTestEnd(const testing::TestInfo&) override { s_courante.reset(); }
+};
+
+} // namespace
+
+PlateformeDeTest::PlateformeDeTest()
+{
+    Plateforme& p = plateforme();
+    p.reglages = &reglages;
+    p.ini = &ini;
+    p.attributs = &attributs;
+    p.horloge = &horloge;
+    p.hasard = &hasard;
+    p.association = &association;
+    p.programmes = &programmes;
+    p.dossierProgramme = dossier.Chemin();
+    TempFolder = dossier.Fichier("temp");
+    QDir().mkpath(TempFolder);
+}
+
+PlateformeDeTest::~PlateformeDeTest()
+{
+    for (const QString& tenu : DossiersTempTenus())
+        SupprimerDossier(tenu, true);
+    TempFolder.clear();
+    plateforme() = Plateforme();
+}
+
+PlateformeDeTest& PlateformeDeTest::Courante()
+{
+    return *s_courante;
+}
+
+void InstallerPlateformeDeTest()
+{
+    testing::UnitTest::GetInstance()->listeners().Append(new UneParTest);
+}

@@ -1,0 +1,113 @@
+// The platform of a test: doubles in memory, a folder of its own for the program, nothing of the user's or the clock's.
+#pragma once
+
+#include "platform/Plateforme.h"
+#include "support/DossierDeTest.h"
+
+#include <QDateTime>
+#include <QHash>
+#include <QList>
+#include <QPair>
+#include <QSet>
+#include <QStringList>
+
+class ReglagesEnMemoire : public Reglages
+{
+public:
+    std::optional<QString> Lire(const QString& section, const QString& cle) const override;
+    void Ecrire(const QString& section, const QString& cle, const QString& valeur) override;
+
+    QHash<QPair<QString, QString>, QString> valeurs; ///< by section and key in lower case
+};
+
+class FichiersIniEnMemoire : public FichiersIni
+{
+public:
+    QHash<QString, QByteArray> fichiers;
+    QSet<QString> fermes;   ///< files that cannot be opened
+    QSet<QString> casses;   ///< files whose reading fails with `erreur`
+    QSet<QString> proteges; ///< files that cannot be written
+    QString erreur = QStringLiteral("Input/output error");
+    int ecritures = 0;
+
+protected:
+    Contenu Charger(const QString& fichier) const override;
+    bool Remplacer(const QString& fichier, const QByteArray& octets) override;
+};
+
+class AttributsEnMemoire : public AttributsFichier
+{
+public:
+    bool EstLectureSeule(const QString& chemin) const override { return lectureSeule.contains(chemin); }
+    bool MettreLectureSeule(const QString& chemin, bool oui) override;
+
+    QSet<QString> lectureSeule;
+    QSet<QString> figes; ///< files whose attribute cannot be changed
+};
+
+class HorlogeArretee : public Horloge
+{
+public:
+    QDateTime Maintenant() const override { return heure; }
+    QDateTime heure{QDate(2005, 9, 13), QTime(9, 7, 5)};
+};
+
+/// Gives the prepared numbers, then 0, 1/500, 2/500 ... over and over.
+class HasardPrepare : public Hasard
+{
+public:
+    void Semer(uint32_t graine) override { graines.append(graine); }
+    double Tirer() override;
+
+    QList<double> tirages;
+    QList<uint32_t> graines;
+    int tires = 0; ///< how often a number was drawn
+
+private:
+    int m_suite = 0;
+};
+
+class AssociationComptee : public Association
+{
+public:
+    void Enregistrer() override { ++fois; }
+    int fois = 0;
+};
+
+class ProgrammesNotes : public Programmes
+{
+public:
+    bool OuvrirFichier(const QString& chemin) override;
+    bool OuvrirAdresse(const QString& adresse) override;
+
+    QStringList fichiers;
+    QStringList adresses;
+    bool reponse = true;
+};
+
+/// Fills plateforme() for one test. Every test of a program that uses the support's main has one: Courante(). Ini files
+/// and attributes are those of the disk, since tests look at the files; put the doubles in where a test needs them.
+class PlateformeDeTest
+{
+public:
+    PlateformeDeTest();
+    ~PlateformeDeTest();
+    PlateformeDeTest(const PlateformeDeTest&) = delete;
+    PlateformeDeTest& operator=(const PlateformeDeTest&) = delete;
+
+    static PlateformeDeTest& Courante();
+
+    DossierDeTest dossier; ///< holds the program's folder, empty, and TempFolder ("temp" in it)
+    ReglagesEnMemoire reglages;
+    FichiersIniDisque ini;
+    FichiersIniEnMemoire iniEnMemoire;
+    AttributsDisque attributs;
+    AttributsEnMemoire attributsEnMemoire;
+    HorlogeArretee horloge;
+    HasardPrepare hasard;
+    AssociationComptee association;
+    ProgrammesNotes programmes;
+};
+
+/// Gives every test a PlateformeDeTest of its own. Called once by the main of a test program.
+void InstallerPlateformeDeTest();
