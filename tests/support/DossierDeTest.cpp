@@ -23,7 +23,10 @@ QByteArray DossierDeTest::Lire(const QString& nom) const
     return fichier.readAll();
 }
 
-bool DossierDeTest::Existe(const QString& nom) const { return QFileInfo::exists(Fichier(nom)); }
+bool DossierDeTest::Existe(const QString& nom) const
+{
+    return QFileInfo::exists(Fichier(nom));
+}
 
 QByteArray Lignes(std::initializer_list<QByteArray> lignes)
 {

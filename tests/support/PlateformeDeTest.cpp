@@ -1,6 +1,7 @@
 #include "support/PlateformeDeTest.h"
 
 #include "base/Const_Vrac.h"
+#include "extensions/modLang.h"
 
 #include <QDir>
 
@@ -101,6 +102,7 @@ PlateformeDeTest::~PlateformeDeTest()
     for (const QString& tenu : DossiersTempTenus())
         SupprimerDossier(tenu, true);
     TempFolder.clear();
+    FichierLangue.clear();
     plateforme() = Plateforme();
 }
 

@@ -85,8 +85,9 @@ public:
     bool reponse = true;
 };
 
-/// Fills plateforme() for one test. Every test of a program that uses the support's main has one: Courante(). Ini files
-/// and attributes are those of the disk, since tests look at the files; put the doubles in where a test needs them.
+/// Fills plateforme() for one test, and clears what is global at its end: TempFolder, FichierLangue. Every test of a
+/// program that uses the support's main has one: Courante(). Ini files and attributes are those of the disk, since
+/// tests look at the files; put the doubles in where a test needs them.
 class PlateformeDeTest
 {
 public:
