@@ -21,7 +21,8 @@ function(zelvane_refuse_unknown prefix helper)
 endfunction()
 
 # zelvane_sources([CORE file...] [FORMS file...])
-# Hands the files of the current folder to zelvane_core (logic: no Gui, no Widgets) and to zelvane_forms.
+# Hands the files of the current folder to zelvane_core (logic: no Gui, no Widgets) and to zelvane_forms. The architecture
+# test reads what went to the core.
 function(zelvane_sources)
     cmake_parse_arguments(arg "" "" "CORE;FORMS" ${ARGN})
     zelvane_refuse_unknown(arg zelvane_sources)
@@ -29,6 +30,7 @@ function(zelvane_sources)
         string(TOLOWER ${kind} library)
         foreach(file IN LISTS arg_${kind})
             target_sources(zelvane_${library} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/${file})
+            set_property(GLOBAL APPEND PROPERTY ZELVANE_${kind}_FILES ${CMAKE_CURRENT_SOURCE_DIR}/${file})
         endforeach()
     endforeach()
 endfunction()
