@@ -54,3 +54,17 @@ function(zelvane_test)
     gtest_discover_tests(${arg_NAME} DISCOVERY_MODE PRE_TEST
         PROPERTIES LABELS ${arg_LABEL} TIMEOUT 120 ENVIRONMENT "${environment}")
 endfunction()
+
+# zelvane_e2e_test(name)
+# Runs test_<name>.py of the current folder, which drives the built program from outside. Debian's own Python has the
+# bindings of the accessibility bus; another one first in PATH has not.
+function(zelvane_e2e_test name)
+    if(NOT ARGC EQUAL 1)
+        message(FATAL_ERROR "zelvane_e2e_test: one name, not '${ARGV}'")
+    endif()
+    add_test(NAME e2e.${name}
+        COMMAND /usr/bin/python3 -B -E -W ignore -m unittest -v test_${name}
+        WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+    set_tests_properties(e2e.${name} PROPERTIES LABELS e2e TIMEOUT 300 ENVIRONMENT
+        "ZELVANE_E2E_PROGRAM=$<TARGET_FILE:zelvane>;ZELVANE_E2E_SOURCES=${CMAKE_SOURCE_DIR};ZELVANE_E2E_PICTURES=${CMAKE_BINARY_DIR}/e2e")
+endfunction()

@@ -1,0 +1,55 @@
+"""Opening a catalogue from the command line, seen from outside."""
+import shutil
+
+from zelvane_e2e import EXAMPLES, ProgramTest, read_catalogue, wait_until
+
+
+class OpeningACatalogue(ProgramTest):
+
+    def test_the_catalogue_is_shown_with_its_titles_entries_and_counts(self):
+        titles, entries = read_catalogue(EXAMPLES / "discotheque.qrt")
+        program = self.start(EXAMPLES / "discotheque.qrt")
+
+        table = program.table()
+
+        self.assertEqual(table.titles(), titles)
+        self.assertEqual(table.row_count(), len(entries))
+        self.assertEqual(table.row(0), entries[0])
+        self.assertEqual(table.row(len(entries) - 1), entries[-1])
+        program.find(name=f"{len(entries)} entrée(s)")
+        program.find(name="0 selectionnée(s)")
+        [title] = program.window_titles()
+        self.assertIn("Zelvane v2", title)
+        self.assertIn("discotheque.qrt", title)
+
+    def test_the_whole_command_line_is_one_path(self):
+        path = self.folder() / "ma belle  collection.qrt"
+        shutil.copy(EXAMPLES / "bibliotheque.qrt", path)
+        program = self.start(*str(path).split(" "))
+
+        self.assertEqual(program.table().titles(), read_catalogue(path)[0])
+
+    def test_a_click_selects_an_entry_and_counts_it(self):
+        program = self.start(EXAMPLES / "discotheque.qrt")
+
+        program.table().cell(2, 0).click()
+
+        program.find(name="1 selectionnée(s)")
+
+    def test_a_damaged_file_is_told_and_the_frame_stays(self):
+        path = self.folder() / "abime.qrt"
+        path.write_bytes((EXAMPLES / "discotheque.qrt").read_bytes()[:5000])
+        program = self.start(path)
+
+        program.find(name="Erreur lors de l'ouverture : le fichier n'est pas un fichier qrt correcte")
+        self.assertEqual(len(program.window_titles()), 2)
+        program.key("Return")
+
+        wait_until(lambda: len(program.window_titles()) == 1, "the end of the message")
+        self.assertTrue(program.running)
+        self.assertEqual(program.find_all(table=True), [])
+
+    def test_a_file_that_is_not_there_is_told(self):
+        program = self.start(self.folder() / "nulle-part.qrt")
+
+        program.find(name="Erreur lors de l'ouverture : le fichier n'existe pas")

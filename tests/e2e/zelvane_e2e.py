@@ -1,0 +1,329 @@
+"""Drives the built program from outside, as a person does: a screen of its own, a bus of its own, settings of its own.
+
+A test module starts one `Session` (a virtual display, a private session bus and its accessibility bus) and each test
+starts the program in it. Widgets are found by role and name over AT-SPI, always with a time limit; clicks and keys are
+those of an X server. When a test fails, a picture of the screen and what the program said are kept.
+
+Run with /usr/bin/python3, where python3-pyatspi is installed. The environment names what is tested:
+ZELVANE_E2E_PROGRAM (the executable), ZELVANE_E2E_SOURCES (the root of the sources), ZELVANE_E2E_PICTURES (a folder).
+"""
+import os
+import pathlib
+import shutil
+import signal
+import subprocess
+import tempfile
+import time
+import unittest
+import zipfile
+
+PROGRAM = pathlib.Path(os.environ["ZELVANE_E2E_PROGRAM"]).resolve()
+SOURCES = pathlib.Path(os.environ["ZELVANE_E2E_SOURCES"])
+PICTURES = pathlib.Path(os.environ["ZELVANE_E2E_PICTURES"])
+EXAMPLES = SOURCES / "examples"
+
+#: How long anything may take before the test gives up, in seconds.
+PATIENCE = 20.0
+
+
+class TimeLimit(AssertionError):
+    """What was waited for did not happen."""
+
+
+def wait_until(condition, what, limit=PATIENCE):
+    """Calls `condition` until it returns something true, and returns that. `what` completes "waited in vain for"."""
+    deadline = time.monotonic() + limit
+    while True:
+        found = condition()
+        if found:
+            return found
+        if time.monotonic() > deadline:
+            raise TimeLimit(f"waited in vain for {what}")
+        time.sleep(0.05)
+
+
+class Session:
+    """A screen, a bus and an accessibility bus. One a process: the AT-SPI library keeps its first connection."""
+
+    def __init__(self, width=1280, height=800):
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="zelvane-e2e-"))
+        self._processes = []
+        read, write = os.pipe()
+        self._start(["Xvfb", "-displayfd", str(write), "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp"],
+                    pass_fds=[write])
+        os.close(write)
+        with os.fdopen(read) as answer:
+            os.environ["DISPLAY"] = ":" + answer.readline().strip()
+        bus = self._start(["dbus-daemon", "--session", "--nofork", "--print-address=1"], stdout=subprocess.PIPE)
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().decode().strip()
+        for name in ("WAYLAND_DISPLAY", "AT_SPI_BUS_ADDRESS", "SESSION_MANAGER"):
+            os.environ.pop(name, None)
+        import pyatspi  # not before the buses are there: it connects at once
+        self.atspi = pyatspi
+        # Trees that change while they are read are read again, so a slow answer must not become a hang.
+        pyatspi.Atspi.set_timeout(5000, 15000)
+
+    def _start(self, command, **how):
+        process = subprocess.Popen(command, stderr=subprocess.DEVNULL, start_new_session=True, **how)
+        self._processes.append(process)
+        return process
+
+    def close(self):
+        for process in reversed(self._processes):
+            process.terminate()
+            process.wait()
+            if process.stdout:
+                process.stdout.close()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def picture(self, path):
+        """Saves what is on the screen."""
+        path.parent.mkdir(parents=True, exist_ok=True)
+        subprocess.run(["import", "-silent", "-window", "root", str(path)], check=True)
+
+
+class Widget:
+    """One accessible object of the program."""
+
+    def __init__(self, program, accessible):
+        self._program = program
+        self._accessible = accessible
+
+    @property
+    def name(self):
+        return self._accessible.name
+
+    @property
+    def role(self):
+        return self._accessible.getRoleName()
+
+    def has(self, state):
+        """True when the widget is in a state: "showing", "enabled", "checked", "focused" ..."""
+        wanted = getattr(self._program.session.atspi, "STATE_" + state.upper())
+        return self._accessible.getState().contains(wanted)
+
+    def children(self):
+        return [Widget(self._program, child) for child in self._accessible if child is not None]
+
+    def find(self, **what):
+        return self._program.find(inside=self, **what)
+
+    def area(self):
+        """x, y, width and height on the screen."""
+        box = self._accessible.queryComponent().getExtents(self._program.session.atspi.DESKTOP_COORDS)
+        return box.x, box.y, box.width, box.height
+
+    def click(self, button=1, times=1):
+        x, y, width, height = self.area()
+        xdotool("mousemove", x + width // 2, y + height // 2, "click", "--repeat", times, "--delay", 60, button)
+
+    # A table, seen by rows and columns that count from 0.
+
+    def row_count(self):
+        return self._accessible.queryTable().nRows
+
+    def titles(self):
+        table = self._accessible.queryTable()
+        return [table.getColumnDescription(column) for column in range(table.nColumns)]
+
+    def cell(self, row, column):
+        return Widget(self._program, self._accessible.queryTable().getAccessibleAt(row, column))
+
+    def row(self, row):
+        return [self.cell(row, column).name for column in range(self._accessible.queryTable().nColumns)]
+
+
+class Program:
+    """The program, started with a command line, in a home folder of its own."""
+
+    def __init__(self, session, *arguments):
+        self.session = session
+        self.home = pathlib.Path(tempfile.mkdtemp(prefix="home-", dir=session.folder))
+        self.log = self.home / "said.txt"
+        with self.log.open("wb") as said:
+            self._process = subprocess.Popen([str(PROGRAM), *map(str, arguments)], env=self._environment(),
+                                             cwd=self.home, stdin=subprocess.DEVNULL, stdout=said, stderr=said)
+
+    def _environment(self):
+        folders = {
+            "HOME": self.home,
+            "XDG_CONFIG_HOME": self.home / "config",
+            "XDG_DATA_HOME": self.home / "data",
+            "XDG_CACHE_HOME": self.home / "cache",
+            "XDG_RUNTIME_DIR": self.home / "runtime",
+            "ZELVANE_DOSSIER": self.home / "programme",
+            "TMPDIR": self.home / "tmp",
+        }
+        for folder in folders.values():
+            folder.mkdir(mode=0o700, exist_ok=True)
+        return {
+            **{name: value for name, value in os.environ.items() if not name.startswith(("QT_", "XDG_", "LC_", "LANG"))},
+            **{name: str(folder) for name, folder in folders.items()},
+            "LC_ALL": "C.UTF-8",
+            "TZ": "UTC",
+            "QT_QPA_PLATFORM": "xcb",
+            "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
+        }
+
+    @property
+    def running(self):
+        return self._process.poll() is None
+
+    def _root(self):
+        """The program on the accessibility bus, once it is there."""
+        if not self.running:
+            raise AssertionError(f"the program ended with status {self._process.returncode}")
+        for application in self.session.atspi.Registry.getDesktop(0):
+            if application is not None and application.get_process_id() == self._process.pid:
+                # Asked anew each time: the cache is only kept up to date where an event loop runs.
+                application.set_cache_mask(self.session.atspi.Atspi.Cache.NONE)
+                return Widget(self, application)
+        return None
+
+    def find_all(self, role=None, name=None, table=False, inside=None):
+        """Every widget that shows and has the role and the name (a text, or a function that judges one)."""
+        found = []
+        start = inside or self._root()
+        ahead = [start] if start else []
+        while ahead:
+            widget = ahead.pop(0)
+            try:
+                if self._fits(widget, role, name, table):
+                    found.append(widget)
+                # A table has a child for each cell: those are reached by row and column.
+                if "Table" not in self.session.atspi.listInterfaces(widget._accessible):
+                    ahead.extend(widget.children())
+            except self._gone():
+                continue
+        return found
+
+    @staticmethod
+    def _fits(widget, role, name, table):
+        if role is not None and widget.role != role:
+            return False
+        if name is not None and not (name(widget.name) if callable(name) else widget.name == name):
+            return False
+        if table and "Table" not in widget._program.session.atspi.listInterfaces(widget._accessible):
+            return False
+        return widget.has("showing")
+
+    @staticmethod
+    def _gone():
+        """What AT-SPI raises for a widget that went while its tree was read."""
+        from gi.repository import GLib
+        return (GLib.GError, LookupError, NotImplementedError)
+
+    def find(self, role=None, name=None, table=False, inside=None, limit=PATIENCE):
+        """The first such widget, waited for."""
+        what = f"a {role or 'widget'}" + (f" named '{name}'" if isinstance(name, str) else "")
+        return wait_until(lambda: self.find_all(role, name, table, inside), what, limit)[0]
+
+    def table(self):
+        """The table that shows."""
+        return self.find(table=True)
+
+    def texts(self):
+        """The texts of all labels that show."""
+        return [label.name for label in self.find_all(role="label")]
+
+    def window_titles(self):
+        """The titles of the program's windows on the screen, as the X server has them."""
+        windows = xdotool("search", "--onlyvisible", "--pid", self._process.pid, "--name", ".", check=False).split()
+        return [xdotool("getwindowname", window, check=False).strip() for window in windows]
+
+    def type(self, text):
+        xdotool("type", "--delay", 20, text)
+
+    def key(self, *keys):
+        """Presses keys by their X names: "Return", "ctrl+a" ..."""
+        xdotool("key", "--delay", 40, *keys)
+
+    def wait_for_end(self, limit=PATIENCE):
+        """The exit status of the program, which ends by itself."""
+        return self._process.wait(limit)
+
+    def tree(self):
+        """The widgets that show, indented, for a failing test."""
+        lines = []
+
+        def add(widget, depth):
+            try:
+                lines.append(f"{'  ' * depth}{widget.role} '{widget.name}'")
+                if "Table" not in self.session.atspi.listInterfaces(widget._accessible):
+                    for child in widget.children():
+                        if child.has("showing"):
+                            add(child, depth + 1)
+            except self._gone():
+                lines.append("  " * depth + "(gone)")
+
+        root = self._root() if self.running else None
+        if root:
+            add(root, 0)
+        return "\n".join(lines)
+
+    def close(self):
+        if self.running:
+            self._process.send_signal(signal.SIGTERM)
+            try:
+                self._process.wait(5)
+            except subprocess.TimeoutExpired:
+                self._process.kill()
+                self._process.wait()
+
+
+def read_catalogue(path):
+    """The titles and the entries' values of a catalogue file, read without the program's help."""
+    with zipfile.ZipFile(path) as archive:
+        lines = archive.read("Zelvane.qrt").decode("cp1252").split("\r\n")
+    count = int(lines[12].partition("=")[2])
+    titles = [line.partition("=")[2].split("|")[0] for line in lines[13:13 + count]]
+    first = lines.index("[ListItems]") + 2
+    entries = [line.partition("=")[2].split("|")[:count] for line in lines[first:] if line]
+    return titles, entries
+
+
+def xdotool(*arguments, check=True):
+    """Runs xdotool and returns what it printed."""
+    done = subprocess.run(["xdotool", *map(str, arguments)], check=check, stdout=subprocess.PIPE, text=True)
+    return done.stdout
+
+
+class ProgramTest(unittest.TestCase):
+    """A test that starts the program. The session is the module's: see main."""
+
+    session = None
+    maxDiff = None
+
+    @classmethod
+    def setUpClass(cls):
+        if ProgramTest.session is None:
+            ProgramTest.session = Session()
+            unittest.addModuleCleanup(ProgramTest._end_session)
+
+    @staticmethod
+    def _end_session():
+        ProgramTest.session.close()
+        ProgramTest.session = None
+
+    def start(self, *arguments):
+        """Starts the program; it is closed when the test ends."""
+        self.program = Program(self.session, *arguments)
+        self.addCleanup(self.program.close)
+        return self.program
+
+    def folder(self):
+        """A folder of the test's own, gone when the session ends."""
+        return pathlib.Path(tempfile.mkdtemp(dir=self.session.folder))
+
+    def _callTestMethod(self, method):
+        # The picture must be taken while the program still runs, that is before the cleanups.
+        try:
+            super()._callTestMethod(method)
+        except Exception:
+            picture = PICTURES / f"{self.id()}.png"
+            self.session.picture(picture)
+            print(f"\n{self.id()}: the screen is saved as {picture}")
+            if hasattr(self, "program"):
+                print(self.program.tree())
+                print(self.program.log.read_text(errors="replace"))
+            raise
