@@ -36,7 +36,8 @@ function(zelvane_sources)
 endfunction()
 
 # zelvane_test(NAME name LABEL unit|form|e2e [FORMS] SOURCES file...)
-# One GoogleTest program whose tests CTest runs one by one. FORMS links the forms and runs on the offscreen platform.
+# One GoogleTest program whose tests CTest runs one by one. FORMS links the forms and runs on the offscreen platform. The
+# target tests_<label> builds all programs of a label.
 function(zelvane_test)
     cmake_parse_arguments(arg "FORMS" "NAME;LABEL" "SOURCES" ${ARGN})
     zelvane_refuse_unknown(arg zelvane_test)
@@ -51,6 +52,10 @@ function(zelvane_test)
     else()
         target_link_libraries(${arg_NAME} PRIVATE zelvane_test_support)
     endif()
+    if(NOT TARGET tests_${arg_LABEL})
+        add_custom_target(tests_${arg_LABEL})
+    endif()
+    add_dependencies(tests_${arg_LABEL} ${arg_NAME})
     gtest_discover_tests(${arg_NAME} DISCOVERY_MODE PRE_TEST
         PROPERTIES LABELS ${arg_LABEL} TIMEOUT 120 ENVIRONMENT "${environment}")
 endfunction()

@@ -63,8 +63,8 @@ TEST(Architecture, QtCoreHeadersAreWhereTheyAreLookedFor)
 
 TEST(Architecture, FilesStayShortEnoughToRead)
 {
-    constexpr int LignesAuPlus = 600;
-    EXPECT_EQ(EnLignes(FichiersTropLongs(LesSources(), LignesAuPlus)), "");
+    constexpr int lignesAuPlus = 600;
+    EXPECT_EQ(EnLignes(FichiersTropLongs(LesSources(), lignesAuPlus)), "");
 }
 
 } // namespace
