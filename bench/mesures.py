@@ -1,0 +1,217 @@
+#!/usr/bin/python3
+"""Measures the engine against everyday tools, on one file and in one run, and holds it to limits.
+
+Parts of the engine are measured by the Google Benchmark program bench_moteur, whole commands as processes. Everything is
+done several times and the quickest counts, on both sides of a ratio: what is slower was disturbed by something else.
+Called by scripts/bench; see docs/performance.md.
+"""
+import argparse
+import datetime
+import json
+import os
+import pathlib
+import platform
+import random
+import subprocess
+import sys
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+MEMORY = pathlib.Path("/dev/shm")
+FRENCH = {**os.environ, "LC_ALL": "fr_FR.UTF-8"}
+
+
+def quickest(command, times, before=None, **how):
+    """Seconds of the quickest of several runs of a command. `before` is called ahead of each, off the clock."""
+    best = float("inf")
+    for _ in range(times):
+        if before:
+            before()
+        start = time.perf_counter()
+        subprocess.run([str(part) for part in command], check=True, stdin=subprocess.DEVNULL,
+                       stdout=subprocess.DEVNULL, **how)
+        best = min(best, time.perf_counter() - start)
+    return best
+
+
+class Inputs:
+    """The files that all is measured on: one catalogue as bare text, in order and out of order, and its columns."""
+
+    def __init__(self, folder, entries, cli):
+        folder.mkdir(parents=True, exist_ok=True)
+        self.folder = folder
+        self.archive = folder / f"bench-{entries}.qrt"
+        self.sorted = folder / f"trie-{entries}.qrt"
+        self.shuffled = folder / f"desordre-{entries}.qrt"
+        if not self.shuffled.exists():
+            self._make(entries, cli)
+        self.size = self.sorted.stat().st_size
+        self.column_sorted_by = self._write_column(0)
+        self.other_column = self._write_column(1)
+
+    def _make(self, entries, cli):
+        subprocess.run(["/usr/bin/python3", "-B", ROOT / "examples" / "faire_exemples.py", "--entrees", str(entries),
+                        self.archive], check=True)
+        # The engine itself says what "in order" is: it writes entries as it shows them.
+        subprocess.run([cli, "convert", "--force", "--format", "1.4", self.archive, self.sorted], check=True)
+        head, lines = self._lines(self.sorted)
+        random.Random(1).shuffle(lines)
+        text = head + b"".join(b"It%d=%s" % (i, line.partition(b"=")[2]) for i, line in enumerate(lines, 1))
+        unfinished = self.shuffled.with_suffix(".part")
+        unfinished.write_bytes(text)
+        unfinished.rename(self.shuffled)
+
+    @staticmethod
+    def _lines(path):
+        """What stands before the entries, and the entries' lines."""
+        text = path.read_bytes()
+        start = text.index(b"\r\n", text.index(b"[ListItems]\r\n") + len(b"[ListItems]\r\n")) + 2
+        return text[:start], text[start:].splitlines(keepends=True)
+
+    def _write_column(self, column):
+        """One column of the shuffled catalogue, a value a line in UTF-8, for GNU sort."""
+        path = self.folder / f"colonne-{column + 1}.txt"
+        _, lines = self._lines(self.shuffled)
+        values = (line.partition(b"=")[2].split(b"|")[column] for line in lines)
+        path.write_text(b"\n".join(values).decode("cp1252", "replace") + "\n", encoding="utf-8")
+        return path
+
+
+class Engine:
+    """What bench_moteur measures: seconds and counters by name."""
+
+    def __init__(self, program, inputs, times, short):
+        out = inputs.folder / "moteur.json"
+        command = [program, f"--benchmark_out={out}", "--benchmark_out_format=json", f"--benchmark_repetitions={times}"]
+        if short:
+            command.append("--benchmark_min_time=0.01")
+        environment = {**os.environ, "ZELVANE_BENCH_FICHIER": str(inputs.sorted),
+                       "ZELVANE_BENCH_DESORDRE": str(inputs.shuffled)}
+        subprocess.run([str(part) for part in command], check=True, env=environment, stdin=subprocess.DEVNULL,
+                       stdout=subprocess.DEVNULL)
+        runs = json.loads(out.read_text())["benchmarks"]
+        self._runs = [run for run in runs if run["run_type"] == "iteration"]
+        broken = [f"{run['name']}: {run['error_message']}" for run in runs if run.get("error_occurred")]
+        if broken:
+            sys.exit("mesures: " + "; ".join(broken))
+
+    def _of(self, name):
+        # A name may carry what it was run with: "TriAutreColonne/manual_time".
+        runs = [run for run in self._runs if run["name"].split("/")[0] == name]
+        if not runs:
+            sys.exit(f"mesures: bench_moteur has no benchmark {name}")
+        return runs
+
+    def seconds(self, name):
+        units = {"ns": 1e-9, "us": 1e-6, "ms": 1e-3, "s": 1.0}
+        return min(run["real_time"] * units[run["time_unit"]] for run in self._of(name))
+
+    def counter(self, name, counter):
+        return min(run[counter] for run in self._of(name))
+
+
+class Table:
+    """Rows of the report: what was measured, against what, and whether it keeps its limit."""
+
+    def __init__(self):
+        self.rows = []
+        self.broken = []
+
+    def ratio(self, work, measured, yardstick, seconds, factor, allowance=0.0, unit="s"):
+        """`measured` is at most `factor` times the yardstick's `seconds`, and `allowance` more."""
+        limit = f"{factor} ×" + (f" + {allowance:.4g} {unit}" if allowance else "")
+        show = (lambda value: f"{value:.3f} s") if unit == "s" else (lambda value: f"{value / 1e6:.1f} MB")
+        self._add(work, show(measured), f"{yardstick}: {show(seconds)}", f"{(measured - allowance) / seconds:.2f} ×",
+                  limit, measured <= factor * seconds + allowance)
+
+    def more(self, work, measured, yardstick, seconds, at_most):
+        """`measured` is at most `at_most` seconds more than the yardstick."""
+        difference = measured - seconds
+        self._add(work, f"{measured * 1e3:.1f} ms", f"{yardstick}: {seconds * 1e3:.1f} ms",
+                  f"{difference * 1e3:.1f} ms more", f"{at_most * 1e3:.0f} ms more", difference <= at_most)
+
+    def time(self, work, measured, at_most):
+        self._add(work, f"{measured * 1e3:.2f} ms", "", "", f"{at_most * 1e3:.0f} ms", measured <= at_most)
+
+    def _add(self, work, measured, yardstick, ratio, limit, kept):
+        self.rows.append((work, measured, yardstick, ratio, limit))
+        if not kept:
+            self.broken.append(f"{work}: {ratio or measured}, at most {limit}")
+
+    def print(self):
+        titles = ("Work", "Measured", "Against", "Ratio", "At most")
+        widths = [max(len(row[i]) for row in [titles, *self.rows]) for i in range(len(titles))]
+        for row in (titles, tuple("-" * width for width in widths), *self.rows):
+            print("| " + " | ".join(cell.ljust(width) for cell, width in zip(row, widths)) + " |")
+
+
+def measure(inputs, engine, cli, times):
+    """All rows of the table."""
+    table = Table()
+    folder = inputs.folder
+    copy = MEMORY / f"zelvane-bench-{os.getpid()}"
+    zipped = folder / "zip.zip"
+    converted = folder / "converti.qrt"
+    small = ROOT / "examples" / "bibliotheque.qrt"
+
+    def remove(path):
+        return lambda: path.unlink(missing_ok=True)
+
+    iconv = quickest(["iconv", "-f", "cp1252", "-t", "utf-8", inputs.sorted], times)
+    sort_same = quickest(["sort", inputs.column_sorted_by], times, env=FRENCH)
+    sort_other = quickest(["sort", inputs.other_column], times, env=FRENCH)
+    try:
+        cp = quickest(["cp", inputs.sorted, copy], times, before=remove(copy))
+    finally:
+        copy.unlink(missing_ok=True)
+    zip5 = quickest(["zip", "-q", "-5", zipped, inputs.sorted], times, before=remove(zipped))
+    convert = quickest([cli, "convert", inputs.sorted, converted], times, before=remove(converted))
+    true = quickest(["/bin/true"], times * 5)
+    listed = quickest([cli, "list", small], times * 5)
+
+    table.ratio("`ChargerFichier`, file in order", engine.seconds("ChargerFichierTrie"), "iconv", iconv, 3)
+    table.ratio("`ChargerFichier`, file not in order", engine.seconds("ChargerFichierDesordre"),
+                "GNU sort of the sort column, on top of 3 × iconv", sort_same, 0.7, allowance=3 * iconv)
+    table.ratio("memory of the loaded table", engine.counter("MemoireTableChargee", "octets"), "the file", inputs.size,
+                2.5, unit="bytes")
+    table.ratio("sort by another column", engine.seconds("TriAutreColonne"), "GNU sort of that column", sort_other, 0.7)
+    table.ratio("text writer", engine.seconds("EcrireFichier14"), "cp to memory", cp, 2, allowance=0.1)
+    table.ratio("`zelvane-cli convert` 1.4 → 2", convert, "zip -5", zip5, 1.3)
+    table.more("`zelvane-cli list` of a small file", listed, "/bin/true", true, 0.030)
+    table.time("`RecalculerCles`", engine.seconds("RecalculerCles"), 0.020)
+    table.time("`SelItemsCount`", engine.seconds("SelItemsCount"), 0.020)
+    return table
+
+
+def describe_machine(inputs, entries):
+    processor = next((line.partition(":")[2].strip() for line in open("/proc/cpuinfo") if line.startswith("model name")),
+                     platform.machine())
+    memory = os.sysconf("SC_PAGE_SIZE") * os.sysconf("SC_PHYS_PAGES") / 2**30
+    print(f"{datetime.date.today()}: {entries} entries, {inputs.size / 1e6:.1f} MB of text; "
+          f"{processor}, {os.cpu_count()} processors, {memory:.0f} GiB\n")
+
+
+def main():
+    arguments = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    arguments.add_argument("--programmes", type=pathlib.Path, required=True, help="folder of the built programs")
+    arguments.add_argument("--travail", type=pathlib.Path, required=True, help="folder for the files made")
+    arguments.add_argument("--sans-limite", action="store_true", help="measure, but let broken limits pass")
+    arguments.add_argument("--rapide", action="store_true", help="20,000 entries, each thing once, no limits")
+    given = arguments.parse_args()
+
+    entries, times = (20_000, 1) if given.rapide else (1_000_000, 5)
+    cli = (given.programmes / "zelvane-cli").resolve()
+    inputs = Inputs(given.travail.resolve(), entries, cli)
+    engine = Engine((given.programmes / "bench_moteur").resolve(), inputs, times, short=given.rapide)
+    table = measure(inputs, engine, cli, times)
+
+    describe_machine(inputs, entries)
+    table.print()
+    if table.broken and not (given.rapide or given.sans_limite):
+        print("\nLimits broken:", *table.broken, sep="\n  ")
+        return 1
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
