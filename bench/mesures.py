@@ -43,15 +43,15 @@ class Inputs:
         self.archive = folder / f"bench-{entries}.qrt"
         self.sorted = folder / f"trie-{entries}.qrt"
         self.shuffled = folder / f"desordre-{entries}.qrt"
-        if not self.shuffled.exists():
-            self._make(entries, cli)
+        generator = ROOT / "examples" / "faire_exemples.py"
+        if not self.shuffled.exists() or self.shuffled.stat().st_mtime < generator.stat().st_mtime:
+            self._make(generator, entries, cli)
         self.size = self.sorted.stat().st_size
         self.column_sorted_by = self._write_column(0)
         self.other_column = self._write_column(1)
 
-    def _make(self, entries, cli):
-        subprocess.run(["/usr/bin/python3", "-B", ROOT / "examples" / "faire_exemples.py", "--entrees", str(entries),
-                        self.archive], check=True)
+    def _make(self, generator, entries, cli):
+        subprocess.run(["/usr/bin/python3", "-B", generator, "--entrees", str(entries), self.archive], check=True)
         # The engine itself says what "in order" is: it writes entries as it shows them.
         subprocess.run([cli, "convert", "--force", "--format", "1.4", self.archive, self.sorted], check=True)
         head, lines = self._lines(self.sorted)
