@@ -11,6 +11,11 @@ if(ZELVANE_SANITIZE)
     target_link_options(zelvane_flags INTERFACE -fsanitize=${ZELVANE_SANITIZE})
 endif()
 
+if(ZELVANE_FUZZ)
+    # The libraries tell the fuzzer which of their branches an input reached.
+    target_compile_options(zelvane_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 function(zelvane_refuse_unknown prefix helper)
     if(${prefix}_UNPARSED_ARGUMENTS)
         message(FATAL_ERROR "${helper}: unknown arguments: ${${prefix}_UNPARSED_ARGUMENTS}")
@@ -72,4 +77,28 @@ function(zelvane_e2e_test name)
         WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
     set_tests_properties(e2e.${name} PROPERTIES LABELS e2e TIMEOUT 300 ENVIRONMENT
         "ZELVANE_E2E_PROGRAM=$<TARGET_FILE:zelvane>;ZELVANE_E2E_SOURCES=${CMAKE_SOURCE_DIR};ZELVANE_E2E_PICTURES=${CMAKE_BINARY_DIR}/e2e")
+endfunction()
+
+# zelvane_fuzz(NAME name CORPUS folder SOURCES file...)
+# One libFuzzer target on the core, whose inputs start from the files of `folder`. With ZELVANE_FUZZ it becomes the
+# program `name`. With ZELVANE_TESTS any compiler builds `name`_rejouer, which feeds it the files of `folder`, and CTest
+# runs that as a unit test: what the fuzzer once found stays found.
+function(zelvane_fuzz)
+    cmake_parse_arguments(arg "" "NAME;CORPUS" "SOURCES" ${ARGN})
+    zelvane_refuse_unknown(arg zelvane_fuzz)
+    set(corpus ${CMAKE_CURRENT_SOURCE_DIR}/${arg_CORPUS})
+    if(NOT IS_DIRECTORY ${corpus})
+        message(FATAL_ERROR "zelvane_fuzz: ${arg_NAME} has no corpus at ${corpus}")
+    endif()
+    if(ZELVANE_FUZZ)
+        add_executable(${arg_NAME} ${arg_SOURCES})
+        target_link_libraries(${arg_NAME} PRIVATE zelvane_core)
+        target_link_options(${arg_NAME} PRIVATE -fsanitize=fuzzer)
+    endif()
+    if(ZELVANE_TESTS)
+        add_executable(${arg_NAME}_rejouer ${arg_SOURCES} ${CMAKE_SOURCE_DIR}/fuzz/rejouer.cpp)
+        target_link_libraries(${arg_NAME}_rejouer PRIVATE zelvane_core)
+        add_test(NAME ${arg_NAME}.corpus COMMAND ${arg_NAME}_rejouer ${corpus})
+        set_tests_properties(${arg_NAME}.corpus PROPERTIES LABELS unit TIMEOUT 120 ENVIRONMENT "TZ=UTC;LC_ALL=C.UTF-8")
+    endif()
 endfunction()
