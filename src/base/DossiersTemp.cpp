@@ -85,7 +85,7 @@ void Effacer(const fs::path& dossier)
 
 void InitialiserTempFolder()
 {
-    const QString defaut = AjouterSlash(DossierProgramme()) + QStringLiteral("temp");
+    const QString defaut = DossierProgramme() + QStringLiteral("temp");
     TempFolder = LireOption(QStringLiteral("TempFolder"), defaut).toString();
     if (QFileInfo(TempFolder).isDir())
         return;

@@ -16,7 +16,7 @@ const QString s_sectionMessages = QStringLiteral("other");
 
 QString DossierLangues()
 {
-    return AjouterSlash(DossierProgramme()) + QStringLiteral("lang/");
+    return DossierProgramme() + QStringLiteral("lang/");
 }
 
 QString SectionOuDefaut(const QString& section)
@@ -28,7 +28,7 @@ QString FichierOuDefaut(const QString& fichier)
 {
     if (!fichier.isEmpty())
         return fichier;
-    return AjouterSlash(DossierProgramme()) + plateforme().nomProgramme + s_extension;
+    return DossierProgramme() + plateforme().nomProgramme + s_extension;
 }
 
 /// Tells that a read failed. The window that tells it has texts to look up itself: their failures stay untold.

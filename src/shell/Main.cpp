@@ -1,0 +1,86 @@
+#include "shell/Main.h"
+
+#include "base/Const_Vrac.h"
+#include "platform/PageDeCode.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+bool OptionVaut(const QString& cle, int defaut, double nombre)
+{
+    return OptionEgale(LireOption(cle, defaut), nombre);
+}
+
+void PasserLaMain(const QString& ligneDeCommande, EtapesDemarrage& etapes)
+{
+    etapes.SendTexte(ligneDeCommande);
+    etapes.SowPrev();
+    etapes.Class_Terminate98();
+    etapes.DechargerCadre();
+}
+
+void Accueillir(EtapesDemarrage& etapes)
+{
+    etapes.MontrerPresentation();
+    if (!OptionVaut(QStringLiteral("OpenLastFile"), 0, 0)) {
+        // Without a recent file this is the empty path, and the user is told that it does not exist. It is meant.
+        etapes.OuvrirFichier(LireOption(QStringLiteral("FRecent1"), QString()).toString());
+        etapes.MajMenuRecents();
+    }
+    // The setting says the opposite of its name: 1 keeps the tips away.
+    const bool sansAstuces = OptionVaut(QStringLiteral("ShowTipsAtStartup"), 0, 1);
+    if (!sansAstuces && QFileInfo::exists(DossierProgramme() + QStringLiteral("astuces.txt")))
+        etapes.MontrerAstuces();
+}
+
+} // namespace
+
+SuiteDemarrage Main(const QString& ligneDeCommande, EtapesDemarrage& etapes)
+{
+    if (OptionVaut(QStringLiteral("VerrifAssociation"), 1, 1))
+        EnregistrerAssociation();
+    etapes.ChargerCadre();
+
+    const bool autreInstance = etapes.PrevInstace();
+    if (autreInstance) {
+        PasserLaMain(ligneDeCommande, etapes);
+    } else {
+        etapes.MontrerCadre();
+        if (ligneDeCommande.isEmpty()) {
+            Accueillir(etapes);
+        } else {
+            etapes.OuvrirFichier(ligneDeCommande);
+            etapes.MajMenuRecents();
+        }
+    }
+    // Last, and on every path: nothing before may need the file.
+    CreerZelvaneIni();
+    return autreInstance ? SuiteDemarrage::Finir : SuiteDemarrage::Vivre;
+}
+
+void CreerZelvaneIni()
+{
+    const QByteArray contenu = PageDeCode::VersOctets(
+        QStringLiteral("[FileInfo]\r\n"
+                       "Type=QRT INI FILE\r\n"
+                       "Version=2.1\r\n"
+                       "\r\n"
+                       "[Preter]\r\n"
+                       "count=0\r\n"
+                       "\r\n"
+                       "[Internet]\r\n"
+                       "  #Parametre du proxy? mettre Use proxy à 0 (pas de proxy) ou 1 (proxy)\r\n"
+                       "UseProxy=0\r\n"
+                       "HostProxy=\r\n"
+                       "PortProxy=\r\n"));
+    // NewOnly: a file that appears meanwhile is not overwritten.
+    QFile fichier(FichierZelvaneIni());
+    if (!fichier.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+        return;
+    const bool ecrit = fichier.write(contenu) == contenu.size() && fichier.flush();
+    fichier.close();
+    if (!ecrit)
+        fichier.remove();
+}
