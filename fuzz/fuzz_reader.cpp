@@ -1,0 +1,137 @@
+// The catalogue reader: any bytes give a table that holds together, or a refusal and an empty one; and what is written
+// from that table reads back to the same bytes.
+//
+// An input is the text, and behind the byte 0x1E, where there is one, the exact text beside it ("Zelvane.utf8").
+#include "base/AfficherMsg.h"
+#include "catalogue/FichierQrt.h"
+#include "catalogue/TexteExact.h"
+#include "catalogue/TexteQrt.h"
+#include "platform/Plateforme.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+void Verifier(bool vrai, const char* quoi)
+{
+    if (vrai)
+        return;
+    std::fprintf(stderr, "fuzz_reader: %s\n", quoi);
+    std::abort();
+}
+
+struct Compteur : PresentateurMessages
+{
+    int messages = 0;
+    int Afficher(const Message&, int, const QString&) override { return ++messages, int(RepOk); }
+    QString DemanderMotDePasse(const QString&, const QString&) override { return {}; }
+};
+
+struct EnMemoire : Puits
+{
+    QByteArray octets;
+    bool Recevoir(const char* debut, size_t taille) override
+    {
+        octets.append(debut, static_cast<qsizetype>(taille));
+        return true;
+    }
+};
+
+struct Atelier
+{
+    Atelier()
+    {
+        static int argc = 1;
+        static char nom[] = "fuzz_reader";
+        static char* argv[] = {nom, nullptr};
+        static QCoreApplication application(argc, argv);
+        static PlateformeReelle plateformeReelle;
+        plateforme().dossierProgramme = dossier.path() + u'/';
+        Ecrire(QStringLiteral("present.jpg"), "x");
+    }
+
+    void Ecrire(const QString& nom, const QByteArray& octets) const
+    {
+        QFile fichier(dossier.filePath(nom));
+        Verifier(fichier.open(QIODevice::WriteOnly) && fichier.write(octets) == octets.size(), "no room to work in");
+    }
+
+    QTemporaryDir dossier;
+};
+
+QByteArray Texte(const QrtClass& doc, stockage::Codage codage)
+{
+    EnMemoire puits;
+    EcrireTexteQrt(doc, "2", EntreesEcrites::Toutes, codage, puits);
+    return puits.octets;
+}
+
+void VerifierTable(const QrtClass& doc)
+{
+    const MyLV& table = *doc.MyLV;
+    Verifier(table.ColumnHeaders.Existe(doc.IndexColPrete), "no loan column");
+    Verifier(table.ColumnHeaders(doc.IndexColPrete).Text() == u"Prêté", "the loan column is another one");
+    Verifier(table.View() == 3, "not in details");
+    const int colonnes = std::min(table.ColumnHeaders.Count(), 40);
+    for (int i = 1; i <= std::min(table.ListItems.Count(), 200); ++i) {
+        const ListItem entree = table.ListItems(i);
+        Verifier(entree.Index() == i, "a position is wrong");
+        Verifier(table.ListItems(entree.Key()) == entree, "a key leads elsewhere");
+        for (int c = 1; c <= colonnes; ++c) {
+            const QString valeur = entree.Valeur(c);
+            Verifier(!valeur.contains(u'|') && !valeur.contains(u'\n'), "a value holds a separator");
+        }
+        const QString icone = entree.SmallIcon();
+        Verifier(entree.Tag().isEmpty() == (icone == u"noico"), "a marker does not go with the image");
+        Verifier((icone == u"ico") == (entree.Tag() == u"present.jpg" || entree.Tag() == u"Zelvane.qrt" ||
+                                       entree.Tag() == u"Zelvane.utf8"),
+                 "a marker does not go with the files");
+    }
+}
+
+void Recharger(const Atelier& atelier, QrtClass& doc)
+{
+    if (qint64(doc.ColCount()) * doc.ItemsCount() > 200000)
+        return;
+    const QByteArray huitBits = Texte(doc, stockage::Codage::Cp1252);
+    const QByteArray exact = Texte(doc, stockage::Codage::Utf8);
+    Verifier(TexteExact::FinDuTexteReduit(exact, huitBits) == exact.size(), "the exact text does not reduce");
+    atelier.Ecrire(QStringLiteral("Zelvane.qrt"), huitBits);
+    atelier.Ecrire(QStringLiteral("Zelvane.utf8"), exact);
+    ChargerFichier(doc);
+    Verifier(Texte(doc, stockage::Codage::Cp1252) == huitBits, "what was written reads back as something else");
+    Verifier(Texte(doc, stockage::Codage::Utf8) == exact, "the exact text reads back as something else");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* octets, size_t taille)
+{
+    static const Atelier atelier;
+    const QByteArray entree(reinterpret_cast<const char*>(octets), static_cast<qsizetype>(taille));
+    const qsizetype coupe = entree.indexOf('\x1E');
+    atelier.Ecrire(QStringLiteral("Zelvane.qrt"), coupe < 0 ? entree : entree.left(coupe));
+    atelier.Ecrire(QStringLiteral("Zelvane.utf8"), coupe < 0 ? QByteArray() : entree.mid(coupe + 1));
+
+    Compteur compteur;
+    InstallerPresentateur(&compteur);
+    MyLV table;
+    QrtClass doc;
+    doc.MyLV = &table;
+    doc.TmpFolder = atelier.dossier.path() + u'/';
+    ChargerFichier(doc);
+    if (compteur.messages > 0) {
+        Verifier(doc.ColCount() == 0 && doc.ItemsCount() == 0, "a refused file left something in the table");
+    } else {
+        VerifierTable(doc);
+        Recharger(atelier, doc);
+    }
+    InstallerPresentateur(nullptr);
+    return 0;
+}
