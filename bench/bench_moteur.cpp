@@ -16,7 +16,10 @@
 
 namespace {
 
-QString Variable(const char* nom, const char* defaut = "") { return qEnvironmentVariable(nom, QString::fromUtf8(defaut)); }
+QString Variable(const char* nom, const char* defaut = "")
+{
+    return qEnvironmentVariable(nom, QString::fromUtf8(defaut));
+}
 
 /// A document whose folder holds the text as a link: measuring starts with the bytes where a save leaves them.
 class Document
@@ -59,8 +62,14 @@ void Charger(benchmark::State& etat, const char* variable)
     }
 }
 
-void ChargerFichierTrie(benchmark::State& etat) { Charger(etat, "ZELVANE_BENCH_FICHIER"); }
-void ChargerFichierDesordre(benchmark::State& etat) { Charger(etat, "ZELVANE_BENCH_DESORDRE"); }
+void ChargerFichierTrie(benchmark::State& etat)
+{
+    Charger(etat, "ZELVANE_BENCH_FICHIER");
+}
+void ChargerFichierDesordre(benchmark::State& etat)
+{
+    Charger(etat, "ZELVANE_BENCH_DESORDRE");
+}
 
 qint64 MemoireDuProcessus()
 {

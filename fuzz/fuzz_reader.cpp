@@ -97,7 +97,8 @@ void VerifierTable(const QrtClass& doc)
 
 void Recharger(const Atelier& atelier, QrtClass& doc)
 {
-    if (qint64(doc.ColCount()) * doc.ItemsCount() > 200000)
+    // A written file always says that it is sorted, so only the entries of a sorted table keep their order.
+    if (!doc.MyLV->Sorted() || qint64(doc.ColCount()) * doc.ItemsCount() > 200000)
         return;
     const QByteArray huitBits = Texte(doc, stockage::Codage::Cp1252);
     const QByteArray exact = Texte(doc, stockage::Codage::Utf8);

@@ -88,9 +88,8 @@ void Collation::AjouterCle(const stockage::Cellule& cellule, std::vector<uint8_t
     for (;;) {
         arene.resize(debut + place);
         // The length counts a zero byte at the end, which the arena does not keep.
-        const int32_t longueur =
-            ucol_getSortKey(m_prive->collateur, texte.data(), static_cast<int32_t>(texte.size()),
-                            arene.data() + debut, static_cast<int32_t>(place));
+        const int32_t longueur = ucol_getSortKey(m_prive->collateur, texte.data(), static_cast<int32_t>(texte.size()),
+                                                 arene.data() + debut, static_cast<int32_t>(place));
         if (static_cast<size_t>(longueur) <= place) {
             arene.resize(debut + static_cast<size_t>(std::max(longueur, 1)) - 1);
             return;

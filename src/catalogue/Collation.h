@@ -38,7 +38,8 @@ public:
     /// Makes room for about `nombre` keys.
     explicit ClesDeTri(size_t nombre);
     void Ajouter(const stockage::Cellule& cellule);
-    /// The numbers 0 to n - 1 of the added cells in order; equal ones stay in the order of adding, also when descending.
+    /// The numbers 0 to n - 1 of the added cells in order; equal ones stay in the order of adding, also when
+    /// descending.
     std::vector<uint32_t> Ordre(bool descendant) const;
 
 private:

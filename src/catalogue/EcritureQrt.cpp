@@ -34,7 +34,10 @@ private:
     QFileDevice& m_fichier;
 };
 
-EntreesEcrites Entrees(bool selection) { return selection ? EntreesEcrites::Selection : EntreesEcrites::Toutes; }
+EntreesEcrites Entrees(bool selection)
+{
+    return selection ? EntreesEcrites::Selection : EntreesEcrites::Toutes;
+}
 
 QByteArray LireTout(const QString& chemin)
 {
@@ -99,9 +102,9 @@ bool EcrireTextes(const QrtClass& doc, EntreesEcrites entrees)
     // The exact comment is known by the text that stands there now: it is read before that goes.
     std::optional<QByteArray> commentaire;
     if (QFileInfo::exists(doc.TmpFolder + TexteExact::NomDuFichier()))
-        commentaire = TexteExact::Lire(doc.TmpFolder, LireTout(chemin),
-                                       LireTout(doc.TmpFolder + QStringLiteral("Zelvane.txt")))
-                          .commentaire;
+        commentaire =
+            TexteExact::Lire(doc.TmpFolder, LireTout(chemin), LireTout(doc.TmpFolder + QStringLiteral("Zelvane.txt")))
+                .commentaire;
 
     FichierDuDossier fichier(chemin);
     if (!fichier.Ouvrir())
@@ -124,9 +127,9 @@ bool EcrireArchive(const QrtClass& doc)
     zip.Level = 5;
     zip.Comm = QStringLiteral("Zelvane v2.2 by Morvenal");
     bool bon = true;
-    const QStringList noms = QDir(doc.TmpFolder)
-                                 .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
-                                            QDir::Unsorted);
+    const QStringList noms =
+        QDir(doc.TmpFolder)
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Unsorted);
     for (const QString& nom : noms) {
         // A folder has no place in an archive of bare names; it is not a loss, as nothing of the category lies there.
         const bool dossier = QFileInfo(doc.TmpFolder + nom).isDir();
@@ -146,8 +149,9 @@ bool SelectionVide(const QrtClass& doc, bool selection)
 {
     if (!selection || doc.SelItemsCount() > 0)
         return false;
-    AfficherMsg(LangMsg(QStringLiteral("msg64"), QStringLiteral("Veuillez selectionner au moins une entrée à exporter")),
-                MsgOk, QString());
+    AfficherMsg(
+        LangMsg(QStringLiteral("msg64"), QStringLiteral("Veuillez selectionner au moins une entrée à exporter")), MsgOk,
+        QString());
     return true;
 }
 

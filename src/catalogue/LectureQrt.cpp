@@ -119,8 +119,7 @@ class Chargement
 {
 public:
     Chargement(QrtClass& doc, stockage::Source source)
-        : m_doc(doc), m_table(*doc.MyLV), m_source(std::move(source)),
-          m_lecteur(m_source.octets.get(), m_source.taille)
+        : m_doc(doc), m_table(*doc.MyLV), m_source(std::move(source)), m_lecteur(m_source.octets.get(), m_source.taille)
     {
     }
 

@@ -25,7 +25,10 @@ bool ColumnHeader::SetWidth(float largeur)
     return true;
 }
 
-void ColumnHeader::SetTag(const QString& marque) { m_marque = marque; }
+void ColumnHeader::SetTag(const QString& marque)
+{
+    m_marque = marque;
+}
 
 void ColumnHeader::SetIcon(const QString& icone)
 {
@@ -33,7 +36,10 @@ void ColumnHeader::SetIcon(const QString& icone)
     m_table->Change(&ChangementsTable::colonnes);
 }
 
-void ColumnHeader::SetKey(const QString& cle) { m_cle = cle; }
+void ColumnHeader::SetKey(const QString& cle)
+{
+    m_cle = cle;
+}
 
 int ColumnHeader::Index() const
 {
@@ -146,8 +152,8 @@ bool MyLV::EstSelectionnee(int index) const
 size_t MyLV::Memoire() const
 {
     return m_source.taille + m_refs.capacity() * sizeof(uint64_t) + m_longueurs.capacity() * sizeof(uint32_t) +
-           m_drapeaux.capacity() + (m_ordre.capacity() + m_positions.capacity()) * sizeof(uint32_t) +
-           m_cles.Memoire() + m_octetsEnBlocs;
+           m_drapeaux.capacity() + (m_ordre.capacity() + m_positions.capacity()) * sizeof(uint32_t) + m_cles.Memoire() +
+           m_octetsEnBlocs;
 }
 
 void MyLV::Remplir(stockage::Source&& source, stockage::Lignes&& lignes)

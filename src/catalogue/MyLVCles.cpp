@@ -22,7 +22,10 @@ uint32_t ClesDeTable::Numero(const QString& cle)
     return static_cast<uint32_t>(numero);
 }
 
-void ClesDeTable::Vider() { *this = ClesDeTable(); }
+void ClesDeTable::Vider()
+{
+    *this = ClesDeTable();
+}
 
 void ClesDeTable::Numeroter(uint32_t nombre)
 {

@@ -11,7 +11,10 @@ using stockage::Rangee;
 
 namespace {
 
-const char* PointeurDe(uint64_t reference) { return reinterpret_cast<const char*>(reference); }
+const char* PointeurDe(uint64_t reference)
+{
+    return reinterpret_cast<const char*>(reference);
+}
 
 Icone IconeDeNom(const QString& nom)
 {
@@ -33,9 +36,15 @@ stockage::Vue MyLV::Vue(uint32_t rang) const
     return {octets, m_longueurs[rang], m_source.codage, m_source.colonnes, drapeaux};
 }
 
-stockage::Vue MyLV::VueEntree(int index) const { return Vue(m_ordre[static_cast<size_t>(index - 1)]); }
+stockage::Vue MyLV::VueEntree(int index) const
+{
+    return Vue(m_ordre[static_cast<size_t>(index - 1)]);
+}
 
-Cellule MyLV::Cellule(uint32_t rang, int cellule) const { return Vue(rang).Champ(cellule); }
+Cellule MyLV::Cellule(uint32_t rang, int cellule) const
+{
+    return Vue(rang).Champ(cellule);
+}
 
 void MyLV::LibererBloc(uint32_t rang)
 {
@@ -103,11 +112,20 @@ void MyLV::ViderEntrees()
 
 // ---- ListItem
 
-QString ListItem::Text() const { return m_table->Cellule(m_rang, 0).Texte(); }
+QString ListItem::Text() const
+{
+    return m_table->Cellule(m_rang, 0).Texte();
+}
 
-void ListItem::SetText(const QString& texte) { m_table->EcrireCellule(m_rang, 0, texte); }
+void ListItem::SetText(const QString& texte)
+{
+    m_table->EcrireCellule(m_rang, 0, texte);
+}
 
-QString ListItem::SubItems(int i) const { return ListSubItems(i).value_or(QString()); }
+QString ListItem::SubItems(int i) const
+{
+    return ListSubItems(i).value_or(QString());
+}
 
 bool ListItem::SetSubItems(int i, const QString& texte)
 {
@@ -146,7 +164,10 @@ void ListItem::InsererCellule(int i, const QString& texte)
     m_table->Reecrire(m_rang, rangee);
 }
 
-QString ListItem::Valeur(int colonne) const { return m_table->Cellule(m_rang, colonne - 1).Texte(); }
+QString ListItem::Valeur(int colonne) const
+{
+    return m_table->Cellule(m_rang, colonne - 1).Texte();
+}
 
 QStringList ListItem::Valeurs() const
 {
@@ -167,11 +188,20 @@ void ListItem::EcrireValeurs(const QStringList& valeurs)
     m_table->Reecrire(m_rang, rangee);
 }
 
-QString ListItem::Key() const { return m_table->m_cles.CleDe(m_rang); }
+QString ListItem::Key() const
+{
+    return m_table->m_cles.CleDe(m_rang);
+}
 
-bool ListItem::SetKey(const QString& cle) { return m_table->DonnerCle(m_rang, cle, 0); }
+bool ListItem::SetKey(const QString& cle)
+{
+    return m_table->DonnerCle(m_rang, cle, 0);
+}
 
-QString ListItem::Tag() const { return m_table->Vue(m_rang).Image().Texte(); }
+QString ListItem::Tag() const
+{
+    return m_table->Vue(m_rang).Image().Texte();
+}
 
 void ListItem::SetTag(const QString& marque)
 {
@@ -204,7 +234,10 @@ void ListItem::SetSmallIcon(const QString& icone)
     m_table->ChangeLigne(m_rang, &ChangementsTable::valeurs);
 }
 
-bool ListItem::Selected() const { return (m_table->m_drapeaux[m_rang] & Drapeau::Choisie) != 0; }
+bool ListItem::Selected() const
+{
+    return (m_table->m_drapeaux[m_rang] & Drapeau::Choisie) != 0;
+}
 
 void ListItem::SetSelected(bool choisie)
 {
@@ -215,11 +248,17 @@ void ListItem::SetSelected(bool choisie)
     m_table->ChangeLigne(m_rang, &ChangementsTable::selection);
 }
 
-int ListItem::Index() const { return m_table->Position(m_rang); }
+int ListItem::Index() const
+{
+    return m_table->Position(m_rang);
+}
 
 // ---- ListItems
 
-int ListItems::Count() const { return static_cast<int>(m_table.m_ordre.size()); }
+int ListItems::Count() const
+{
+    return static_cast<int>(m_table.m_ordre.size());
+}
 
 ListItem ListItems::Add(int index, const QString& cle, const QString& texte)
 {
@@ -293,7 +332,10 @@ void ListItems::Retirer(const std::vector<int>& positions)
     m_table.Change(&ChangementsTable::lignes);
 }
 
-void ListItems::Clear() { m_table.ViderEntrees(); }
+void ListItems::Clear()
+{
+    m_table.ViderEntrees();
+}
 
 ListItem ListItems::operator()(int index) const
 {
@@ -340,4 +382,7 @@ void MyLV::RenumeroterPasAPas()
     }
 }
 
-void RecalculerCles(MyLV& table) { table.RenumeroterCles(); }
+void RecalculerCles(MyLV& table)
+{
+    table.RenumeroterCles();
+}

@@ -51,7 +51,10 @@ bool MyLV::SetSortOrder(int sens)
     return true;
 }
 
-bool MyLV::OrdrePossible() const { return m_cleDeTri < ColumnHeaders.Count() && m_ordre.size() > 1; }
+bool MyLV::OrdrePossible() const
+{
+    return m_cleDeTri < ColumnHeaders.Count() && m_ordre.size() > 1;
+}
 
 void MyLV::Ordonner()
 {
@@ -94,9 +97,8 @@ void MyLV::PlacerAjouts()
     std::sort(nouvelles.begin(), nouvelles.end());
     std::vector<uint32_t> anciennes;
     anciennes.reserve(m_ordre.size());
-    std::copy_if(m_ordre.begin(), m_ordre.end(), std::back_inserter(anciennes), [&](uint32_t rang) {
-        return !std::binary_search(nouvelles.begin(), nouvelles.end(), rang);
-    });
+    std::copy_if(m_ordre.begin(), m_ordre.end(), std::back_inserter(anciennes),
+                 [&](uint32_t rang) { return !std::binary_search(nouvelles.begin(), nouvelles.end(), rang); });
 
     Collation& collation = Collation::Francaise();
     const int sens = m_sensDeTri == 0 ? 1 : -1;
@@ -119,7 +121,10 @@ void MyLV::PlacerAjouts()
     OrdreChange();
 }
 
-AjoutsDansTable::AjoutsDansTable(MyLV& table) : m_table(table) { ++m_table.m_ajoutsOuverts; }
+AjoutsDansTable::AjoutsDansTable(MyLV& table) : m_table(table)
+{
+    ++m_table.m_ajoutsOuverts;
+}
 
 AjoutsDansTable::~AjoutsDansTable()
 {

@@ -28,7 +28,10 @@ uint32_t Debut(const char* bloc, uint32_t champ)
     return debut;
 }
 
-size_t TailleEntete(uint32_t cellules) { return sizeof(uint32_t) * (cellules + 3); }
+size_t TailleEntete(uint32_t cellules)
+{
+    return sizeof(uint32_t) * (cellules + 3);
+}
 
 Cellule ChampDeBloc(const char* bloc, uint32_t champ)
 {
@@ -124,7 +127,10 @@ char* NouveauBloc(const Rangee& rangee)
     return bloc;
 }
 
-void LibererBloc(char* bloc) { std::free(bloc); }
+void LibererBloc(char* bloc)
+{
+    std::free(bloc);
+}
 
 size_t TailleBloc(const char* bloc)
 {

@@ -28,7 +28,10 @@ enum Drapeau : uint8_t {
 /// The row's marker.
 enum class Icone : uint8_t { Aucune = 0, NoIco = 1, Ico = 2, IcoError = 3 };
 
-inline Icone IconeDe(uint8_t drapeaux) { return static_cast<Icone>((drapeaux >> 1) & 3); }
+inline Icone IconeDe(uint8_t drapeaux)
+{
+    return static_cast<Icone>((drapeaux >> 1) & 3);
+}
 inline uint8_t AvecIcone(uint8_t drapeaux, Icone icone)
 {
     return static_cast<uint8_t>((drapeaux & ~(IconeBit0 | IconeBit1)) | (static_cast<uint8_t>(icone) << 1));

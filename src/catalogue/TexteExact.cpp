@@ -44,9 +44,15 @@ std::optional<QByteArray> LireFichier(const QString& chemin)
 
 } // namespace
 
-QString NomDuFichier() { return QStringLiteral("Zelvane.utf8"); }
+QString NomDuFichier()
+{
+    return QStringLiteral("Zelvane.utf8");
+}
 
-QByteArray Separateur() { return QByteArrayLiteral("[Zelvane.txt]\r\n"); }
+QByteArray Separateur()
+{
+    return QByteArrayLiteral("[Zelvane.txt]\r\n");
+}
 
 std::optional<qsizetype> FinDuTexteReduit(QByteArrayView utf8, QByteArrayView huitBits)
 {

@@ -1,6 +1,7 @@
 #include "shell/Main.h"
 
 #include "base/Const_Vrac.h"
+#include "base/Options.h"
 #include "platform/PageDeCode.h"
 
 #include <QFile>
@@ -8,9 +9,9 @@
 
 namespace {
 
-bool OptionVaut(const QString& cle, int defaut, double nombre)
+bool OptionVaut(const QString& cle, double nombre)
 {
-    return OptionEgale(LireOption(cle, defaut), nombre);
+    return OptionEgale(LireOption(cle), nombre);
 }
 
 void PasserLaMain(const QString& ligneDeCommande, EtapesDemarrage& etapes)
@@ -24,13 +25,13 @@ void PasserLaMain(const QString& ligneDeCommande, EtapesDemarrage& etapes)
 void Accueillir(EtapesDemarrage& etapes)
 {
     etapes.MontrerPresentation();
-    if (!OptionVaut(QStringLiteral("OpenLastFile"), 0, 0)) {
+    if (!OptionVaut(QStringLiteral("OpenLastFile"), 0)) {
         // Without a recent file this is the empty path, and the user is told that it does not exist. It is meant.
-        etapes.OuvrirFichier(LireOption(QStringLiteral("FRecent1"), QString()).toString());
+        etapes.OuvrirFichier(LireOption(QStringLiteral("FRecent1")).toString());
         etapes.MajMenuRecents();
     }
     // The setting says the opposite of its name: 1 keeps the tips away.
-    const bool sansAstuces = OptionVaut(QStringLiteral("ShowTipsAtStartup"), 0, 1);
+    const bool sansAstuces = OptionVaut(QStringLiteral("ShowTipsAtStartup"), 1);
     if (!sansAstuces && QFileInfo::exists(DossierProgramme() + QStringLiteral("astuces.txt")))
         etapes.MontrerAstuces();
 }
@@ -39,7 +40,7 @@ void Accueillir(EtapesDemarrage& etapes)
 
 SuiteDemarrage Main(const QString& ligneDeCommande, EtapesDemarrage& etapes)
 {
-    if (OptionVaut(QStringLiteral("VerrifAssociation"), 1, 1))
+    if (OptionVaut(QStringLiteral("VerrifAssociation"), 1))
         EnregistrerAssociation();
     etapes.ChargerCadre();
 

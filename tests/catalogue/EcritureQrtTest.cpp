@@ -70,11 +70,27 @@ TEST_F(Ecriture, EveryLineOfTheTextFollowsTheTable)
     d.table.SetSortOrder(1);
     d.doc.dependantcol = 2;
     ASSERT_TRUE(EcrireFichier14(d.doc, false));
-    EXPECT_EQ(Bare(), PageDeCode::VersOctets(QString::fromUtf8(Lignes(
-                          {"[FileInfo]", "Type=QRT FILE", "Version=1.4", "", "[ListView]", "GridLines=0", "Sorted=1",
-                           "SortKey=1", "SortOrder=1", "View=3", "", "[ColumHeaders]", "Count=2", "Colum1=A|1234,5|x|y",
-                           "Colum2=Prêté|1440|", "Dependant=2", "", "[ListItems]", "Count=2", "It1=un|Éric|",
-                           "It2=deux||i.gif"}))));
+    EXPECT_EQ(Bare(), PageDeCode::VersOctets(QString::fromUtf8(Lignes({"[FileInfo]",
+                                                                       "Type=QRT FILE",
+                                                                       "Version=1.4",
+                                                                       "",
+                                                                       "[ListView]",
+                                                                       "GridLines=0",
+                                                                       "Sorted=1",
+                                                                       "SortKey=1",
+                                                                       "SortOrder=1",
+                                                                       "View=3",
+                                                                       "",
+                                                                       "[ColumHeaders]",
+                                                                       "Count=2",
+                                                                       "Colum1=A|1234,5|x|y",
+                                                                       "Colum2=Prêté|1440|",
+                                                                       "Dependant=2",
+                                                                       "",
+                                                                       "[ListItems]",
+                                                                       "Count=2",
+                                                                       "It1=un|Éric|",
+                                                                       "It2=deux||i.gif"}))));
 }
 
 TEST_F(Ecriture, EntriesGoOutInDisplayOrderAndNumberedByIt)

@@ -135,7 +135,8 @@ TEST(ChargerFichier, AnythingButZeroIsTrueForGridAndSort)
 {
     FileDeReponses messages;
     DocumentDeTest d;
-    for (const auto& [valeur, attendu] : {std::pair("0", false), {"1", true}, {"", true}, {"non", true}, {"00", true}}) {
+    for (const auto& [valeur, attendu] :
+         {std::pair("0", false), {"1", true}, {"", true}, {"non", true}, {"00", true}}) {
         TexteDeCatalogue texte;
         texte.grille = texte.trie = valeur;
         d.Charger(texte.Texte());

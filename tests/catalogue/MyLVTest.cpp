@@ -277,8 +277,19 @@ TEST(MyLVOrder, FollowsFrenchCollation)
 {
     MyLV table;
     MettreColonnes(table, {"A"});
-    AjouterEntrees(table, {{"zèbre"}, {"Élan"}, {"elan"}, {"côté"}, {"coté"}, {"cote"}, {"côte"}, {"10"}, {"9"}, {"-a"},
-                           {"a"}, {"œuf"}, {"of"}});
+    AjouterEntrees(table, {{"zèbre"},
+                           {"Élan"},
+                           {"elan"},
+                           {"côté"},
+                           {"coté"},
+                           {"cote"},
+                           {"côte"},
+                           {"10"},
+                           {"9"},
+                           {"-a"},
+                           {"a"},
+                           {"œuf"},
+                           {"of"}});
     table.SetSorted(true);
     EXPECT_EQ(ColonneDe(table, 1), QStringList({"-a", "10", "9", "a", "cote", "coté", "côte", "côté", "elan", "Élan",
                                                 "œuf", "of", "zèbre"}));

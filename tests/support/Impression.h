@@ -7,7 +7,10 @@
 
 #include <ostream>
 
-inline void PrintTo(const QString& texte, std::ostream* flux) { *flux << '"' << texte.toStdString() << '"'; }
+inline void PrintTo(const QString& texte, std::ostream* flux)
+{
+    *flux << '"' << texte.toStdString() << '"';
+}
 inline void PrintTo(const QByteArray& octets, std::ostream* flux)
 {
     *flux << '"' << octets.left(2000).toPercentEncoding(" []|=/,;:?!+*()'").toStdString() << '"';

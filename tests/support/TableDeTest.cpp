@@ -44,11 +44,13 @@ void DocumentDeTest::Charger(const QByteArray& texte)
 
 QByteArray TexteDeCatalogue::Texte() const
 {
-    const auto compte = [](const QByteArray& donne, qsizetype n) { return donne.isEmpty() ? QByteArray::number(n) : donne; };
-    QByteArray texte = Lignes({"[FileInfo]", "Type=QRT FILE", "Version=" + version, "", "[ListView]",
-                               "GridLines=" + grille, "Sorted=" + trie, "SortKey=" + cleDeTri,
-                               "SortOrder=" + sensDeTri, "View=" + vue, "", "[ColumHeaders]",
-                               "Count=" + compte(nombreDeColonnes, colonnes.size())});
+    const auto compte = [](const QByteArray& donne, qsizetype n) {
+        return donne.isEmpty() ? QByteArray::number(n) : donne;
+    };
+    QByteArray texte =
+        Lignes({"[FileInfo]", "Type=QRT FILE", "Version=" + version, "", "[ListView]", "GridLines=" + grille,
+                "Sorted=" + trie, "SortKey=" + cleDeTri, "SortOrder=" + sensDeTri, "View=" + vue, "", "[ColumHeaders]",
+                "Count=" + compte(nombreDeColonnes, colonnes.size())});
     for (qsizetype i = 0; i < colonnes.size(); ++i)
         texte += "Colum" + QByteArray::number(i + 1) + "=" + colonnes[i] + "\r\n";
     texte += Lignes({"Dependant=" + dependante, "", "[ListItems]", "Count=" + compte(nombreDEntrees, entrees.size())});
