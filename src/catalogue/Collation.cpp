@@ -110,45 +110,78 @@ void ClesDeTri::Ajouter(const stockage::Cellule& cellule)
     m_fins.push_back(m_arene.size());
 }
 
-std::vector<uint32_t> ClesDeTri::Ordre(bool descendant) const
+namespace {
+
+/// One key while it is being sorted: eight of its bytes, and whose they are.
+struct Element
 {
-    // The first eight bytes decide nearly always and lie in the element that moves; zero bytes fill short keys, which
-    // is right as a key holds none.
-    struct Element
+    uint64_t tete;
+    uint32_t numero;
+};
+
+/// Elements whose keys are equal up to `profondeur`.
+struct Groupe
+{
+    size_t debut;
+    size_t fin;
+    uint64_t profondeur;
+};
+
+/// The order of elements by the bytes in hand. What is equal in them stays in the order of adding.
+struct Avant
+{
+    bool descendant;
+    bool operator()(const Element& a, const Element& b) const
     {
-        uint64_t tete;
-        uint32_t numero;
-    };
-    const auto debutDe = [this](uint32_t numero) { return numero == 0 ? 0 : m_fins[numero - 1]; };
-
-    std::vector<Element> elements(m_fins.size());
-    for (uint32_t i = 0; i < elements.size(); ++i) {
-        const uint64_t debut = debutDe(i);
-        uint8_t octets[8] = {};
-        std::memcpy(octets, m_arene.data() + debut, std::min<uint64_t>(8, m_fins[i] - debut));
-        uint64_t tete = 0;
-        for (const uint8_t octet : octets)
-            tete = tete << 8 | octet;
-        elements[i] = {tete, i};
-    }
-
-    const auto comparerSuites = [&](uint32_t a, uint32_t b) -> int {
-        const uint64_t debutA = debutDe(a), debutB = debutDe(b);
-        const uint64_t tailleA = m_fins[a] - debutA, tailleB = m_fins[b] - debutB;
-        const int ordre = std::memcmp(m_arene.data() + debutA, m_arene.data() + debutB, std::min(tailleA, tailleB));
-        if (ordre != 0)
-            return ordre;
-        return tailleA < tailleB ? -1 : tailleA > tailleB;
-    };
-    const auto avant = [&](const Element& a, const Element& b) {
         if (a.tete != b.tete)
             return descendant ? a.tete > b.tete : a.tete < b.tete;
-        const int ordre = comparerSuites(a.numero, b.numero);
-        if (ordre != 0)
-            return descendant ? ordre > 0 : ordre < 0;
         return a.numero < b.numero;
-    };
-    std::sort(elements.begin(), elements.end(), avant);
+    }
+};
+
+} // namespace
+
+uint64_t ClesDeTri::Tete(uint32_t numero, uint64_t profondeur) const
+{
+    // Zero bytes fill up a key that ends: right as an order, since a key holds none.
+    const uint64_t debut = (numero == 0 ? 0 : m_fins[numero - 1]) + profondeur;
+    uint8_t octets[8] = {};
+    if (debut < m_fins[numero])
+        std::memcpy(octets, m_arene.data() + debut, std::min<uint64_t>(8, m_fins[numero] - debut));
+    uint64_t tete = 0;
+    for (const uint8_t octet : octets)
+        tete = tete << 8 | octet;
+    return tete;
+}
+
+std::vector<uint32_t> ClesDeTri::Ordre(bool descendant) const
+{
+    // Eight bytes at a time, and deeper only among the keys that are equal so far: many entries with one value cost a
+    // pass over their keys, not a comparison of whole keys for each step of the sort.
+    const Avant avant{descendant};
+    std::vector<Element> elements(m_fins.size());
+    for (uint32_t i = 0; i < elements.size(); ++i)
+        elements[i].numero = i;
+    std::vector<Groupe> groupes{{0, elements.size(), 0}};
+    while (!groupes.empty()) {
+        const Groupe groupe = groupes.back();
+        groupes.pop_back();
+        const auto debut = elements.begin() + static_cast<std::ptrdiff_t>(groupe.debut);
+        const auto fin = elements.begin() + static_cast<std::ptrdiff_t>(groupe.fin);
+        for (auto it = debut; it != fin; ++it)
+            it->tete = Tete(it->numero, groupe.profondeur);
+        if (!std::is_sorted(debut, fin, avant))
+            std::sort(debut, fin, avant);
+        for (auto it = debut; it != fin;) {
+            const uint64_t tete = it->tete;
+            const auto suite = std::find_if(it, fin, [tete](const Element& e) { return e.tete != tete; });
+            const bool fini = (tete & 0xFF) == 0;
+            if (suite - it > 1 && !fini)
+                groupes.push_back({static_cast<size_t>(it - elements.begin()),
+                                   static_cast<size_t>(suite - elements.begin()), groupe.profondeur + 8});
+            it = suite;
+        }
+    }
 
     std::vector<uint32_t> ordre(elements.size());
     std::transform(elements.begin(), elements.end(), ordre.begin(), [](const Element& e) { return e.numero; });

@@ -43,6 +43,9 @@ public:
     std::vector<uint32_t> Ordre(bool descendant) const;
 
 private:
+    /// Eight bytes of a key from `profondeur` on, the first one highest.
+    uint64_t Tete(uint32_t numero, uint64_t profondeur) const;
+
     std::vector<uint8_t> m_arene;
     std::vector<uint64_t> m_fins; // end of each key in the arena
 };
