@@ -3,6 +3,7 @@
 #include <unicode/ucnv.h>
 
 #include <algorithm>
+#include <cstdint>
 
 namespace PageDeCode {
 
@@ -52,33 +53,35 @@ int OctetDe(char16_t unite)
 
 QString VersTexte(QByteArrayView octets)
 {
-    const auto& table = TableVersUnicode();
+    const char16_t* const table = LesTables().versUnicode.data();
     QString texte(octets.size(), Qt::Uninitialized);
-    QChar* sortie = texte.data();
-    for (const char octet : octets)
-        *sortie++ = QChar(table[static_cast<uchar>(octet)]);
+    std::transform(octets.begin(), octets.end(), reinterpret_cast<char16_t*>(texte.data()),
+                   [table](char octet) { return table[static_cast<uchar>(octet)]; });
     return texte;
 }
 
 QByteArray VersOctets(QStringView texte)
 {
-    const auto& table = LesTables().versOctet;
-    QByteArray octets;
-    octets.reserve(texte.size());
-    for (qsizetype i = 0; i < texte.size(); ++i) {
-        const QChar c = texte[i];
-        const int octet = table[c.unicode()];
-        octets.append(octet >= 0 ? static_cast<char>(octet) : '?');
-        if (c.isHighSurrogate() && i + 1 < texte.size() && texte[i + 1].isLowSurrogate())
-            ++i;
+    const int16_t* const table = LesTables().versOctet.data();
+    QByteArray octets(texte.size(), Qt::Uninitialized);
+    char* sortie = octets.data();
+    const char16_t* unite = texte.utf16();
+    const char16_t* const fin = unite + texte.size();
+    while (unite < fin) {
+        const int octet = table[*unite];
+        *sortie++ = octet >= 0 ? static_cast<char>(octet) : '?';
+        const bool paire =
+            octet < 0 && fin - unite > 1 && QChar::isHighSurrogate(*unite) && QChar::isLowSurrogate(unite[1]);
+        unite += paire ? 2 : 1;
     }
+    octets.truncate(sortie - octets.constData());
     return octets;
 }
 
 bool EstRepresentable(QStringView texte)
 {
-    const auto& table = LesTables().versOctet;
-    return std::all_of(texte.begin(), texte.end(), [&](QChar c) { return table[c.unicode()] >= 0; });
+    const int16_t* const table = LesTables().versOctet.data();
+    return std::all_of(texte.utf16(), texte.utf16() + texte.size(), [&](char16_t unite) { return table[unite] >= 0; });
 }
 
 QByteArray ReduireUtf8(QByteArrayView utf8)

@@ -1,0 +1,203 @@
+#include "platform/FichiersIni.h"
+#include "support/Impression.h"
+#include "support/PlateformeDeTest.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <sys/resource.h>
+
+namespace {
+
+/// Files cannot grow beyond so many bytes while it lives, as on a full disk.
+class LimiteTaille
+{
+public:
+    explicit LimiteTaille(rlim_t octets) : m_signal(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        getrlimit(RLIMIT_FSIZE, &m_avant);
+        const rlimit limite{octets, m_avant.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limite);
+    }
+    ~LimiteTaille()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_avant);
+        std::signal(SIGXFSZ, m_signal);
+    }
+    LimiteTaille(const LimiteTaille&) = delete;
+    LimiteTaille& operator=(const LimiteTaille&) = delete;
+
+private:
+    rlimit m_avant{};
+    void (*m_signal)(int);
+};
+
+class FichiersIniDisqueTest : public testing::Test
+{
+protected:
+    DossierDeTest m_dossier;
+    FichiersIniDisque m_ini;
+};
+
+TEST_F(FichiersIniDisqueTest, ReadsWhatItWrote)
+{
+    const QString fichier = m_dossier.Fichier("a.ini");
+
+    EXPECT_TRUE(m_ini.Ecrire(fichier, "Preter", "Nom1", "Élodie|"));
+
+    EXPECT_EQ(m_dossier.Lire("a.ini"), "[Preter]\r\nNom1=\xC9lodie|\r\n");
+    EXPECT_EQ(m_ini.Lire(fichier, "preter", "NOM1").valeur, "Élodie|");
+}
+
+TEST_F(FichiersIniDisqueTest, ReadsNothingFromAMissingFile)
+{
+    const FichiersIni::Lecture lecture = m_ini.Lire(m_dossier.Fichier("none.ini"), "s", "k");
+
+    EXPECT_EQ(lecture.valeur, std::nullopt);
+    EXPECT_EQ(lecture.erreur, "");
+}
+
+TEST_F(FichiersIniDisqueTest, TakesAFolderForAFileThatCannotBeOpened)
+{
+    EXPECT_EQ(m_ini.Lire(m_dossier.Chemin(), "s", "k").valeur, std::nullopt);
+    EXPECT_FALSE(m_ini.Ecrire(m_dossier.Chemin(), "s", "k", "1"));
+}
+
+TEST_F(FichiersIniDisqueTest, LeavesAReadOnlyFileAlone)
+{
+    const QString fichier = m_dossier.Ecrire("a.ini", "[s]\nk=1\n");
+    ASSERT_TRUE(AttributsDisque().MettreLectureSeule(fichier, true));
+
+    EXPECT_FALSE(m_ini.Ecrire(fichier, "s", "k", "2"));
+    EXPECT_FALSE(m_ini.SupprimerCle(fichier, "s", "k"));
+    EXPECT_FALSE(m_ini.SupprimerSection(fichier, "s"));
+
+    EXPECT_EQ(m_dossier.Lire("a.ini"), "[s]\nk=1\n");
+    EXPECT_TRUE(AttributsDisque().EstLectureSeule(fichier));
+}
+
+TEST_F(FichiersIniDisqueTest, FailsVisiblyWithoutAFolder)
+{
+    EXPECT_FALSE(m_ini.Ecrire(m_dossier.Fichier("none/a.ini"), "s", "k", "1"));
+    EXPECT_FALSE(m_dossier.Existe("none"));
+}
+
+TEST_F(FichiersIniDisqueTest, RefusesATextThatAnIniFileCannotHold)
+{
+    const QString fichier = m_dossier.Ecrire("a.ini", "[s]\nk=1\n");
+
+    EXPECT_FALSE(m_ini.Ecrire(fichier, "s", "k", "a\nb"));
+
+    EXPECT_EQ(m_dossier.Lire("a.ini"), "[s]\nk=1\n");
+}
+
+TEST_F(FichiersIniDisqueTest, KeepsPermissionsAndLeavesNoOtherFile)
+{
+    const QString fichier = m_dossier.Ecrire("a.ini", "[s]\nk=1\n");
+    constexpr auto permissions = QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup;
+    ASSERT_TRUE(QFile::setPermissions(fichier, permissions));
+
+    EXPECT_TRUE(m_ini.Ecrire(fichier, "s", "k", "2"));
+
+    constexpr auto utilisateur = QFileDevice::ReadUser | QFileDevice::WriteUser | QFileDevice::ExeUser;
+    EXPECT_EQ(QFileInfo(fichier).permissions() & ~utilisateur, permissions);
+    EXPECT_EQ(QDir(m_dossier.Chemin()).entryList(QDir::Files | QDir::Hidden), QStringList{"a.ini"});
+}
+
+TEST_F(FichiersIniDisqueTest, PutsANewFileInTheOldOnesPlace)
+{
+    // Whoever has the old file open goes on reading it whole.
+    const QString fichier = m_dossier.Ecrire("a.ini", "[s]\nk=1\n");
+    QFile ancien(fichier);
+    ASSERT_TRUE(ancien.open(QIODevice::ReadOnly));
+
+    EXPECT_TRUE(m_ini.Ecrire(fichier, "s", "k", "much longer than before"));
+
+    EXPECT_EQ(ancien.readAll(), "[s]\nk=1\n");
+    EXPECT_EQ(m_dossier.Lire("a.ini"), "[s]\nk=much longer than before\n");
+}
+
+TEST_F(FichiersIniDisqueTest, KeepsTheOldFileWhenTheDiskTakesNoMore)
+{
+    const QString fichier = m_dossier.Ecrire("a.ini", "[s]\nk=1\n");
+
+    {
+        const LimiteTaille limite(16);
+        EXPECT_FALSE(m_ini.Ecrire(fichier, "s", "k", QString(100000, u'x')));
+    }
+
+    EXPECT_EQ(m_dossier.Lire("a.ini"), "[s]\nk=1\n");
+    EXPECT_EQ(QDir(m_dossier.Chemin()).entryList(QDir::Files | QDir::Hidden), QStringList{"a.ini"});
+}
+
+TEST_F(FichiersIniDisqueTest, WritesThroughALink)
+{
+    const QString fichier = m_dossier.Ecrire("a.ini", "[s]\nk=1\n");
+    const QString lien = m_dossier.Fichier("b.ini");
+    ASSERT_TRUE(QFile::link(fichier, lien));
+
+    EXPECT_TRUE(m_ini.Ecrire(lien, "s", "k", "2"));
+
+    EXPECT_EQ(m_dossier.Lire("a.ini"), "[s]\nk=2\n");
+    EXPECT_TRUE(QFileInfo(lien).isSymLink());
+}
+
+TEST_F(FichiersIniDisqueTest, RemovesKeysAndSections)
+{
+    const QString fichier = m_dossier.Ecrire("a.ini", "[s]\nk=1\nl=2\n[t]\nk=3\n");
+
+    EXPECT_TRUE(m_ini.SupprimerCle(fichier, "s", "k"));
+    EXPECT_EQ(m_dossier.Lire("a.ini"), "[s]\nl=2\n[t]\nk=3\n");
+    EXPECT_TRUE(m_ini.SupprimerSection(fichier, "t"));
+    EXPECT_EQ(m_dossier.Lire("a.ini"), "[s]\nl=2\n");
+}
+
+TEST_F(FichiersIniDisqueTest, RemovesWhatIsNotThereWithoutMakingAFile)
+{
+    EXPECT_TRUE(m_ini.SupprimerCle(m_dossier.Fichier("none.ini"), "s", "k"));
+    EXPECT_TRUE(m_ini.SupprimerSection(m_dossier.Fichier("none.ini"), "s"));
+    EXPECT_FALSE(m_dossier.Existe("none.ini"));
+}
+
+TEST(FichiersIniTest, WritesNothingWhenTheFileHoldsItAlready)
+{
+    FichiersIniEnMemoire ini;
+    ini.fichiers["a"] = "[s]\nk=1\n";
+
+    EXPECT_TRUE(ini.Ecrire("a", "s", "k", "1"));
+    EXPECT_EQ(ini.ecritures, 0);
+    EXPECT_TRUE(ini.Ecrire("a", "s", "k", "2"));
+    EXPECT_EQ(ini.ecritures, 1);
+}
+
+TEST(FichiersIniTest, NeverReplacesAFileThatItCouldNotRead)
+{
+    FichiersIniEnMemoire ini;
+    ini.fichiers = {{"ferme", "[s]\nk=1\n"}, {"casse", "[s]\nk=1\n"}};
+    ini.fermes = {"ferme"};
+    ini.casses = {"casse"};
+
+    for (const char* fichier : {"ferme", "casse"}) {
+        EXPECT_FALSE(ini.Ecrire(fichier, "s", "k", "2"));
+        EXPECT_FALSE(ini.SupprimerCle(fichier, "s", "k"));
+        EXPECT_FALSE(ini.SupprimerSection(fichier, "s"));
+    }
+    EXPECT_EQ(ini.ecritures, 0);
+}
+
+TEST(FichiersIniTest, TellsAReadThatFailedFromAFileThatIsClosed)
+{
+    FichiersIniEnMemoire ini;
+    ini.fermes = {"ferme"};
+    ini.casses = {"casse"};
+
+    EXPECT_EQ(ini.Lire("ferme", "s", "k").erreur, "");
+    EXPECT_EQ(ini.Lire("casse", "s", "k").erreur, "Input/output error");
+    EXPECT_EQ(ini.Lire("casse", "s", "k").valeur, std::nullopt);
+}
+
+} // namespace

@@ -1,0 +1,88 @@
+#include "platform/Reglages.h"
+#include "support/DossierDeTest.h"
+#include "support/Impression.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class ReglagesFichierTest : public testing::Test
+{
+protected:
+    DossierDeTest m_dossier;
+    QString m_fichier = m_dossier.Fichier("config/zelvane.ini");
+};
+
+TEST_F(ReglagesFichierTest, HasNothingThatWasNeverWritten)
+{
+    const ReglagesFichier reglages(m_fichier);
+
+    EXPECT_EQ(reglages.Lire("Options", "TempFolder"), std::nullopt);
+    EXPECT_FALSE(m_dossier.Existe("config/zelvane.ini"));
+}
+
+TEST_F(ReglagesFichierTest, KeepsTextsFromRunToRun)
+{
+    const QStringList textes = {"",     "1",  "8,25", "/home/é/a b;c", "@Invalid()", "\"x\"",
+                                "a\\b", "%1", " a ",  "1, 2",          "Ω"};
+    for (const QString& texte : textes) {
+        ReglagesFichier(m_fichier).Ecrire("Options", "k", texte);
+        EXPECT_EQ(ReglagesFichier(m_fichier).Lire("Options", "k"), texte);
+    }
+}
+
+TEST_F(ReglagesFichierTest, TakesAKeyInAnyCase)
+{
+    ReglagesFichier reglages(m_fichier);
+
+    reglages.Ecrire("Options", "OpenlastFile", "1");
+
+    EXPECT_EQ(reglages.Lire("Options", "OpenLastFile"), "1");
+    EXPECT_EQ(reglages.Lire("Options", "OPENLASTFILE"), "1");
+}
+
+TEST_F(ReglagesFichierTest, KeepsSectionsApart)
+{
+    ReglagesFichier reglages(m_fichier);
+
+    reglages.Ecrire("HwndInstance", "Hwnd", "12");
+
+    EXPECT_EQ(reglages.Lire("HwndInstance", "hwnd"), "12");
+    EXPECT_EQ(reglages.Lire("Options", "Hwnd"), std::nullopt);
+}
+
+TEST_F(ReglagesFichierTest, StoresUnderTheSectionAndTheKeyInLowerCase)
+{
+    ReglagesFichier(m_fichier).Ecrire("Options", "FRecent1", "x");
+
+    EXPECT_EQ(m_dossier.Lire("config/zelvane.ini"), "[Options]\nfrecent1=x\n");
+}
+
+TEST_F(ReglagesFichierTest, ReadsAHandWrittenListAsText)
+{
+    m_dossier.Ecrire("config/zelvane.ini", "[Options]\nfusionnercol=a, b\n");
+
+    EXPECT_EQ(ReglagesFichier(m_fichier).Lire("Options", "FusionnerCol"), "a, b");
+}
+
+TEST_F(ReglagesFichierTest, GoesOnWithoutAFileItCanWrite)
+{
+    m_dossier.Ecrire("config", "a file where the folder should be");
+
+    ReglagesFichier reglages(m_fichier);
+    reglages.Ecrire("Options", "k", "1");
+
+    EXPECT_EQ(reglages.Lire("Options", "k"), "1");
+}
+
+TEST_F(ReglagesFichierTest, LiesInTheUsersFolderForSettings)
+{
+    const QByteArray avant = qgetenv("XDG_CONFIG_HOME");
+    qputenv("XDG_CONFIG_HOME", m_dossier.Fichier("xdg").toUtf8());
+
+    EXPECT_EQ(ReglagesFichier::FichierParDefaut(), m_dossier.Fichier("xdg/zelvane/zelvane.ini"));
+
+    avant.isNull() ? qunsetenv("XDG_CONFIG_HOME") : qputenv("XDG_CONFIG_HOME", avant);
+}
+
+} // namespace
