@@ -1,0 +1,347 @@
+#include "base/Const_Vrac.h"
+#include "platform/VerrouDossier.h"
+#include "support/Impression.h"
+#include "support/PlateformeDeTest.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+namespace {
+
+class DossiersTempTest : public testing::Test
+{
+protected:
+    /// Makes the next draws give these numbers.
+    void Tirer(std::initializer_list<int> numeros)
+    {
+        for (const int numero : numeros)
+            m_hasard.tirages.append((numero - 0.5) / 500);
+    }
+
+    QString Temp(const QString& suite) const { return TempFolder + u'/' + suite; }
+
+    const DossierDeTest& m_dossier = PlateformeDeTest::Courante().dossier;
+    HasardPrepare& m_hasard = PlateformeDeTest::Courante().hasard;
+};
+
+using CreerDossierTempTest = DossiersTempTest;
+using SupprimerDossierTest = DossiersTempTest;
+using InitialiserTempFolderTest = DossiersTempTest;
+
+TEST_F(CreerDossierTempTest, CreatesTheFolderOfTheNumberDrawn)
+{
+    Tirer({37});
+
+    EXPECT_EQ(CreerDossierTemp(), Temp("cat37/"));
+
+    EXPECT_TRUE(QFileInfo(Temp("cat37")).isDir());
+}
+
+TEST_F(CreerDossierTempTest, DrawsFromOneTo500)
+{
+    m_hasard.tirages = {0.0, 0.9999999998};
+
+    EXPECT_EQ(CreerDossierTemp(), Temp("cat1/"));
+    EXPECT_EQ(CreerDossierTemp(), Temp("cat500/"));
+}
+
+TEST_F(CreerDossierTempTest, SeedsFromTheClock)
+{
+    HorlogeArretee& horloge = PlateformeDeTest::Courante().horloge;
+
+    CreerDossierTemp();
+    CreerDossierTemp();
+    horloge.heure = horloge.heure.addMSecs(1);
+    CreerDossierTemp();
+
+    ASSERT_EQ(m_hasard.graines.size(), 3);
+    EXPECT_EQ(m_hasard.graines[0], m_hasard.graines[1]);
+    EXPECT_NE(m_hasard.graines[1], m_hasard.graines[2]);
+}
+
+TEST_F(CreerDossierTempTest, IsTheUsersAlone)
+{
+    Tirer({37});
+    CreerDossierTemp();
+
+    struct stat etat
+    {
+    };
+    ASSERT_EQ(stat(QFile::encodeName(Temp("cat37")).constData(), &etat), 0);
+    EXPECT_EQ(etat.st_mode & 0777, 0700u);
+}
+
+TEST_F(CreerDossierTempTest, TestsANameWithoutASeparator)
+{
+    // Beside TempFolder, not in it: this name is taken ...
+    QDir().mkpath(TempFolder + "cat37");
+    Tirer({37, 38});
+
+    EXPECT_EQ(CreerDossierTemp(), Temp("cat38/"));
+}
+
+TEST_F(CreerDossierTempTest, UsesAFolderAgainThatAnEarlierRunLeft)
+{
+    // ... and this one is not looked at.
+    m_dossier.Ecrire("temp/cat37/left.txt", "x");
+    Tirer({37});
+
+    EXPECT_EQ(CreerDossierTemp(), Temp("cat37/"));
+
+    EXPECT_TRUE(m_dossier.Existe("temp/cat37/left.txt"));
+    EXPECT_EQ(m_hasard.tires, 1);
+}
+
+TEST_F(CreerDossierTempTest, TestsTheFolderItselfWhenTempFolderEndsInASeparator)
+{
+    TempFolder += u'/';
+    QDir().mkpath(TempFolder + "cat37");
+    Tirer({37, 38});
+
+    EXPECT_EQ(CreerDossierTemp(), TempFolder + "cat38/");
+}
+
+TEST_F(CreerDossierTempTest, TestsForFoldersOnly)
+{
+    m_dossier.Ecrire("tempcat37", "a file");
+    Tirer({37});
+
+    EXPECT_EQ(CreerDossierTemp(), Temp("cat37/"));
+}
+
+TEST_F(CreerDossierTempTest, NeverGivesAFolderTwiceWhileItIsHeld)
+{
+    Tirer({37, 37, 37, 38});
+
+    EXPECT_EQ(CreerDossierTemp(), Temp("cat37/"));
+    EXPECT_EQ(CreerDossierTemp(), Temp("cat38/"));
+    EXPECT_EQ(DossiersTempTenus(), (QStringList{Temp("cat37/"), Temp("cat38/")}));
+}
+
+TEST_F(CreerDossierTempTest, KnowsAHeldFolderUnderAnotherSpelling)
+{
+    Tirer({37});
+    CreerDossierTemp();
+    TempFolder = m_dossier.Fichier("./temp");
+    Tirer({37, 38});
+
+    EXPECT_EQ(CreerDossierTemp(), m_dossier.Fichier("./temp/cat38/"));
+}
+
+TEST_F(CreerDossierTempTest, GivesADeletedFolderAgain)
+{
+    Tirer({37, 37});
+    SupprimerDossier(CreerDossierTemp(), true);
+
+    EXPECT_EQ(CreerDossierTemp(), Temp("cat37/"));
+    EXPECT_TRUE(m_dossier.Existe("temp/cat37"));
+}
+
+TEST_F(CreerDossierTempTest, LeavesAnotherProcessItsFolder)
+{
+    QDir().mkpath(Temp("cat37"));
+    const std::optional<VerrouDossier> autreProcessus = VerrouDossier::Prendre(Temp("cat37"));
+    ASSERT_TRUE(autreProcessus);
+    Tirer({37, 38});
+
+    EXPECT_EQ(CreerDossierTemp(), Temp("cat38/"));
+}
+
+TEST_F(CreerDossierTempTest, HoldsItsFolderAgainstOtherProcesses)
+{
+    const QString dossier = CreerDossierTemp();
+
+    EXPECT_FALSE(VerrouDossier::Prendre(dossier));
+    SupprimerDossier(dossier, false);
+    EXPECT_FALSE(VerrouDossier::Prendre(dossier)) << "also after it was emptied";
+}
+
+TEST_F(CreerDossierTempTest, NeverTakesALink)
+{
+    m_dossier.Ecrire("precious/file.txt", "x");
+    ASSERT_TRUE(QFile::link(m_dossier.Fichier("precious"), Temp("cat37")));
+    Tirer({37, 38});
+
+    EXPECT_EQ(CreerDossierTemp(), Temp("cat38/"));
+}
+
+TEST_F(CreerDossierTempTest, GoesBeyond500WhenAllAreHeld)
+{
+    for (int numero = 1; numero <= 500; ++numero)
+        CreerDossierTemp();
+    ASSERT_EQ(DossiersTempTenus().size(), 500);
+
+    EXPECT_EQ(CreerDossierTemp(), Temp("cat501/"));
+    EXPECT_EQ(CreerDossierTemp(), Temp("cat502/"));
+
+    // A number that comes free is drawn again.
+    SupprimerDossier(Temp("cat12/"), true);
+    EXPECT_EQ(CreerDossierTemp(), Temp("cat12/"));
+}
+
+TEST_F(CreerDossierTempTest, EndsWhenAllNamesAreTakenOnTheDisk)
+{
+    TempFolder += u'/';
+    for (int numero = 1; numero <= 501; ++numero)
+        QDir().mkpath(TempFolder + "cat" + QString::number(numero));
+
+    EXPECT_EQ(CreerDossierTemp(), TempFolder + "cat502/");
+}
+
+TEST_F(CreerDossierTempTest, ReturnsThePathAlsoWhenTheFolderCannotBeCreated)
+{
+    m_dossier.Ecrire("temp/cat37", "a file");
+    Tirer({37});
+
+    EXPECT_EQ(CreerDossierTemp(), Temp("cat37/"));
+}
+
+TEST_F(CreerDossierTempTest, FindsItsBaseWhenNobodyHasSetIt)
+{
+    TempFolder.clear();
+    Tirer({37});
+
+    EXPECT_EQ(CreerDossierTemp(), DossierProgramme() + "temp/cat37/");
+}
+
+TEST_F(InitialiserTempFolderTest, IsTempInTheProgramsFolderByDefault)
+{
+    QDir(TempFolder).removeRecursively();
+    TempFolder.clear();
+
+    InitialiserTempFolder();
+
+    EXPECT_EQ(TempFolder, DossierProgramme() + "temp");
+    EXPECT_TRUE(m_dossier.Existe("temp"));
+}
+
+TEST_F(InitialiserTempFolderTest, IsTheFolderOfTheSettings)
+{
+    QDir().mkpath(m_dossier.Fichier("ailleurs"));
+    EcrireOption("TempFolder", m_dossier.Fichier("ailleurs"));
+
+    InitialiserTempFolder();
+
+    EXPECT_EQ(TempFolder, m_dossier.Fichier("ailleurs"));
+}
+
+TEST_F(InitialiserTempFolderTest, RevertsToTheDefaultForThisRunWhenTheFolderIsGone)
+{
+    for (const QString& perdu : {m_dossier.Fichier("gone"), QString(), m_dossier.Ecrire("file", "x")}) {
+        EcrireOption("TempFolder", perdu);
+
+        InitialiserTempFolder();
+
+        EXPECT_EQ(TempFolder, DossierProgramme() + "temp");
+        EXPECT_EQ(LireOption("TempFolder", "x"), QVariant(perdu)) << "the setting stays";
+    }
+}
+
+TEST_F(SupprimerDossierTest, DeletesAFolderWithAllItHolds)
+{
+    m_dossier.Ecrire("a/b/c/file.txt", "x");
+    m_dossier.Ecrire("a/.hidden", "x");
+    QDir().mkpath(m_dossier.Fichier("a/empty"));
+
+    SupprimerDossier(m_dossier.Fichier("a/"), true);
+
+    EXPECT_FALSE(m_dossier.Existe("a"));
+}
+
+TEST_F(SupprimerDossierTest, CreatesItAgainEmpty)
+{
+    m_dossier.Ecrire("a/file.txt", "x");
+
+    SupprimerDossier(m_dossier.Fichier("a"), false);
+
+    EXPECT_TRUE(m_dossier.Existe("a"));
+    EXPECT_TRUE(QDir(m_dossier.Fichier("a")).isEmpty());
+}
+
+TEST_F(SupprimerDossierTest, CreatesAFolderThatWasNotThere)
+{
+    SupprimerDossier(m_dossier.Fichier("a"), true);
+    EXPECT_FALSE(m_dossier.Existe("a"));
+
+    SupprimerDossier(m_dossier.Fichier("a"), false);
+    EXPECT_TRUE(m_dossier.Existe("a"));
+}
+
+TEST_F(SupprimerDossierTest, TakesOneSeparatorOff)
+{
+    for (const char* chemin : {"a", "a/", "a\\"}) {
+        m_dossier.Ecrire("a/file.txt", "x");
+        SupprimerDossier(m_dossier.Fichier(chemin), true);
+        EXPECT_FALSE(m_dossier.Existe("a")) << chemin;
+    }
+}
+
+TEST_F(SupprimerDossierTest, DoesNothingForAnEmptyPath)
+{
+    const QString ici = QDir::currentPath();
+    QDir::setCurrent(m_dossier.Chemin());
+    m_dossier.Ecrire("file.txt", "x");
+
+    SupprimerDossier("", true);
+    SupprimerDossier("", false);
+
+    EXPECT_TRUE(m_dossier.Existe("file.txt"));
+    QDir::setCurrent(ici);
+}
+
+TEST_F(SupprimerDossierTest, NeverFollowsALink)
+{
+    m_dossier.Ecrire("precious/file.txt", "x");
+    QDir().mkpath(m_dossier.Fichier("a"));
+    ASSERT_TRUE(QFile::link(m_dossier.Fichier("precious"), m_dossier.Fichier("a/link")));
+    ASSERT_TRUE(QFile::link(m_dossier.Fichier("precious/file.txt"), m_dossier.Fichier("a/linkToFile")));
+    ASSERT_TRUE(QFile::link(m_dossier.Fichier("precious"), m_dossier.Fichier("b")));
+
+    SupprimerDossier(m_dossier.Fichier("a"), true);
+    SupprimerDossier(m_dossier.Fichier("b/"), true);
+
+    EXPECT_EQ(m_dossier.Lire("precious/file.txt"), "x");
+    EXPECT_FALSE(m_dossier.Existe("a"));
+    EXPECT_FALSE(QFileInfo(m_dossier.Fichier("b")).isSymLink());
+}
+
+TEST_F(SupprimerDossierTest, LeavesAFileAlone)
+{
+    m_dossier.Ecrire("a", "x");
+
+    SupprimerDossier(m_dossier.Fichier("a"), true);
+
+    EXPECT_EQ(m_dossier.Lire("a"), "x");
+}
+
+TEST_F(SupprimerDossierTest, DeletesNamesThatAreNoUtf8)
+{
+    const QByteArray chemin = QFile::encodeName(m_dossier.Fichier("a/")) + "\xE9t\xE9";
+    ASSERT_TRUE(QDir().mkpath(m_dossier.Fichier("a")));
+    FILE* fichier = std::fopen(chemin.constData(), "w");
+    ASSERT_NE(fichier, nullptr);
+    std::fclose(fichier);
+
+    SupprimerDossier(m_dossier.Fichier("a"), true);
+
+    EXPECT_FALSE(m_dossier.Existe("a"));
+}
+
+TEST_F(SupprimerDossierTest, KeepsAHeldFolderHeldUntilItIsGoneForGood)
+{
+    Tirer({37, 37, 38});
+    const QString dossier = CreerDossierTemp();
+
+    SupprimerDossier(dossier, false);
+    EXPECT_EQ(CreerDossierTemp(), Temp("cat38/"));
+
+    SupprimerDossier(dossier, true);
+    EXPECT_EQ(DossiersTempTenus(), QStringList{Temp("cat38/")});
+}
+
+} // namespace
