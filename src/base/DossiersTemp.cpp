@@ -1,6 +1,7 @@
 // The temporary folders of documents: drawing, holding and deleting them.
 #include "base/Const_Vrac.h"
 
+#include "base/Options.h"
 #include "platform/Plateforme.h"
 #include "platform/VerrouDossier.h"
 
@@ -85,12 +86,11 @@ void Effacer(const fs::path& dossier)
 
 void InitialiserTempFolder()
 {
-    const QString defaut = DossierProgramme() + QStringLiteral("temp");
-    TempFolder = LireOption(QStringLiteral("TempFolder"), defaut).toString();
+    TempFolder = LireOption(QStringLiteral("TempFolder")).toString();
     if (QFileInfo(TempFolder).isDir())
         return;
-    TempFolder = defaut;
-    QDir().mkpath(defaut);
+    TempFolder = DossierProgramme() + QStringLiteral("temp");
+    QDir().mkpath(TempFolder);
 }
 
 QString CreerDossierTemp()

@@ -8,6 +8,9 @@
 int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
+    // CTest also asks for the list of tests, without the environment of a run.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     InstallerPlateformeDeTest();
     return RUN_ALL_TESTS();
