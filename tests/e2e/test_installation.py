@@ -1,0 +1,40 @@
+"""What "cmake --install" makes is complete and can be used where it lands."""
+import os
+import pathlib
+import subprocess
+import tempfile
+import unittest
+
+SOURCES = pathlib.Path(os.environ["ZELVANE_E2E_SOURCES"])
+BUILD = pathlib.Path(os.environ["ZELVANE_E2E_PROGRAM"]).parent.parent
+
+
+class AnInstallation(unittest.TestCase):
+
+    @classmethod
+    def setUpClass(cls):
+        cls._folder = tempfile.TemporaryDirectory(prefix="zelvane-e2e-")
+        cls.addClassCleanup(cls._folder.cleanup)
+        cls.prefix = pathlib.Path(cls._folder.name) / "usr"
+        subprocess.run(["cmake", "--install", BUILD, "--prefix", cls.prefix], check=True, stdout=subprocess.DEVNULL)
+
+    def test_the_tool_runs_from_there(self):
+        done = subprocess.run([self.prefix / "bin/zelvane-cli", "type", SOURCES / "examples/bibliotheque.qrt"],
+                              check=True, capture_output=True, text=True, env={"HOME": self._folder.name, "PATH": "/nowhere"})
+
+        self.assertEqual(done.stdout, "2\n")
+
+    def test_the_mime_type_is_well_formed_and_the_one_that_the_desktop_entry_opens(self):
+        subprocess.run(["xmllint", "--noout", self.prefix / "share/mime/packages/zelvane.xml"], check=True)
+        kind = subprocess.run(["xmllint", "--xpath", "string(//*[local-name()='mime-type']/@type)",
+                               self.prefix / "share/mime/packages/zelvane.xml"], check=True, capture_output=True, text=True)
+        entry = (self.prefix / "share/applications/zelvane.desktop").read_text(encoding="utf-8").splitlines()
+
+        self.assertIn(f"MimeType={kind.stdout.strip()};", entry)
+        self.assertIn('Exec="zelvane" %f', entry)
+
+    def test_the_icons_have_the_names_that_desktops_look_for(self):
+        icons = self.prefix / "share/icons/hicolor/scalable"
+
+        self.assertTrue((icons / "apps/zelvane.svg").is_file())
+        self.assertTrue((icons / "mimetypes/application-x-zelvane-qrt.svg").is_file())
