@@ -49,8 +49,9 @@ class Session:
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="zelvane-e2e-"))
         self._processes = []
         read, write = os.pipe()
-        self._start(["Xvfb", "-displayfd", str(write), "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp"],
-                    pass_fds=[write])
+        # A server that resets when its last client goes turns away who comes at that moment.
+        self._start(["Xvfb", "-displayfd", str(write), "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp",
+                     "-noreset"], pass_fds=[write])
         os.close(write)
         with os.fdopen(read) as answer:
             os.environ["DISPLAY"] = ":" + answer.readline().strip()
@@ -272,9 +273,13 @@ class Program:
 
 
 def read_catalogue(path):
-    """The titles and the entries' values of a catalogue file, read without the program's help."""
-    with zipfile.ZipFile(path) as archive:
-        lines = archive.read("Zelvane.qrt").decode("cp1252").split("\r\n")
+    """The titles and the entries' values of a catalogue file of either form, read without the program's help."""
+    if zipfile.is_zipfile(path):
+        with zipfile.ZipFile(path) as archive:
+            text = archive.read("Zelvane.qrt")
+    else:
+        text = path.read_bytes()
+    lines = text.decode("cp1252").split("\r\n")
     count = int(lines[12].partition("=")[2])
     titles = [line.partition("=")[2].split("|")[0] for line in lines[13:13 + count]]
     first = lines.index("[ListItems]") + 2
