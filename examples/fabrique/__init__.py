@@ -1,0 +1,1 @@
+"""The workshop that builds the sample catalogues. Standard library only; the same bytes at each run."""
