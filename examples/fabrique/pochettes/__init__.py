@@ -1,0 +1,1 @@
+"""Sleeves for the sample records: abstract compositions, drawn from the name of the record."""
