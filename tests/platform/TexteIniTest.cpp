@@ -110,11 +110,11 @@ TEST(TexteIniLire, DecodesTheCodePage)
 
 TEST(TexteIniLire, CutsAValueAt1024Characters)
 {
-    const QByteArray long_(2000, 'x');
+    const QByteArray trop(2000, 'x');
 
-    EXPECT_EQ(Valeur("[s]\nk=" + long_ + "\n"), QString(1024, u'x'));
-    EXPECT_EQ(Valeur("[s]\nk=" + long_.left(1024) + "\n"), QString(1024, u'x'));
-    EXPECT_EQ(Valeur("[s]\nk=\"" + long_ + "\"\n"), QString(1024, u'x'));
+    EXPECT_EQ(Valeur("[s]\nk=" + trop + "\n"), QString(1024, u'x'));
+    EXPECT_EQ(Valeur("[s]\nk=" + trop.left(1024) + "\n"), QString(1024, u'x'));
+    EXPECT_EQ(Valeur("[s]\nk=\"" + trop + "\"\n"), QString(1024, u'x'));
 }
 
 TEST(TexteIniLire, CutsAValueAtTheFirstNul)
