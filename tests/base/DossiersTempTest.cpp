@@ -201,6 +201,15 @@ TEST_F(CreerDossierTempTest, ReturnsThePathAlsoWhenTheFolderCannotBeCreated)
     EXPECT_EQ(CreerDossierTemp(), Temp("cat37/"));
 }
 
+TEST_F(CreerDossierTempTest, HoldsAlsoANameWhoseFolderCannotBeCreated)
+{
+    m_dossier.Ecrire("temp/cat37", "a file");
+    Tirer({37, 37, 38});
+    CreerDossierTemp();
+
+    EXPECT_EQ(CreerDossierTemp(), Temp("cat38/"));
+}
+
 TEST_F(CreerDossierTempTest, FindsItsBaseWhenNobodyHasSetIt)
 {
     TempFolder.clear();
@@ -284,13 +293,15 @@ TEST_F(SupprimerDossierTest, TakesOneSeparatorOff)
 TEST_F(SupprimerDossierTest, DoesNothingForAnEmptyPath)
 {
     const QString ici = QDir::currentPath();
-    QDir::setCurrent(m_dossier.Chemin());
-    m_dossier.Ecrire("file.txt", "x");
+    Tirer({37});
+    QDir::setCurrent(CreerDossierTemp());
+    m_dossier.Ecrire("temp/cat37/file.txt", "x");
 
     SupprimerDossier("", true);
     SupprimerDossier("", false);
 
-    EXPECT_TRUE(m_dossier.Existe("file.txt"));
+    EXPECT_TRUE(m_dossier.Existe("temp/cat37/file.txt"));
+    EXPECT_EQ(DossiersTempTenus(), QStringList{Temp("cat37/")});
     QDir::setCurrent(ici);
 }
 

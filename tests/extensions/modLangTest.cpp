@@ -135,6 +135,19 @@ TEST_F(EnregistrerDefautTest, KeepsTheRestOfTheTemplate)
     EXPECT_EQ(ParDefaut(), "; template\r\n[frmLang]\r\nCaption=x\r\n[other]\r\nmsg1=un\r\nmsg2=deux\r\n");
 }
 
+TEST_F(EnregistrerDefautTest, TouchesNothingWithoutAFolder)
+{
+    FichiersIniEnMemoire& ini = PlateformeDeTest::Courante().iniEnMemoire;
+    plateforme().ini = &ini;
+
+    EnregistrerDefaut("msg1", "un");
+    EXPECT_EQ(ini.ecritures, 0);
+
+    QDir().mkpath(m_dossier.Fichier("lang"));
+    EnregistrerDefaut("msg1", "un");
+    EXPECT_EQ(ini.ecritures, 1);
+}
+
 TEST_F(ChargerLangueTest, PutsALanguageInForce)
 {
     m_dossier.Ecrire("lang/english.ini", "");

@@ -81,6 +81,11 @@ TEST(TexteIniLire, PassesCommentsAndOtherLinesOver)
     EXPECT_EQ(Valeur("; [s]\n[s]\n;k=1\n  ;k=2\nk\n  #k=x\n=3\nk=4 ; no comment\n"), "4 ; no comment");
 }
 
+TEST(TexteIniLire, HasNoKeyInAComment)
+{
+    EXPECT_EQ(TexteIni::Lire("[s]\n;k=1\n", u"s", u";k"), std::nullopt);
+}
+
 TEST(TexteIniLire, KeepsAHeaderWithoutItsBracketOut)
 {
     EXPECT_EQ(Valeur("[s\nk=1\n"), std::nullopt);
