@@ -42,8 +42,8 @@ class Inputs:
         self.sorted = self._make(f"trie-{entries}.qrt", entries)
         self.shuffled = self._make(f"desordre-{entries}.qrt", entries, "--desordre")
         self.size = self.sorted.stat().st_size
-        self.column_sorted_by = self._write_column(0)
-        self.other_column = self._write_column(1)
+        self.column_sorted_by = self._write_column(self.shuffled, 0)
+        self.other_column = self._write_column(self.sorted, 1)
 
     def _make(self, name, entries, *options):
         """Generated anew each time, a minute for a million: no figure may rest on a file of another version."""
@@ -52,10 +52,10 @@ class Inputs:
         subprocess.run(["/usr/bin/python3", "-B", generator, "--entrees", str(entries), path, *options], check=True)
         return path
 
-    def _write_column(self, column):
-        """One column of the shuffled catalogue, a value a line in UTF-8, for GNU sort."""
+    def _write_column(self, catalogue, column):
+        """One column of a catalogue, a value a line in UTF-8, for GNU sort."""
         path = self.folder / f"colonne-{column + 1}.txt"
-        entries = self.shuffled.read_bytes().partition(b"[ListItems]\r\n")[2].splitlines()[1:]
+        entries = catalogue.read_bytes().partition(b"[ListItems]\r\n")[2].splitlines()[1:]
         values = (line.partition(b"=")[2].split(b"|")[column] for line in entries)
         path.write_text(b"\n".join(values).decode("cp1252", "replace") + "\n", encoding="utf-8")
         return path
