@@ -1,14 +1,42 @@
 // Catalogue archives: one object lists an archive, adds files to it, or extracts it.
 #pragma once
 
-#include "catalogue/QrtClass.h"
-
 #include <QString>
 #include <QStringList>
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 
-/// One archive for one operation. Names in the archive are bare: they hold no folder.
+class QrtClass;
+
+/// What archive operations return, with the numbers of Info-ZIP. From 2 on the operation has failed.
+enum ResultatZip {
+    ZipFait = 0,
+    ZipAvertissement = 1, ///< done, but something was passed over
+    ZipDonnees = 2,       ///< an entry's bytes are damaged, or not what its size and checksum say
+    ZipFormat = 3,        ///< not an archive, or one that contradicts itself
+    ZipMemoire = 4,
+    ZipTropGrand = 6,     ///< an entry is larger than the limit
+    ZipIntrouvable = 9,   ///< there is no such archive
+    ZipAucunFichier = 11, ///< no entry matches the mask
+    ZipEcriture = 14,     ///< the archive could not be written to its end
+    ZipCreation = 15,     ///< the archive could not be created or put in its place
+    ZipLecture = 18,      ///< a file to be added cannot be read
+    ZipDisque = 50,       ///< the disk is full, would become full, or refuses a file
+    ZipTronque = 51,      ///< the archive ends too early
+    ZipMethode = 81,      ///< a compression or an encryption that is not known here
+    ZipMotDePasse = 82,   ///< no password was given, or a wrong one
+};
+
+/// Bounds of an extraction, in bytes. They are what keeps a bomb from filling the disk.
+struct LimitesExtraction
+{
+    uint64_t parEntree = uint64_t(4) << 30;
+    std::optional<uint64_t> placeLibre; ///< instead of what the disk tells
+};
+
+/// One archive for one operation. What is written has bare names: the archive is the picture of a folder.
 class ccZip
 {
 public:
@@ -18,26 +46,30 @@ public:
     ccZip(const ccZip&) = delete;
     ccZip& operator=(const ccZip&) = delete;
 
-    QStringList Col; ///< names of the archive's entries, as listed by Init
-    QString Comm;    ///< the archive comment; read by Init, written by AddFile
-    int Level = 5;   ///< deflate level, 1 to 9
+    QStringList Col;           ///< names of the archive's entries: listed by Init, then those that AddFile took
+    QString Comm;              ///< the archive comment; read by Init, written when it is not empty
+    int Level = 5;             ///< deflate level, its first digit counts; 0 stores
+    LimitesExtraction Limites; ///< for Decompress
 
     int count() const { return static_cast<int>(Col.size()); }
     const QString& Name() const { return m_nom; }
 
     /// Binds the object to an archive and lists it. A file that does not exist or is no archive leaves Col empty.
     void Init(const QString& chemin);
-    /// Adds one file under its bare name. `recurse`: a folder with what it holds; `junk`: without folder names.
-    /// Result 0: taken; 2 or more: not. The bytes are written by Fermer.
+    /// Takes a file for the archive, in the place of an entry that has its name. `recurse`: also a folder, with what
+    /// it holds, links to folders excepted; `junk`: without folder names. 0: taken; 1: nothing to take, such as a
+    /// folder without `recurse`; 2 or more: not to be read. The bytes are read and written by Fermer.
     int AddFile(const QString& fichier, int recurse, bool junk);
-    /// Writes what was added; every byte is checked and the archive listed again. 0: done; 2 or more: not.
+    /// Writes what AddFile took beside the archive, lists it again, and only then puts it in the archive's place: on
+    /// 2 or more nothing has changed on the disk. 0 when all was written, or nothing was taken.
     int Fermer();
     /// The name at a 1-based index of Col; empty outside.
     QString GetFile(int index) const;
-    /// Extracts into `cible`; 0 done, 1 a warning (also for an empty `cible`), 2 or more a failure. `masque` takes
-    /// the names that match (* and ?), all when it is empty.
+    /// Extracts the entries that match `masque` (* and ?; all when it is empty) into the folder `cible`, without
+    /// folders of their own, over files that are there. 0 done; 1 something was passed over, or `cible` is empty; 2 or
+    /// more a failure: what was extracted is removed again.
     int Decompress(const QString& cible, const QString& masque);
-    /// What was said during the last operation.
+    /// What was said during the last operation: the comment, what was passed over, what failed and why.
     QString GetZipInfo() const { return m_infos; }
 
 private:

@@ -1,0 +1,293 @@
+// Extraction into one folder. Nothing of an archive is believed: names lose their folders, files are made anew so that
+// no link is followed, sizes are added up before the first byte is written and hold while it is.
+#include "catalogue/ccZipInterne.h"
+
+#include "catalogue/mZipDLLProc.h"
+
+#include <QFile>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <limits>
+#include <span>
+#include <utility>
+
+namespace zipinterne {
+
+namespace {
+
+/// A file descriptor that closes itself.
+class Descripteur
+{
+public:
+    explicit Descripteur(int numero) : m_numero(numero) {}
+    ~Descripteur() { Fermer(); }
+    Descripteur(const Descripteur&) = delete;
+    Descripteur& operator=(const Descripteur&) = delete;
+
+    explicit operator bool() const { return m_numero >= 0; }
+    int Numero() const { return m_numero; }
+    /// False when the system found a late write error.
+    bool Fermer() { return m_numero < 0 || close(std::exchange(m_numero, -1)) == 0; }
+
+private:
+    int m_numero;
+};
+
+bool EcrireTout(int descripteur, std::span<const char> octets)
+{
+    while (!octets.empty()) {
+        const ssize_t n = write(descripteur, octets.data(), octets.size());
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n <= 0)
+            return false;
+        octets = octets.subspan(static_cast<size_t>(n));
+    }
+    return true;
+}
+
+/// An entry that is to be extracted.
+struct Choix
+{
+    zip_stat_t etat;
+    QByteArray fichier; ///< bare name, as the file system writes it
+    bool Chiffre() const { return etat.encryption_method != ZIP_EM_NONE; }
+};
+
+class Extraction
+{
+public:
+    Extraction(zip_t* archive, const LimitesExtraction& limites, QString& infos)
+        : m_archive(archive), m_limites(limites), m_infos(infos), m_tampon(TailleTampon)
+    {
+    }
+
+    ResultatZip Vers(const QString& cible, const std::vector<NomLu>& noms, const QString& masque);
+
+private:
+    static constexpr size_t TailleTampon = 256 * 1024;
+
+    ResultatZip Choisir(const std::vector<NomLu>& noms, const QString& masque);
+    ResultatZip VerifierPlace();
+    uint64_t PlaceLibre() const;
+    ResultatZip ExtraireUn(const Choix& choix);
+    ResultatZip EssayerMotsDePasse(const Choix& choix);
+    ResultatZip Essayer(const Choix& choix, const QByteArray* motDePasse);
+    ResultatZip Copier(zip_file_t* source, int sortie, const Choix& choix);
+    ResultatZip EchecDeLecture(zip_error_t& erreur, const Choix& choix);
+    void Dire(const QString& nom, const QString& quoi) { m_infos += Ligne(nom, quoi); }
+    void Dire(const Choix& choix, const QString& quoi) { Dire(QFile::decodeName(choix.fichier), quoi); }
+
+    zip_t* m_archive;
+    const LimitesExtraction& m_limites;
+    QString& m_infos;
+    std::vector<char> m_tampon;
+    std::optional<Descripteur> m_dossier;
+    std::vector<Choix> m_choisis;
+    std::vector<QByteArray> m_extraits;
+    std::optional<QByteArray> m_motDePasse; ///< the last one that fitted
+    uint64_t m_reserve = 0;                 ///< what the disk keeps free
+    uint64_t m_ecritsDepuisControle = 0;
+};
+
+ResultatZip Extraction::Vers(const QString& cible, const std::vector<NomLu>& noms, const QString& masque)
+{
+    m_dossier.emplace(open(QFile::encodeName(cible).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!*m_dossier) {
+        Dire(cible, QStringLiteral("not a folder"));
+        return ZipDisque;
+    }
+    const ResultatZip choisi = Choisir(noms, masque);
+    if (choisi > ZipAvertissement)
+        return choisi;
+    ResultatZip resultat = VerifierPlace();
+    for (auto choix = m_choisis.cbegin(); resultat == ZipFait && choix != m_choisis.cend(); ++choix)
+        resultat = ExtraireUn(*choix);
+    if (resultat == ZipFait)
+        return choisi;
+    // Half a catalogue must not pass for a whole one.
+    for (const QByteArray& fichier : m_extraits)
+        unlinkat(m_dossier->Numero(), fichier.constData(), 0);
+    return resultat;
+}
+
+/// The result is a warning when entries are passed over that are not mere folders.
+ResultatZip Extraction::Choisir(const std::vector<NomLu>& noms, const QString& masque)
+{
+    ResultatZip resultat = noms.empty() ? ZipAvertissement : ZipFait;
+    bool trouve = masque.isEmpty();
+    for (size_t i = 0; i < noms.size(); ++i) {
+        const auto& [nom, coupe] = noms[i];
+        if (!masque.isEmpty() && !CorrespondAuMasque(nom, masque))
+            continue;
+        trouve = true;
+        const QString nu = NomNu(nom);
+        if (!coupe && nu.isEmpty() && !nom.isEmpty())
+            continue; // a folder
+        if (coupe || nu.isEmpty() || nu == u"." || nu == u"..") {
+            Dire(nom, QStringLiteral("not a name for a file, passed over"));
+            resultat = ZipAvertissement;
+            continue;
+        }
+        Choix choix{{}, QFile::encodeName(nu)};
+        if (zip_stat_index(m_archive, i, 0, &choix.etat) != 0)
+            return ZipFormat;
+        m_choisis.push_back(choix);
+    }
+    return trouve ? resultat : ZipAucunFichier;
+}
+
+uint64_t Extraction::PlaceLibre() const
+{
+    if (m_limites.placeLibre)
+        return *m_limites.placeLibre;
+    struct statvfs disque;
+    if (fstatvfs(m_dossier->Numero(), &disque) != 0)
+        return std::numeric_limits<uint64_t>::max();
+    return static_cast<uint64_t>(disque.f_bavail) * disque.f_frsize;
+}
+
+/// Compares what the entries say they will take, in whole blocks, with the limits. Copier holds them to it.
+ResultatZip Extraction::VerifierPlace()
+{
+    constexpr uint64_t plusGrandeReserve = uint64_t(64) << 20;
+    constexpr uint64_t bloc = 4096;
+    uint64_t somme = 0;
+    for (const Choix& choix : m_choisis) {
+        if (choix.etat.size > m_limites.parEntree) {
+            Dire(choix, QStringLiteral("too large"));
+            return ZipTropGrand;
+        }
+        somme += (choix.etat.size + bloc - 1) / bloc * bloc;
+    }
+    const uint64_t libre = PlaceLibre();
+    m_reserve = std::min(libre / 16, plusGrandeReserve);
+    if (somme <= libre - m_reserve)
+        return ZipFait;
+    Dire(QStringLiteral("the disk"), QStringLiteral("not enough free space"));
+    return ZipDisque;
+}
+
+ResultatZip Extraction::ExtraireUn(const Choix& choix)
+{
+    if (!zip_compression_method_supported(choix.etat.comp_method, 0) ||
+        (choix.Chiffre() && !zip_encryption_method_supported(choix.etat.encryption_method, 0))) {
+        Dire(choix, QStringLiteral("unknown compression or encryption"));
+        return ZipMethode;
+    }
+    const ResultatZip resultat = choix.Chiffre() ? EssayerMotsDePasse(choix) : Essayer(choix, nullptr);
+    if (resultat == ZipFait)
+        m_extraits.push_back(choix.fichier);
+    return resultat;
+}
+
+/// The password that fitted before goes first; a new one is asked for three times at most.
+ResultatZip Extraction::EssayerMotsDePasse(const Choix& choix)
+{
+    constexpr int questions = 3;
+    if (m_motDePasse) {
+        const ResultatZip resultat = Essayer(choix, &*m_motDePasse);
+        if (resultat != ZipMotDePasse)
+            return resultat;
+    }
+    for (int i = 0; i < questions; ++i) {
+        const std::optional<QString> reponse = QuestionMotDePasse();
+        if (!reponse)
+            return ZipMotDePasse;
+        for (const QByteArray& octets : OctetsDuMotDePasse(*reponse)) {
+            const ResultatZip resultat = Essayer(choix, &octets);
+            if (resultat == ZipFait)
+                m_motDePasse = octets;
+            if (resultat != ZipMotDePasse)
+                return resultat;
+        }
+    }
+    return ZipMotDePasse;
+}
+
+ResultatZip Extraction::Essayer(const Choix& choix, const QByteArray* motDePasse)
+{
+    const std::unique_ptr<zip_file_t, int (*)(zip_file_t*)> source(
+        zip_fopen_index_encrypted(m_archive, choix.etat.index, 0, motDePasse ? motDePasse->constData() : nullptr),
+        zip_fclose);
+    if (!source)
+        return EchecDeLecture(*zip_get_error(m_archive), choix);
+
+    const int dossier = m_dossier->Numero();
+    const char* nom = choix.fichier.constData();
+    unlinkat(dossier, nom, 0);
+    Descripteur sortie(openat(dossier, nom, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
+    if (!sortie) {
+        Dire(choix, QStringLiteral("cannot be created"));
+        return ZipDisque;
+    }
+    ResultatZip resultat = Copier(source.get(), sortie.Numero(), choix);
+    const timespec date{choix.etat.mtime, 0};
+    const timespec dates[2] = {date, date};
+    futimens(sortie.Numero(), dates);
+    if (!sortie.Fermer() && resultat == ZipFait)
+        resultat = ZipDisque;
+    if (resultat != ZipFait)
+        unlinkat(dossier, nom, 0);
+    return resultat;
+}
+
+/// Writes an entry's bytes, never more than it announces.
+ResultatZip Extraction::Copier(zip_file_t* source, int sortie, const Choix& choix)
+{
+    constexpr uint64_t controle = uint64_t(64) << 20;
+    const ResultatZip mensonge = choix.Chiffre() ? ZipMotDePasse : ZipDonnees;
+    uint64_t total = 0;
+    for (;;) {
+        const zip_int64_t n = zip_fread(source, m_tampon.data(), m_tampon.size());
+        if (n < 0)
+            return EchecDeLecture(*zip_file_get_error(source), choix);
+        if (n == 0)
+            break;
+        const auto lus = static_cast<size_t>(n);
+        total += lus;
+        if (total > choix.etat.size)
+            break;
+        if (!EcrireTout(sortie, std::span(m_tampon).first(lus))) {
+            Dire(choix, QStringLiteral("cannot be written"));
+            return ZipDisque;
+        }
+        m_ecritsDepuisControle += lus;
+        if (m_ecritsDepuisControle > controle) {
+            m_ecritsDepuisControle = 0;
+            if (PlaceLibre() < m_reserve)
+                return ZipDisque; // others are filling the disk too
+        }
+    }
+    // The library checks the sum of what it read, but not the size, and nothing of an entry without data.
+    if (total == choix.etat.size && (total > 0 || choix.etat.crc == 0))
+        return ZipFait;
+    Dire(choix, QStringLiteral("not of the size that it announces"));
+    return mensonge;
+}
+
+/// A wrong password passes the one byte that tests it once in 256 times; it shows as damaged data then.
+ResultatZip Extraction::EchecDeLecture(zip_error_t& erreur, const Choix& choix)
+{
+    Dire(choix, Texte(erreur));
+    const bool contradiction = zip_error_code_zip(&erreur) == ZIP_ER_INCONS;
+    const ResultatZip resultat = contradiction ? ZipDonnees : ResultatLecture(erreur);
+    const bool donnees = resultat == ZipDonnees || resultat == ZipTronque;
+    return donnees && choix.Chiffre() ? ZipMotDePasse : resultat;
+}
+
+} // namespace
+
+ResultatZip Extraire(zip_t* archive, const std::vector<NomLu>& noms, const QString& cible, const QString& masque,
+                     const LimitesExtraction& limites, QString& infos)
+{
+    return Extraction(archive, limites, infos).Vers(cible, noms, masque);
+}
+
+} // namespace zipinterne
