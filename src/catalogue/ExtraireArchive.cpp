@@ -1,0 +1,28 @@
+#include "base/AfficherMsg.h"
+#include "catalogue/QrtClass.h"
+#include "catalogue/ccZip.h"
+#include "catalogue/mZipDLLProc.h"
+#include "extensions/modLang.h"
+
+#include <new>
+
+bool ExtraireArchive(QrtClass& doc)
+{
+    MotDePasseAbandonne = false;
+    const std::unique_ptr<ccZip> archive(new (std::nothrow) ccZip);
+    if (!archive) {
+        AfficherMsg(LangMsg(QStringLiteral("msg51"),
+                            QStringLiteral("Erreur lors de l'ouverture du fichier. Opération annulée")),
+                    MsgOk, QString());
+        return false;
+    }
+    archive->Init(doc.CheminReel());
+    if (archive->Decompress(doc.TmpFolder, QString()) > ZipAvertissement) {
+        AfficherMsg(
+            LangMsg(QStringLiteral("msg52"), QStringLiteral("Une erreur s'est produite pendant la décompression")),
+            MsgOk, QString());
+        doc.ClearLV();
+        return false;
+    }
+    return true;
+}
