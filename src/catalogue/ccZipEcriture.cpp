@@ -92,7 +92,13 @@ struct Origine
 
 Origine OrigineDe(zip_t* archive, const Ajout& ajout, int niveau)
 {
+    constexpr qint64 vautLaPeine = qint64(64) << 10;
+    constexpr qint64 tientEnMemoire = qint64(512) << 20;
     const qint64 taille = QFileInfo(ajout.fichier).size();
+    if constexpr (ZELVANE_LIBDEFLATE) {
+        if (niveau > 0 && taille >= vautLaPeine && taille <= tientEnMemoire)
+            return {CreerSourceDeflate(archive, ajout.fichier, niveau), ZIP_CM_DEFAULT};
+    }
     // Deflate is named on purpose: the library's default method forgets the level.
     return {zip_source_file(archive, QFile::encodeName(ajout.fichier).constData(), 0, 0),
             niveau > 0 && taille > 0 ? ZIP_CM_DEFLATE : ZIP_CM_STORE};

@@ -55,6 +55,9 @@ bool CorrespondAuMasque(QStringView nom, QStringView masque);
 ResultatZip Extraire(zip_t* archive, const std::vector<NomLu>& noms, const QString& cible, const QString& masque,
                      const LimitesExtraction& limites, QString& infos);
 
+/// A file that fits into memory as a source of deflated bytes; null when it cannot be had. Where libdeflate is.
+zip_source_t* CreerSourceDeflate(zip_t* archive, const QString& chemin, int niveau);
+
 /// A file (or, when the name ends in "/", a folder) that goes into an archive.
 struct Ajout
 {
