@@ -166,13 +166,26 @@ bool EcrireFichier(QrtClass& doc, bool selection)
     if (QFileInfo::exists(doc.CheminReel()))
         QFile::remove(doc.CheminReel());
     doc.DossierAGarder = !EcrireArchive(doc);
-    if (doc.DossierAGarder)
-        AfficherMsg(LangMsg(QStringLiteral("msgArchive"),
-                            QStringLiteral("Le fichier n'a pas pu être écrit en entier. Les données sont conservées "
-                                           "dans le dossier :")) +
-                        QStringLiteral("\n") + doc.TmpFolder,
-                    MsgOk, doc.filename());
     return true;
+}
+
+void MsgArchiveIncomplete(const QrtClass& doc)
+{
+    AfficherMsg(LangMsg(QStringLiteral("msgArchive"),
+                        QStringLiteral("Le fichier n'a pas pu être écrit en entier. Les données sont conservées "
+                                       "dans le dossier :")) +
+                    QStringLiteral("\n") + doc.TmpFolder,
+                MsgOk, doc.filename());
+}
+
+bool AccepterPerteDeCaracteres(const QrtClass& doc)
+{
+    if (!TexteDepasseLaPage(doc))
+        return true;
+    return AfficherMsg(LangMsg(QStringLiteral("msgCaracteres"),
+                               QStringLiteral("Certains caractères n'existent pas dans le format 1.4 et seront "
+                                              "remplacés par « ? ». Continuer l'enregistrement?")),
+                       MsgOuiNon, doc.filename()) == RepOui;
 }
 
 bool EcrireFichier14(QrtClass& doc, bool selection)

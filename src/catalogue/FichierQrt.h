@@ -19,9 +19,14 @@ void ChargerFichier(QrtClass& doc);
 
 /// Writes the text into TmpFolder and rebuilds the archive at CheminReel from the whole folder. False, with nothing
 /// touched, when there are no columns; also when the text could not be written, before the old archive is deleted.
-/// An archive that fails is told, DossierAGarder is set, and the result is true: the data live in TmpFolder then.
-/// `selection` writes the selected entries alone, without images.
+/// When the archive fails the result is true, as the data live in TmpFolder then, and DossierAGarder is set: whoever
+/// calls tells the user (MsgArchiveIncomplete). `selection` writes the selected entries alone, without images.
 bool EcrireFichier(QrtClass& doc, bool selection);
+/// Tells that the archive is not whole and where the data are.
+void MsgArchiveIncomplete(const QrtClass& doc);
 
 /// Writes the bare text of form 1.4 at CheminReel. False when there are no columns or the text could not be written.
 bool EcrireFichier14(QrtClass& doc, bool selection);
+/// Asks whether characters that form 1.4 cannot hold may become "?"; true at once when there are none. For whoever is
+/// about to call EcrireFichier14.
+bool AccepterPerteDeCaracteres(const QrtClass& doc);

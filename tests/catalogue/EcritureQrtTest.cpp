@@ -179,6 +179,7 @@ TEST_F(Ecriture, AnArchiveThatCannotBeWrittenIsToldAndItsFolderKept)
     d.doc.SetCheminReel(sortie.Fichier("absent/essai.qrt"));
     EXPECT_TRUE(EcrireFichier(d.doc, false)) << "the data live in the folder now";
     EXPECT_TRUE(d.doc.DossierAGarder);
+    MsgArchiveIncomplete(d.doc);
     ASSERT_EQ(messages.Cles(), QStringList("msgArchive"));
     EXPECT_TRUE(messages.Affiches().first().message.texte.contains(d.doc.TmpFolder));
     d.doc.SetCheminReel(sortie.Fichier("essai.qrt"));
@@ -292,6 +293,19 @@ TEST_F(Ecriture, OnlyTextsBeyondTheCodePageAskForTheExactForm)
     EXPECT_FALSE(TexteDepasseLaPage(d.doc));
     d.table.ListItems(1).SetTag("☃.jpg");
     EXPECT_TRUE(TexteDepasseLaPage(d.doc));
+}
+
+TEST_F(Ecriture, TheUserIsAskedBeforeFormFourteenLosesCharacters)
+{
+    d.Charger(PetitCatalogue().Texte());
+    EXPECT_TRUE(AccepterPerteDeCaracteres(d.doc));
+    EXPECT_TRUE(messages.Affiches().isEmpty());
+    d.table.ListItems(1).SetText("日本");
+    messages.Preparer(RepNon);
+    EXPECT_FALSE(AccepterPerteDeCaracteres(d.doc));
+    messages.Preparer(RepOui);
+    EXPECT_TRUE(AccepterPerteDeCaracteres(d.doc));
+    EXPECT_EQ(messages.Affiches().first().genre, MsgOuiNon);
 }
 
 TEST(TexteExact, TellsWhereTheReducedTextEnds)

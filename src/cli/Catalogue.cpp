@@ -1,0 +1,47 @@
+#include "cli/Catalogue.h"
+
+#include "base/AfficherMsg.h"
+#include "base/Const_Vrac.h"
+#include "catalogue/ChargerCatalogue.h"
+#include "catalogue/FichierQrt.h"
+#include "extensions/modLang.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Makes a folder of this process below the base of temporary folders, and the base of those drawn from here on: what
+/// another process left behind is never drawn.
+QString BaseDeCeProcessus()
+{
+    const QString base = AjouterSlash(TempFolder) + u"cli-%1/"_s.arg(QCoreApplication::applicationPid());
+    SupprimerDossier(base, true);
+    QDir().mkpath(base);
+    TempFolder = base;
+    return base;
+}
+
+} // namespace
+
+CatalogueOuvert::CatalogueOuvert() : m_base(BaseDeCeProcessus())
+{
+    doc.MyLV = &table;
+    doc.TmpFolder = CreerDossierTemp();
+}
+
+std::unique_ptr<CatalogueOuvert> CatalogueOuvert::Ouvrir(const QString& chemin)
+{
+    const std::optional<FormeFichier> forme = FormeDuFichier(chemin);
+    if (!forme)
+        return nullptr;
+    std::unique_ptr<CatalogueOuvert> catalogue(new CatalogueOuvert);
+    catalogue->type = *forme;
+    // The reader refuses by message and by an empty table; a table that was read has a loan column at least.
+    if (!ChargerCatalogue(catalogue->doc, chemin, *forme) || catalogue->doc.ColCount() == 0)
+        return nullptr;
+    return catalogue;
+}

@@ -1,0 +1,27 @@
+// A catalogue opened for one command.
+#pragma once
+
+#include "catalogue/QrtClass.h"
+#include "cli/Menage.h"
+
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+class CatalogueOuvert
+{
+public:
+    /// Opens the file into a temporary folder. Nothing when it does not exist, is no catalogue, or cannot be read: the
+    /// message was shown.
+    static std::unique_ptr<CatalogueOuvert> Ouvrir(const QString& chemin);
+
+    MyLV table;
+    QrtClass doc;
+    int type = 0; ///< what TypeFichier told: 1 or 2
+
+private:
+    CatalogueOuvert();
+
+    DossierPassager m_base; // one of this process alone, so that two commands never share a folder
+};

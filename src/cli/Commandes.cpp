@@ -1,0 +1,209 @@
+#include "cli/Commandes.h"
+
+#include "base/AfficherMsg.h"
+#include "base/Nombres.h"
+#include "catalogue/ChargerCatalogue.h"
+#include "catalogue/FichierQrt.h"
+#include "catalogue/ccZip.h"
+#include "cli/Catalogue.h"
+#include "cli/Console.h"
+#include "cli/Json.h"
+#include "extensions/modLang.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <cstdio>
+#include <cstdlib>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Statut FinirSortie(SortieStandard& sortie)
+{
+    if (sortie.Finir())
+        return Fait;
+    DireErreur(u"La sortie standard n'accepte plus rien."_s);
+    return Echec;
+}
+
+// ---- type
+
+Statut ExecuterType(const LigneDeCommande& ligne)
+{
+    const QString& chemin = ligne.arguments[0];
+    if (!QFileInfo::exists(chemin)) {
+        MsgFichierAbsent();
+        return Echec;
+    }
+    SortieStandard sortie;
+    sortie.Ecrire(QByteArray::number(TypeFichier(chemin)) + '\n');
+    return FinirSortie(sortie);
+}
+
+// ---- list
+
+void ListerEnTexte(const CatalogueOuvert& catalogue, SortieStandard& sortie)
+{
+    const MyLV& table = catalogue.table;
+    const int colonnes = table.ColumnHeaders.Count();
+    for (int i = 1; i <= colonnes; ++i)
+        sortie.Ecrire(table.ColumnHeaders(i).Text().toUtf8() + '\t');
+    sortie.Ecrire("Image\n");
+    for (int i = 1; i <= table.ListItems.Count(); ++i) {
+        const stockage::Vue vue = table.VueEntree(i);
+        for (int j = 0; j < colonnes; ++j)
+            sortie.Ecrire(vue.Champ(j).Texte().toUtf8() + '\t');
+        sortie.Ecrire(vue.Image().Texte().toUtf8() + '\n');
+    }
+}
+
+void EcrireColonne(Json& json, const ColumnHeader& colonne)
+{
+    json.Debut('{').Cle("title").Texte(colonne.Text());
+    json.Cle("width").NombreTel(SimpleVersTexte(colonne.Width()).replace(u',', u'.').toLatin1());
+    json.Cle("icon").Texte(colonne.Icon()).Cle("texts").Texte(colonne.Tag()).Fin('}');
+}
+
+void EcrireEntree(Json& json, const ListItem& entree)
+{
+    json.Debut('{').Cle("key").Texte(entree.Key()).Cle("values").Debut('[');
+    const QStringList valeurs = entree.Valeurs();
+    for (const QString& valeur : valeurs)
+        json.Texte(valeur);
+    json.Fin(']').Cle("image").Texte(entree.Tag()).Cle("icon").Texte(entree.SmallIcon()).Fin('}');
+}
+
+QString CommentaireDArchive(const CatalogueOuvert& catalogue)
+{
+    if (catalogue.type != Archive)
+        return QString();
+    ccZip zip;
+    zip.Init(catalogue.doc.CheminReel());
+    return zip.Comm;
+}
+
+void ListerEnJson(const CatalogueOuvert& catalogue, SortieStandard& sortie)
+{
+    const MyLV& table = catalogue.table;
+    Json json;
+    json.Debut('{').Cle("file").Texte(catalogue.doc.CheminReel()).Cle("type").Nombre(catalogue.type);
+    json.Cle("comment").Texte(CommentaireDArchive(catalogue)).Cle("gridLines").Booleen(table.GridLines());
+    json.Cle("sorted").Booleen(table.Sorted()).Cle("sortKey").Nombre(table.SortKey());
+    json.Cle("sortOrder").Nombre(table.SortOrder()).Cle("dependantColumn").Nombre(catalogue.doc.dependantcol);
+    json.Cle("loanColumn").Nombre(catalogue.doc.IndexColPrete);
+    json.Cle("modified").Booleen(catalogue.doc.IlFautSauver).Cle("columns").Debut('[');
+    for (int i = 1; i <= table.ColumnHeaders.Count(); ++i)
+        EcrireColonne(json, table.ColumnHeaders(i));
+    json.Fin(']').Cle("entries").Debut('[');
+    for (int i = 1; i <= table.ListItems.Count(); ++i) {
+        EcrireEntree(json, table.ListItems(i));
+        sortie.Ecrire(json.Prendre());
+    }
+    json.Fin(']').Fin('}');
+    sortie.Ecrire(json.Prendre() + '\n');
+}
+
+Statut ExecuterList(const LigneDeCommande& ligne)
+{
+    const auto catalogue = CatalogueOuvert::Ouvrir(ligne.arguments[0]);
+    if (!catalogue)
+        return Echec;
+    SortieStandard sortie;
+    if (ligne.A(u"json"_s))
+        ListerEnJson(*catalogue, sortie);
+    else
+        ListerEnTexte(*catalogue, sortie);
+    return FinirSortie(sortie);
+}
+
+// ---- convert
+
+/// A folder beside the file to be written, in which it is made: renaming it there replaces the old one at once.
+QString DossierVoisin(const QString& chemin)
+{
+    QByteArray nom = QFile::encodeName(QFileInfo(chemin).absolutePath() + u"/.zelvane-XXXXXX"_s);
+    return mkdtemp(nom.data()) ? QFile::decodeName(nom) + u'/' : QString();
+}
+
+bool EcrireDans(QrtClass& doc, const QString& chemin, FormeFichier forme)
+{
+    doc.SetCheminReel(chemin);
+    if (forme == TexteSeul)
+        return EcrireFichier14(doc, false);
+    return EcrireFichier(doc, false) && !doc.DossierAGarder;
+}
+
+/// Writes the document beside `cible` and puts it in its place once it is whole.
+bool Remplacer(QrtClass& doc, const QFileInfo& cible, FormeFichier forme)
+{
+    // Through a link the file that it names is replaced, not the link; what is no file is never replaced.
+    if (cible.exists() && !cible.isFile())
+        return false;
+    const QString destination = cible.exists() ? cible.canonicalFilePath() : cible.absoluteFilePath();
+    const QString dossier = DossierVoisin(destination);
+    if (dossier.isEmpty())
+        return false;
+    const DossierPassager voisin(dossier);
+    const QString neuf = dossier + u"categorie.qrt"_s;
+    if (!EcrireDans(doc, neuf, forme))
+        return false;
+    if (cible.exists())
+        QFile::setPermissions(neuf, QFile::permissions(destination));
+    return std::rename(QFile::encodeName(neuf).constData(), QFile::encodeName(destination).constData()) == 0;
+}
+
+Statut ExecuterConvert(const LigneDeCommande& ligne)
+{
+    const QString& sortie = ligne.arguments[1];
+    const FormeFichier forme = ligne.Valeur(u"format"_s) == u"1.4" ? TexteSeul : Archive;
+    const bool force = ligne.A(u"force"_s);
+    const QFileInfo cible(sortie);
+    if ((cible.exists() || cible.isSymLink()) && !force) {
+        AfficherMsg(LangMsg(u"msg59"_s, u"Le fichier existe deja, voulez-vous le remplacer?"_s), MsgOuiNonAnnuler,
+                    sortie);
+        return Echec;
+    }
+    const auto catalogue = CatalogueOuvert::Ouvrir(ligne.arguments[0]);
+    if (!catalogue)
+        return Echec;
+    if (forme == TexteSeul && !force && !AccepterPerteDeCaracteres(catalogue->doc))
+        return Echec;
+    if (Remplacer(catalogue->doc, cible, forme))
+        return Fait;
+    AfficherMsg(LangMsg(u"msg62"_s, u"Erreur d'enregistrement !"_s), MsgOk, QString());
+    DireErreur(u"Le fichier n'a pas pu être écrit : "_s + sortie);
+    return Echec;
+}
+
+} // namespace
+
+const QList<Commande>& LesCommandes()
+{
+    static const OptionConnue motDePasse{u"password-file"_s, u"FICHIER"_s,
+                                         u"fichier dont la première ligne est le mot de passe"_s};
+    static const QList<Commande> commandes{
+        {u"type"_s,
+         u"FICHIER"_s,
+         1,
+         u"affiche 0 (pas une catégorie), 1 (texte 1.4) ou 2 (archive)"_s,
+         {},
+         ExecuterType},
+        {u"list"_s,
+         u"FICHIER"_s,
+         1,
+         u"affiche les colonnes et les entrées"_s,
+         {{u"json"_s, QString(), u"en JSON, sur une ligne"_s}, motDePasse},
+         ExecuterList},
+        {u"convert"_s,
+         u"ENTREE SORTIE"_s,
+         2,
+         u"enregistre la catégorie dans l'autre format"_s,
+         {{u"format"_s, u"2|1.4"_s, u"format de la sortie, 2 par défaut"_s, {u"2"_s, u"1.4"_s}},
+          {u"force"_s, QString(), u"remplace un fichier existant et accepte la perte de caractères"_s},
+          motDePasse},
+         ExecuterConvert},
+    };
+    return commandes;
+}

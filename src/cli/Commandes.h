@@ -1,0 +1,23 @@
+// The commands of zelvane-cli.
+#pragma once
+
+#include "cli/LigneDeCommande.h"
+
+#include <QList>
+#include <QString>
+
+/// Exit status of a command.
+enum Statut { Fait = 0, Echec = 1, MauvaisUsage = 2 };
+
+struct Commande
+{
+    QString nom;
+    QString arguments; ///< as the help shows them
+    int nombreArguments;
+    QString explication; ///< one line for the help
+    QList<OptionConnue> options;
+    Statut (*executer)(const LigneDeCommande& ligne);
+};
+
+/// All commands, in the order of the help.
+const QList<Commande>& LesCommandes();

@@ -1,0 +1,97 @@
+// zelvane-cli: the catalogue engine without a window.
+#include "base/Const_Vrac.h"
+#include "cli/Commandes.h"
+#include "cli/Console.h"
+#include "cli/Menage.h"
+#include "extensions/modLang.h"
+#include "platform/Plateforme.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Statut RefuserUsage(const QString& erreur, const QString& commande = QString())
+{
+    const QString aide = commande.isEmpty() ? u"zelvane-cli --help"_s : u"zelvane-cli %1 --help"_s.arg(commande);
+    DireErreur(u"zelvane-cli : %1 (voir %2)"_s.arg(erreur, aide));
+    return MauvaisUsage;
+}
+
+Statut Afficher(const QString& texte)
+{
+    SortieStandard sortie;
+    sortie.Ecrire(texte.toUtf8());
+    return sortie.Finir() ? Fait : Echec;
+}
+
+QString AideGenerale()
+{
+    QString aide = u"Usage : zelvane-cli COMMANDE [OPTIONS] ARGUMENTS\n\nCommandes :\n"_s;
+    for (const Commande& commande : LesCommandes())
+        aide += u"  %1 %2\n      %3\n"_s.arg(commande.nom, commande.arguments, commande.explication);
+    return aide + u"\nzelvane-cli COMMANDE --help décrit les options d'une commande.\n"
+                  u"zelvane-cli --version affiche la version.\n"
+                  u"Statut de fin : 0 réussi, 1 échec, 2 mauvais usage.\n"_s;
+}
+
+QString AideDe(const Commande& commande)
+{
+    QString aide =
+        u"Usage : zelvane-cli %1 [OPTIONS] %2\n\n%3\n"_s.arg(commande.nom, commande.arguments, commande.explication);
+    if (!commande.options.isEmpty())
+        aide += u"\nOptions :\n"_s;
+    for (const OptionConnue& option : commande.options) {
+        const QString valeur = option.valeur.isEmpty() ? QString() : u' ' + option.valeur;
+        aide += u"  --%1%2\n      %3\n"_s.arg(option.nom, valeur, option.explication);
+    }
+    return aide;
+}
+
+Statut ExecuterCommande(const Commande& commande, const LigneDeCommande& ligne)
+{
+    const PlateformeReelle plateformeReelle;
+    Console console;
+    const QString fichier = ligne.Valeur(u"password-file"_s);
+    if (!fichier.isEmpty() && !console.LireMotDePasse(fichier)) {
+        DireErreur(u"Le fichier du mot de passe ne peut pas être lu : "_s + fichier);
+        return Echec;
+    }
+    ChargerLangue(LireOption(u"QRTLangue"_s, u"default"_s).toString());
+    InitialiserTempFolder();
+    return commande.executer(ligne);
+}
+
+Statut Executer(const QStringList& mots)
+{
+    if (mots.isEmpty())
+        return RefuserUsage(u"commande manquante"_s);
+    const QString& nom = mots.first();
+    if (nom == u"--help" || nom == u"-h")
+        return Afficher(AideGenerale());
+    if (nom == u"--version")
+        return Afficher(u"zelvane-cli " ZELVANE_VERSION "\n"_s);
+    const auto& commandes = LesCommandes();
+    const auto commande =
+        std::find_if(commandes.begin(), commandes.end(), [&](const Commande& c) { return c.nom == nom; });
+    if (commande == commandes.end())
+        return RefuserUsage(nom.startsWith(u'-') ? u"option inconnue : "_s + nom : u"commande inconnue : "_s + nom);
+    const LigneAnalysee analyse = Analyser(mots.mid(1), commande->options, commande->nombreArguments);
+    if (!analyse.ligne)
+        return RefuserUsage(analyse.erreur, nom);
+    if (analyse.ligne->A(u"help"_s))
+        return Afficher(AideDe(*commande));
+    return ExecuterCommande(*commande, *analyse.ligne);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    GuetterLesInterruptions();
+    const QCoreApplication application(argc, argv);
+    return Executer(QCoreApplication::arguments().mid(1));
+}

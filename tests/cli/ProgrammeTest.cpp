@@ -1,0 +1,314 @@
+// zelvane-cli as its users run it.
+#include "support/TableDeTest.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QThread>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+#include <unistd.h>
+
+namespace {
+
+struct Resultat
+{
+    int statut;
+    QByteArray sortie;
+    QByteArray erreurs;
+};
+
+class ZelvaneCli : public testing::Test
+{
+protected:
+    ZelvaneCli()
+    {
+        environnement = QProcessEnvironment::systemEnvironment();
+        environnement.insert("ZELVANE_DOSSIER", dossier.Fichier("programme"));
+        environnement.insert("XDG_CONFIG_HOME", dossier.Fichier("config"));
+        environnement.insert("XDG_DATA_HOME", dossier.Fichier("donnees"));
+        environnement.remove("ZELVANE_MOT_DE_PASSE");
+    }
+    ~ZelvaneCli() override
+    {
+        EXPECT_TRUE(QDir(dossier.Fichier("programme/temp")).isEmpty()) << "a temporary folder was left behind";
+    }
+
+    Resultat Lancer(const QStringList& arguments) const
+    {
+        QProcess processus;
+        processus.setProcessEnvironment(environnement);
+        processus.setStandardInputFile(QProcess::nullDevice());
+        processus.start(ZELVANE_CLI, arguments);
+        EXPECT_TRUE(processus.waitForFinished(60000));
+        EXPECT_EQ(processus.exitStatus(), QProcess::NormalExit);
+        return {processus.exitCode(), processus.readAllStandardOutput(), processus.readAllStandardError()};
+    }
+
+    TexteDeCatalogue Catalogue() const
+    {
+        TexteDeCatalogue texte;
+        texte.version = "1.4";
+        texte.cleDeTri = "1";
+        texte.colonnes = {"Titre|4200,5|", "Artiste|3300|rock|jazz", "Prêté|600|"};
+        texte.entrees = {"Ça|Abba||perdue.gif", "Kind of \"Blue\"|Miles Davis|Éric - 01/02/2026|"};
+        return texte;
+    }
+
+    QString Bare() const { return dossier.Ecrire("bare.qrt", Catalogue().Texte()); }
+
+    DossierDeTest dossier;
+    QProcessEnvironment environnement;
+};
+
+void AttendreUneErreurDUsage(const Resultat& resultat)
+{
+    EXPECT_EQ(resultat.statut, 2);
+    EXPECT_EQ(resultat.sortie, "");
+    EXPECT_EQ(resultat.erreurs.count('\n'), 1) << resultat.erreurs.toStdString();
+    EXPECT_TRUE(resultat.erreurs.contains("--help"));
+}
+
+} // namespace
+
+TEST_F(ZelvaneCli, HelpAndVersionGoToStandardOutput)
+{
+    EXPECT_EQ(Lancer({"--version"}).sortie, "zelvane-cli " ZELVANE_VERSION "\n");
+    const Resultat aide = Lancer({"--help"});
+    EXPECT_EQ(aide.statut, 0);
+    for (const char* commande : {"type", "list", "convert"}) {
+        EXPECT_TRUE(aide.sortie.contains(commande));
+        const Resultat aideDeCommande = Lancer({commande, "--help"});
+        EXPECT_EQ(aideDeCommande.statut, 0);
+        EXPECT_TRUE(aideDeCommande.sortie.startsWith("Usage : zelvane-cli " + QByteArray(commande)));
+    }
+}
+
+TEST_F(ZelvaneCli, WrongUsageIsOneLineAndTouchesNothing)
+{
+    AttendreUneErreurDUsage(Lancer({}));
+    AttendreUneErreurDUsage(Lancer({"--xyz"}));
+    AttendreUneErreurDUsage(Lancer({"lister", "x"}));
+    AttendreUneErreurDUsage(Lancer({"type"}));
+    AttendreUneErreurDUsage(Lancer({"list", Bare(), "--xml"}));
+    AttendreUneErreurDUsage(Lancer({"convert", Bare(), dossier.Fichier("x.qrt"), "--format", "3"}));
+    EXPECT_FALSE(dossier.Existe("x.qrt"));
+    EXPECT_FALSE(dossier.Existe("programme/temp")) << "not even a temporary folder";
+}
+
+TEST_F(ZelvaneCli, TypeTellsTheThreeForms)
+{
+    const QString archive = dossier.Fichier("archive.qrt");
+    ASSERT_EQ(Lancer({"convert", Bare(), archive}).statut, 0);
+    EXPECT_EQ(Lancer({"type", Bare()}).sortie, "1\n");
+    EXPECT_EQ(Lancer({"type", archive}).sortie, "2\n");
+    const Resultat autre = Lancer({"type", dossier.Ecrire("autre.txt", "bonjour")});
+    EXPECT_EQ(autre.sortie, "0\n");
+    EXPECT_EQ(autre.statut, 0);
+}
+
+TEST_F(ZelvaneCli, AFileThatDoesNotExistIsToldByEveryCommand)
+{
+    const QString absent = dossier.Fichier("absent.qrt");
+    for (const QStringList& arguments :
+         {QStringList{"type", absent}, {"list", absent}, {"convert", absent, dossier.Fichier("x.qrt")}}) {
+        const Resultat resultat = Lancer(arguments);
+        EXPECT_EQ(resultat.statut, 1);
+        EXPECT_EQ(resultat.sortie, "");
+        EXPECT_EQ(resultat.erreurs, "msg49: Erreur lors de l'ouverture : le fichier n'existe pas\n");
+    }
+    EXPECT_FALSE(dossier.Existe("x.qrt"));
+}
+
+TEST_F(ZelvaneCli, WhatIsNoCatalogueIsRefused)
+{
+    const Resultat autre = Lancer({"list", dossier.Ecrire("autre.txt", "bonjour")});
+    EXPECT_EQ(autre.statut, 1);
+    EXPECT_TRUE(autre.erreurs.startsWith("msg50: ") && autre.erreurs.endsWith("correcte\n"));
+    const Resultat faux = Lancer({"list", dossier.Ecrire("faux.qrt", "[FileInfo]\r\nType=AUTRE\r\n")});
+    EXPECT_EQ(faux.statut, 1);
+    EXPECT_EQ(faux.sortie, "");
+    EXPECT_TRUE(faux.erreurs.startsWith("msg50: ") && faux.erreurs.endsWith("valide\n"));
+    const QString sortie = dossier.Fichier("x.qrt");
+    EXPECT_EQ(Lancer({"convert", dossier.Fichier("faux.qrt"), sortie}).statut, 1);
+    EXPECT_FALSE(QFileInfo::exists(sortie));
+}
+
+TEST_F(ZelvaneCli, ListPrintsTitlesAndEntriesSeparatedByTabs)
+{
+    const Resultat liste = Lancer({"list", Bare()});
+    EXPECT_EQ(liste.statut, 0);
+    EXPECT_EQ(liste.erreurs, "");
+    EXPECT_EQ(liste.sortie, "Titre\tArtiste\tPrêté\tImage\n"
+                            "Ça\tAbba\t\tperdue.gif\n"
+                            "Kind of \"Blue\"\tMiles Davis\tÉric - 01/02/2026\t\n");
+}
+
+TEST_F(ZelvaneCli, ListJsonIsOneLineWithItsKeysInOrder)
+{
+    const QString bare = Bare();
+    const Resultat liste = Lancer({"list", "--json", bare});
+    EXPECT_EQ(liste.sortie,
+              "{\"file\":\"" + bare.toUtf8() +
+                  "\",\"type\":1,\"comment\":\"\",\"gridLines\":true,\"sorted\":true,\"sortKey\":1,\"sortOrder\":0,"
+                  "\"dependantColumn\":0,\"loanColumn\":3,\"modified\":false,\"columns\":["
+                  "{\"title\":\"Titre\",\"width\":4200.5,\"icon\":\"\",\"texts\":\"\"},"
+                  "{\"title\":\"Artiste\",\"width\":3300,\"icon\":\"down\",\"texts\":\"rock|jazz\"},"
+                  "{\"title\":\"Prêté\",\"width\":600,\"icon\":\"\",\"texts\":\"\"}],\"entries\":["
+                  "{\"key\":\"k1\",\"values\":[\"Ça\",\"Abba\",\"\"],\"image\":\"perdue.gif\",\"icon\":\"icoerror\"},"
+                  "{\"key\":\"k2\",\"values\":[\"Kind of \\\"Blue\\\"\",\"Miles Davis\",\"Éric - 01/02/2026\"],"
+                  "\"image\":\"\",\"icon\":\"noico\"}]}\n");
+}
+
+TEST_F(ZelvaneCli, ListJsonTellsTheArchiveCommentAndAnAddedLoanColumn)
+{
+    TexteDeCatalogue texte = Catalogue();
+    texte.colonnes.removeLast();
+    const QString archive = dossier.Fichier("archive.qrt");
+    ASSERT_EQ(Lancer({"convert", Bare(), archive}).statut, 0);
+    const QJsonObject objet = QJsonDocument::fromJson(Lancer({"list", archive, "--json"}).sortie).object();
+    EXPECT_EQ(objet["comment"].toString(), "Zelvane v2.2 by Morvenal");
+    EXPECT_EQ(objet["type"].toInt(), 2);
+    EXPECT_FALSE(objet["modified"].toBool());
+    const QJsonObject sansPret =
+        QJsonDocument::fromJson(Lancer({"list", dossier.Ecrire("b.qrt", texte.Texte()), "--json"}).sortie).object();
+    EXPECT_TRUE(sansPret["modified"].toBool());
+    EXPECT_EQ(sansPret["columns"].toArray().last().toObject()["title"].toString(), "Prêté");
+}
+
+TEST_F(ZelvaneCli, ConvertGoesBothWaysWithoutLoss)
+{
+    const QString archive = dossier.Fichier("archive.qrt"), retour = dossier.Fichier("retour.qrt");
+    ASSERT_EQ(Lancer({"convert", Bare(), archive}).statut, 0);
+    ASSERT_EQ(Lancer({"convert", "--format=1.4", archive, retour}).statut, 0);
+    EXPECT_EQ(dossier.Lire("retour.qrt"), Catalogue().Texte());
+    EXPECT_EQ(QDir(dossier.Chemin()).entryList({".zelvane*"}, QDir::AllEntries | QDir::Hidden), QStringList());
+}
+
+TEST_F(ZelvaneCli, ConvertTakesImagesAndCommentsAlong)
+{
+    dossier.Ecrire("source/Zelvane.qrt", Catalogue().Texte());
+    dossier.Ecrire("source/Zelvane.txt", "Mon commentaire");
+    dossier.Ecrire("source/perdue.gif", "GIF89a");
+    QProcess zip;
+    zip.setWorkingDirectory(dossier.Fichier("source"));
+    zip.start("zip", {"-q", dossier.Fichier("a.qrt"), "Zelvane.qrt", "Zelvane.txt", "perdue.gif"});
+    ASSERT_TRUE(zip.waitForFinished() && zip.exitCode() == 0);
+    ASSERT_EQ(Lancer({"convert", dossier.Fichier("a.qrt"), dossier.Fichier("b.qrt")}).statut, 0);
+    QProcess unzip;
+    unzip.start("unzip", {"-p", dossier.Fichier("b.qrt"), "Zelvane.txt", "perdue.gif"});
+    ASSERT_TRUE(unzip.waitForFinished());
+    const QByteArray contenu = unzip.readAllStandardOutput();
+    EXPECT_TRUE(contenu == "Mon commentaireGIF89a" || contenu == "GIF89aMon commentaire") << contenu.toStdString();
+    EXPECT_TRUE(Lancer({"list", "--json", dossier.Fichier("b.qrt")}).sortie.contains("\"icon\":\"ico\""));
+}
+
+TEST_F(ZelvaneCli, ConvertRefusesAnExistingOutputUnlessForced)
+{
+    const QString sortie = dossier.Ecrire("x.qrt", "ancien");
+    const Resultat refus = Lancer({"convert", Bare(), sortie});
+    EXPECT_EQ(refus.statut, 1);
+    EXPECT_TRUE(refus.erreurs.startsWith("msg59: "));
+    EXPECT_EQ(dossier.Lire("x.qrt"), "ancien");
+    EXPECT_EQ(Lancer({"convert", Bare(), sortie, "--force"}).statut, 0);
+    EXPECT_EQ(Lancer({"type", sortie}).sortie, "2\n");
+    EXPECT_EQ(Lancer({"convert", sortie, sortie, "--force", "--format", "1.4"}).statut, 0) << "also onto itself";
+    EXPECT_EQ(dossier.Lire("x.qrt"), Catalogue().Texte());
+}
+
+TEST_F(ZelvaneCli, AFailedConversionLeavesTheOldFile)
+{
+    const QString sortie = dossier.Ecrire("x.qrt", "ancien");
+    const QString faux = dossier.Ecrire("faux.qrt", "[FileInfo]\r\nType=AUTRE\r\n");
+    EXPECT_EQ(Lancer({"convert", faux, sortie, "--force"}).statut, 1);
+    EXPECT_EQ(dossier.Lire("x.qrt"), "ancien");
+    const Resultat resultat = Lancer({"convert", Bare(), dossier.Fichier("absent/x.qrt")});
+    EXPECT_EQ(resultat.statut, 1);
+    EXPECT_TRUE(resultat.erreurs.startsWith("msg62: ")) << resultat.erreurs.toStdString();
+    EXPECT_EQ(Lancer({"convert", Bare(), dossier.Fichier("programme"), "--force"}).statut, 1) << "a folder stays one";
+}
+
+TEST_F(ZelvaneCli, FormFourteenDoesNotDropCharactersInSilence)
+{
+    dossier.Ecrire("s/Zelvane.qrt", Catalogue().Texte().replace("Abba", "????"));
+    dossier.Ecrire(
+        "s/Zelvane.utf8",
+        QString::fromLatin1(Catalogue().Texte().replace("Abba", "????")).toUtf8().replace("????", "日本日本"));
+    QProcess zip;
+    zip.setWorkingDirectory(dossier.Fichier("s"));
+    zip.start("zip", {"-q", dossier.Fichier("a.qrt"), "Zelvane.qrt", "Zelvane.utf8"});
+    ASSERT_TRUE(zip.waitForFinished() && zip.exitCode() == 0);
+    EXPECT_TRUE(Lancer({"list", dossier.Fichier("a.qrt")}).sortie.contains("Ça\t日本日本\t"));
+    const QString sortie = dossier.Fichier("x.qrt");
+    EXPECT_EQ(Lancer({"convert", "--format", "1.4", dossier.Fichier("a.qrt"), sortie}).statut, 1);
+    EXPECT_FALSE(QFileInfo::exists(sortie));
+    EXPECT_EQ(Lancer({"convert", "--format", "1.4", dossier.Fichier("a.qrt"), sortie, "--force"}).statut, 0);
+    EXPECT_TRUE(dossier.Lire("x.qrt").contains("|????|"));
+    ASSERT_EQ(Lancer({"convert", dossier.Fichier("a.qrt"), dossier.Fichier("b.qrt")}).statut, 0);
+    EXPECT_TRUE(Lancer({"list", dossier.Fichier("b.qrt")}).sortie.contains("日本日本"));
+}
+
+TEST_F(ZelvaneCli, PasswordsComeFromAFileOrAVariable)
+{
+    dossier.Ecrire("s/Zelvane.qrt", Catalogue().Texte());
+    QProcess zip;
+    zip.setWorkingDirectory(dossier.Fichier("s"));
+    zip.start("zip", {"-q", "-P", "zelvane", dossier.Fichier("p.qrt"), "Zelvane.qrt"});
+    ASSERT_TRUE(zip.waitForFinished() && zip.exitCode() == 0);
+    const QString protege = dossier.Fichier("p.qrt");
+
+    const Resultat sans = Lancer({"list", protege});
+    EXPECT_EQ(sans.statut, 1);
+    EXPECT_TRUE(sans.erreurs.startsWith("msg52: ")) << sans.erreurs.toStdString();
+    const QString fichier = dossier.Ecrire("mdp", "zelvane\nautre");
+    EXPECT_EQ(Lancer({"list", protege, "--password-file", fichier}).statut, 0);
+    EXPECT_EQ(Lancer({"list", protege, "--password-file", dossier.Fichier("absent")}).statut, 1);
+    environnement.insert("ZELVANE_MOT_DE_PASSE", "faux");
+    EXPECT_EQ(Lancer({"list", protege}).statut, 1);
+    environnement.insert("ZELVANE_MOT_DE_PASSE", "zelvane");
+    EXPECT_EQ(Lancer({"list", protege}).sortie, Lancer({"list", Bare()}).sortie);
+    EXPECT_EQ(Lancer({"convert", protege, dossier.Fichier("ouvert.qrt")}).statut, 0);
+    environnement.remove("ZELVANE_MOT_DE_PASSE");
+    EXPECT_EQ(Lancer({"list", dossier.Fichier("ouvert.qrt")}).statut, 0) << "a written archive has no password";
+}
+
+TEST_F(ZelvaneCli, AnInterruptLeavesNoFolderBehind)
+{
+    TexteDeCatalogue texte = Catalogue();
+    texte.nombreDEntrees = "900000";
+    const QString grand = dossier.Ecrire("grand.qrt", texte.Texte());
+    for (const int signal : {SIGINT, SIGTERM}) {
+        QProcess processus;
+        processus.setProcessEnvironment(environnement);
+        processus.start(ZELVANE_CLI, {"convert", grand, dossier.Fichier("sortie.qrt")});
+        ASSERT_TRUE(processus.waitForStarted());
+        // The folder is there as soon as the work has begun.
+        QElapsedTimer temps;
+        temps.start();
+        while (QDir(dossier.Fichier("programme/temp")).isEmpty() && temps.elapsed() < 20000)
+            QThread::msleep(1);
+        ASSERT_EQ(kill(static_cast<pid_t>(processus.processId()), signal), 0);
+        ASSERT_TRUE(processus.waitForFinished(20000));
+        EXPECT_EQ(processus.exitCode(), 128 + signal);
+        EXPECT_TRUE(QDir(dossier.Fichier("programme/temp")).isEmpty());
+        EXPECT_FALSE(dossier.Existe("sortie.qrt"));
+        EXPECT_EQ(QDir(dossier.Chemin()).entryList({".zelvane*"}, QDir::AllEntries | QDir::Hidden), QStringList());
+    }
+}
+
+TEST_F(ZelvaneCli, AFullOutputIsAFailure)
+{
+    QProcess processus;
+    processus.setProcessEnvironment(environnement);
+    processus.setStandardOutputFile("/dev/full");
+    processus.start(ZELVANE_CLI, {"list", Bare()});
+    ASSERT_TRUE(processus.waitForFinished());
+    EXPECT_EQ(processus.exitCode(), 1);
+}
