@@ -38,3 +38,7 @@ class AnInstallation(unittest.TestCase):
 
         self.assertTrue((icons / "apps/zelvane.svg").is_file())
         self.assertTrue((icons / "mimetypes/application-x-zelvane-qrt.svg").is_file())
+
+    def test_what_the_program_s_folder_holds_for_everybody_is_there(self):
+        self.assertEqual((self.prefix / "share/zelvane/astuces.txt").read_bytes(),
+                         (SOURCES / "data/astuces.txt").read_bytes())
