@@ -27,7 +27,7 @@ QString BaseDeCeProcessus()
 
 } // namespace
 
-CatalogueOuvert::CatalogueOuvert() : m_base(BaseDeCeProcessus())
+CatalogueOuvert::CatalogueOuvert() : m_base(BaseDeCeProcessus)
 {
     doc.MyLV = &table;
     doc.TmpFolder = CreerDossierTemp();

@@ -142,11 +142,10 @@ bool Remplacer(QrtClass& doc, const QFileInfo& cible, FormeFichier forme)
     if (cible.exists() && !cible.isFile())
         return false;
     const QString destination = cible.exists() ? cible.canonicalFilePath() : cible.absoluteFilePath();
-    const QString dossier = DossierVoisin(destination);
-    if (dossier.isEmpty())
+    const DossierPassager voisin([&destination] { return DossierVoisin(destination); });
+    if (voisin.Chemin().isEmpty())
         return false;
-    const DossierPassager voisin(dossier);
-    const QString neuf = dossier + u"categorie.qrt"_s;
+    const QString neuf = voisin.Chemin() + u"categorie.qrt"_s;
     if (!EcrireDans(doc, neuf, forme))
         return false;
     if (cible.exists())

@@ -42,14 +42,18 @@ void SupprimerSousVerrou(const QString& dossier)
 
 } // namespace
 
-DossierPassager::DossierPassager(const QString& chemin) : m_chemin(chemin)
+DossierPassager::DossierPassager(const std::function<QString()>& creer)
 {
     const std::scoped_lock verrou(s_verrou);
-    s_dossiers.append(chemin);
+    m_chemin = creer();
+    if (!m_chemin.isEmpty())
+        s_dossiers.append(m_chemin);
 }
 
 DossierPassager::~DossierPassager()
 {
+    if (m_chemin.isEmpty())
+        return;
     const std::scoped_lock verrou(s_verrou);
     SupprimerSousVerrou(m_chemin);
     s_dossiers.removeOne(m_chemin);

@@ -3,11 +3,14 @@
 
 #include <QString>
 
+#include <functional>
+
 /// Deletes its folder when it goes, or when SIGINT or SIGTERM ends the process.
 class DossierPassager
 {
 public:
-    explicit DossierPassager(const QString& chemin);
+    /// `creer` makes the folder and returns its path, empty when it cannot; no interrupt comes in between.
+    explicit DossierPassager(const std::function<QString()>& creer);
     ~DossierPassager();
     DossierPassager(const DossierPassager&) = delete;
     DossierPassager& operator=(const DossierPassager&) = delete;
