@@ -1,0 +1,18 @@
+// The save flow: whether, where and in which form a document is written.
+#pragma once
+
+#include <QString>
+
+class QrtClass;
+
+/// True while a save runs: a window refuses to close then. One flag for the whole program.
+extern bool EnCoursDeSauvegarde;
+
+/// The types of the file dialogs for catalogues, "*.*" first; plug-ins append theirs when opening.
+QString FiltreDesCatalogues();
+
+/// Saves `doc`. `saveAs`: asks for a path and a type first, as a document without a path always does. Without
+/// `sansQuestion` an unchanged document is left alone, and a changed one asks whether to save it.
+/// True when the caller may go on: saved, nothing to do, or the changes are to be dropped. Messages: "msg59" to
+/// "msg63", "msg46", "msg72"; "msgArchive" when the archive could not be written in full.
+bool Enregistrer(QrtClass& doc, bool saveAs, bool sansQuestion);
