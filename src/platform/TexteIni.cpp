@@ -99,7 +99,8 @@ struct Endroit
     Contenu contenu; ///< of the key's line
 };
 
-/// The first section of that name and the first key of that name in it; any key when `cle` is null.
+/// The first section of that name and the first key of that name in it. A null `cle` looks for the section alone, to
+/// its end.
 Endroit Trouver(QByteArrayView texte, const Nom& section, const Nom* cle)
 {
     Endroit endroit;
