@@ -1,9 +1,9 @@
 #!/usr/bin/python3
 """Measures the engine against everyday tools, on one file and in one run, and holds it to limits.
 
-Parts of the engine are measured by the Google Benchmark program bench_moteur, whole commands as processes. Everything is
-done several times and the quickest counts, on both sides of a ratio: what is slower was disturbed by something else.
-Called by scripts/bench; see docs/performance.md.
+Parts are measured by the Google Benchmark programs bench_moteur (engine) and bench_fenetre (table view), whole commands
+as processes. Everything is done several times and the quickest counts, on both sides of a ratio: what is slower was
+disturbed by something else. Called by scripts/bench; see docs/performance.md.
 """
 import argparse
 import datetime
@@ -61,11 +61,12 @@ class Inputs:
         return path
 
 
-class Engine:
-    """What bench_moteur measures: seconds and counters by name."""
+class Parts:
+    """What a benchmark program measures: seconds and counters by name."""
 
     def __init__(self, program, inputs, times, short):
-        out = inputs.folder / "moteur.json"
+        self._program = program.name
+        out = inputs.folder / f"{program.name}.json"
         command = [program, f"--benchmark_out={out}", "--benchmark_out_format=json", f"--benchmark_repetitions={times}"]
         if short:
             command.append("--benchmark_min_time=0.01")
@@ -83,7 +84,7 @@ class Engine:
         # A name may carry what it was run with: "TriAutreColonne/manual_time".
         runs = [run for run in self._runs if run["name"].split("/")[0] == name]
         if not runs:
-            sys.exit(f"mesures: bench_moteur has no benchmark {name}")
+            sys.exit(f"mesures: {self._program} has no benchmark {name}")
         return runs
 
     def seconds(self, name):
@@ -131,7 +132,7 @@ class Table:
             print("| " + " | ".join(cell.ljust(width) for cell, width in zip(row, widths)) + " |")
 
 
-def measure(inputs, engine, cli, times):
+def measure(inputs, engine, window, cli, times):
     """All rows of the table."""
     table = Table()
     folder = inputs.folder
@@ -168,6 +169,10 @@ def measure(inputs, engine, cli, times):
     table.more("`zelvane-cli list` of a small file", listed, "/bin/true", true, 0.030)
     table.time("`RecalculerCles`", engine.seconds("RecalculerCles"), 0.020)
     table.time("`SelItemsCount`", engine.seconds("SelItemsCount"), 0.020)
+    table.time("a picture of the table while it scrolls", window.seconds("ImageDeDefilement"), 0.008)
+    table.time("first picture of a filled table", window.seconds("PremiereImage"), 0.100)
+    table.time("select all, to the picture of it", window.seconds("ToutSelectionner"), 0.100)
+    table.time("select every other entry, to the picture of it", window.seconds("SelectionEnMiettes"), 0.100)
     return table
 
 
@@ -190,8 +195,9 @@ def main():
     entries, times = (20_000, 1) if given.rapide else (1_000_000, 5)
     cli = (given.programmes / "zelvane-cli").resolve()
     inputs = Inputs(given.travail.resolve(), entries)
-    engine = Engine((given.programmes / "bench_moteur").resolve(), inputs, times, short=given.rapide)
-    table = measure(inputs, engine, cli, times)
+    engine = Parts((given.programmes / "bench_moteur").resolve(), inputs, times, short=given.rapide)
+    window = Parts((given.programmes / "bench_fenetre").resolve(), inputs, times, short=given.rapide)
+    table = measure(inputs, engine, window, cli, times)
 
     describe_machine(inputs, entries)
     table.print()

@@ -53,3 +53,35 @@ class OpeningACatalogue(ProgramTest):
         program = self.start(self.folder() / "nulle-part.qrt")
 
         program.find(name="Erreur lors de l'ouverture : le fichier n'existe pas")
+
+    def test_a_locked_file_asks_for_its_password(self):
+        program = self.start(EXAMPLES / "protege.qrt")
+
+        program.find(role="password text", name="Mot de passe")
+        program.type("zelvane")
+        program.key("Return")
+
+        self.assertGreater(program.table().row_count(), 0)
+
+    def test_a_million_entries_are_shown_read_and_selected(self):
+        path = self.folder() / "million.qrt"
+        head = ["[FileInfo]", "Type=QRT FILE", "Version=1.4", "", "[ListView]", "GridLines=1", "Sorted=0", "SortKey=0",
+                "SortOrder=0", "View=3", "", "[ColumHeaders]", "Count=2", "Colum1=Titre|4000|", "Colum2=Prêté|600|",
+                "Dependant=0", "", "[ListItems]", "Count=1000000"]
+        lines = (f"It{i}=Titre {i}||" for i in range(1, 1_000_001))
+        path.write_bytes("\r\n".join([*head, *lines, ""]).encode("cp1252"))
+        program = self.start(path)
+
+        table = program.table()
+
+        self.assertEqual(table.row_count(), 1_000_000)
+        self.assertEqual(table.row(999_999), ["Titre 1000000", ""])
+        table.cell(0, 0).click()
+        program.key("ctrl+a")
+        program.find(name="1000000 selectionnée(s)")
+        program.key("End")
+        program.find(name="1 selectionnée(s)")
+        self.assertTrue(table.cell(999_999, 0).has("selected"))
+        self.assertTrue(table.cell(999_999, 0).has("showing"))
+        program.type("titre 654321")
+        wait_until(lambda: table.cell(654_320, 0).has("selected"), "the entry that was typed")

@@ -1,0 +1,50 @@
+// zelvane [PATH]: the program with its windows. All that stands behind the program's name is one path.
+#include "extensions/MessagesEnFenetre.h"
+#include "platform/Plateforme.h"
+#include "platform/ProgrammesBureau.h"
+#include "shell/EtapesEnFenetres.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The shell has split the line at its blanks; a path keeps them. A path below the current folder is made whole: the
+/// list of recent files outlives the folder.
+QString LigneDeCommande(const QStringList& arguments)
+{
+    const QString ligne = arguments.mid(1).join(u' ');
+    const QFileInfo fichier(ligne);
+    return !ligne.isEmpty() && fichier.isRelative() && fichier.exists() ? fichier.absoluteFilePath() : ligne;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(u"zelvane"_s);
+    QApplication::setApplicationVersion(QStringLiteral(ZELVANE_VERSION));
+    QApplication::setDesktopFileName(u"zelvane"_s);
+
+    // Numbers, and Qt's own texts in file dialogs say, are French like the program.
+    const QLocale francais(QLocale::French, QLocale::France);
+    QLocale::setDefault(francais);
+    QTranslator deQt;
+    if (deQt.load(francais, u"qtbase"_s, u"_"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&deQt);
+
+    const PlateformeReelle plateformeReelle;
+    ProgrammesBureau programmes;
+    plateforme().programmes = &programmes;
+    const MessagesEnFenetre messages;
+    EtapesEnFenetres etapes;
+    if (Main(LigneDeCommande(QApplication::arguments()), etapes) == SuiteDemarrage::Finir)
+        return 0;
+    return QApplication::exec();
+}

@@ -1,0 +1,21 @@
+// The open flow: from a path to a document window.
+#pragma once
+
+#include <QString>
+
+class Cadre;
+
+/// File types, which are also the positions in the open dialog's list.
+enum TypeOuverture {
+    TypeTous = 1,          ///< "*.*": never a type to open with
+    TypeQrt2 = 2,          ///< a catalogue; its first bytes tell the form
+    TypeQrt14 = 3,         ///< the same: the type chosen does not decide
+    PremierTypePlugIn = 4, ///< from here on, one for each plug-in that opens files
+};
+
+/// Opens `chemin` in a new window of `cadre`. True when a window was opened.
+/// False, with a message: the file is open already ("msg48", only if `montrerMessages`; its window comes to the front),
+/// does not exist ("msg49"), is no catalogue ("msg50"), could not be copied ("msg51") or extracted ("msg51", "msg52").
+/// A file whose text the reader refuses leaves its window open with an empty table, and the result is true.
+/// False without a message: no plug-in goes with `type`.
+bool OuvrirFichier(Cadre& cadre, const QString& chemin, int type, bool montrerMessages);

@@ -1,0 +1,35 @@
+// The message box: a text and one to three buttons.
+#pragma once
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class frmMsg;
+}
+
+class frmMsg : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// `genre` as for AfficherMsg: which buttons there are, and what each returns.
+    frmMsg(const QString& texte, int genre, const QString& titre, QWidget* parent = nullptr);
+    ~frmMsg() override;
+
+    // What the buttons return.
+    int RetourYes = 0;
+    int RetourNo = 0;
+    int RetourCancel = 0;
+    /// What was answered. Stays as it is here when the box is closed without a button, with Escape too.
+    int Resultat = 2;
+
+private:
+    void ChoisirBoutons(int genre);
+    void DonnerTouches();
+    void AjusterTaille();
+    void Repondre(int reponse);
+
+    std::unique_ptr<Ui::frmMsg> m_ui;
+};

@@ -1,0 +1,76 @@
+#include "shell/DelegueEntrees.h"
+
+#include "shell/ModeleTable.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QStyle>
+
+namespace {
+
+constexpr int CoteIcone = 16;
+constexpr int Marge = 3;       // between the cell's edge and what it holds, as the titles above have it
+constexpr int EspaceIcone = 5; // between icon and text
+constexpr int AirEnHauteur = 7;
+
+/// What can be seen of a text in so many pixels: the rest of a very long one need not be measured.
+QString PartieVisible(const QString& texte, int largeur)
+{
+    const qsizetype assez = 4 * qsizetype(largeur) + 16;
+    return texte.size() > assez ? texte.left(assez) : texte;
+}
+
+} // namespace
+
+DelegueEntrees::DelegueEntrees(const ModeleTable& modele, QObject* parent)
+    : QStyledItemDelegate(parent), m_modele(modele)
+{
+}
+
+int DelegueEntrees::HauteurLigne(const QFontMetrics& mesures)
+{
+    return qMax(mesures.height(), CoteIcone) + AirEnHauteur;
+}
+
+void DelegueEntrees::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    const MyLV& table = m_modele.Table();
+    const int ligne = index.row() + 1;
+    if (!table.ListItems.Existe(ligne) || !table.ColumnHeaders.Existe(index.column() + 1))
+        return;
+
+    const ListItem entree = table.ListItems(ligne);
+    const bool choisie = entree.Selected();
+    if (choisie) {
+        QStyleOptionViewItem fond(option);
+        fond.state |= QStyle::State_Selected;
+        fond.state &= ~QStyle::State_MouseOver;
+        fond.showDecorationSelected = true;
+        QStyle* style = option.widget ? option.widget->style() : QApplication::style();
+        style->drawPrimitive(QStyle::PE_PanelItemViewItem, &fond, painter, option.widget);
+    }
+
+    QRect place = option.rect.adjusted(Marge, 0, -Marge, 0);
+    if (index.column() == 0) {
+        const QRect icone(place.left(), place.top() + (place.height() - CoteIcone) / 2, CoteIcone, CoteIcone);
+        if (icone.right() <= option.rect.right())
+            m_modele.Marque(entree.SmallIcon())
+                .paint(painter, icone, Qt::AlignCenter, choisie ? QIcon::Selected : QIcon::Normal);
+        place.setLeft(icone.right() + 1 + EspaceIcone);
+    }
+    const QString texte = entree.Valeur(index.column() + 1);
+    if (texte.isEmpty() || place.width() <= 0)
+        return;
+    const auto groupe = option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
+    painter->setPen(option.palette.color(groupe, choisie ? QPalette::HighlightedText : QPalette::Text));
+    painter->drawText(
+        place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+        option.fontMetrics.elidedText(PartieVisible(texte, place.width()), Qt::ElideRight, place.width()));
+}
+
+QSize DelegueEntrees::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    const QString texte = index.data(Qt::DisplayRole).toString();
+    const int icone = index.column() == 0 ? CoteIcone + EspaceIcone : 0;
+    return QSize(option.fontMetrics.horizontalAdvance(texte) + icone + 2 * Marge + 1, HauteurLigne(option.fontMetrics));
+}

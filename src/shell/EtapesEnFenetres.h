@@ -1,0 +1,35 @@
+// The start of the program with its real windows.
+#pragma once
+
+#include "shell/Main.h"
+
+#include <memory>
+
+class MDIForm1;
+
+class EtapesEnFenetres : public EtapesDemarrage
+{
+public:
+    EtapesEnFenetres();
+    ~EtapesEnFenetres() override;
+
+    void ChargerCadre() override;
+    void MontrerCadre() override;
+    void DechargerCadre() override;
+
+    // Instances do not find each other yet: every one is the first.
+    bool PrevInstace() override { return false; }
+    void SendTexte(const QString&) override {}
+    void SowPrev() override {}
+    void Class_Terminate98() override {}
+
+    // There is no start-up window, no list of recent files and no tip to show yet.
+    void MontrerPresentation() override {}
+    void MajMenuRecents() override {}
+    void MontrerAstuces() override {}
+
+    void OuvrirFichier(const QString& chemin) override;
+
+private:
+    std::unique_ptr<MDIForm1> m_cadre;
+};

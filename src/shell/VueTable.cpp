@@ -1,0 +1,425 @@
+#include "shell/VueTable.h"
+
+#include "shell/DelegueEntrees.h"
+#include "shell/ModeleTable.h"
+#include "shell/SaisieRapide.h"
+#include "shell/SelectionTable.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QStyleOptionFocusRect>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace {
+
+constexpr double UnitesParPouce = 1440;
+constexpr double LargeurMax = 100'000;  // pixels; beyond it a header takes no width
+constexpr float PresenceGrille = 0.16F; // of the text's colour in the lines
+
+std::chrono::milliseconds DelaiDeFrappe()
+{
+    return std::chrono::milliseconds(QApplication::keyboardInputInterval());
+}
+
+} // namespace
+
+VueTable::VueTable(QWidget* parent) : QTableView(parent), m_frappe(std::make_unique<SaisieRapide>())
+{
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(ExtendedSelection);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    setWordWrap(false);
+    setShowGrid(false); // drawn here: see DessinerGrille
+    setCornerButtonEnabled(false);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setVerticalScrollMode(ScrollPerPixel);
+
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setMinimumSectionSize(1);
+
+    QHeaderView* titres = horizontalHeader();
+    titres->setHighlightSections(false);
+    titres->setSectionsClickable(false);
+    titres->setMinimumSectionSize(0);
+    connect(titres, &QHeaderView::sectionResized, this,
+            [this](int section, int, int pixels) { LargeurTiree(section, pixels); });
+    connect(titres, &QHeaderView::sectionClicked, this, [this](int section) { emit EnteteCliquee(section + 1); });
+    AppliquerHauteur();
+}
+
+VueTable::~VueTable() = default;
+
+void VueTable::Afficher(MyLV& table)
+{
+    m_modele = new ModeleTable(table, this);
+    m_selection = new SelectionTable(*m_modele, this);
+    setItemDelegate(new DelegueEntrees(*m_modele, this));
+    setModel(m_modele);
+    const std::unique_ptr<QItemSelectionModel> deQt(selectionModel());
+    setSelectionModel(m_selection);
+    // The titles would look through every selected row, for each title drawn, to find out whether it is selected.
+    for (QHeaderView* entete : {horizontalHeader(), verticalHeader()})
+        entete->setSelectionModel(new QItemSelectionModel(m_modele, entete));
+    connect(m_modele, &ModeleTable::Rafraichi, this, &VueTable::TableChangee);
+    AppliquerLargeurs();
+    m_selection->Refleter();
+}
+
+int VueTable::LigneSous(const QPoint& point) const
+{
+    return rowAt(point.y()) + 1;
+}
+
+int VueTable::ColonneSous(const QPoint& point) const
+{
+    return columnAt(point.x()) + 1;
+}
+
+void VueTable::RendreVisible(int ligne)
+{
+    m_modele->Rafraichir();
+    executeDelayedItemsLayout();
+    if (ligne >= 1 && ligne <= m_modele->rowCount())
+        scrollTo(m_modele->index(ligne - 1, 0));
+}
+
+int VueTable::PixelsDe(double unites) const
+{
+    return qRound(std::clamp(unites * logicalDpiX() / UnitesParPouce, 0.0, LargeurMax));
+}
+
+double VueTable::UnitesDe(int pixels) const
+{
+    return pixels * UnitesParPouce / logicalDpiX();
+}
+
+// ---- what the table tells
+
+void VueTable::TableChangee(const ChangementsTable& changements)
+{
+    if (changements.colonnes)
+        AppliquerLargeurs();
+    if (changements.lignes)
+        m_ancre = 0;
+    m_selection->Refleter();
+    viewport()->update();
+    emit TableRafraichie();
+}
+
+void VueTable::AppliquerLargeurs()
+{
+    const QScopedValueRollback garde(m_largeursEnCours, true);
+    const ColumnHeaders& colonnes = m_modele->Table().ColumnHeaders;
+    for (int i = 1; i <= qMin(colonnes.Count(), m_modele->columnCount()); ++i)
+        setColumnWidth(i - 1, PixelsDe(colonnes(i).Width()));
+}
+
+/// The user drags: what the program sets itself, rounded to pixels, is not written back.
+void VueTable::LargeurTiree(int section, int pixels)
+{
+    if (m_largeursEnCours || !m_modele || m_modele->Rafraichit())
+        return;
+    ColumnHeaders& colonnes = m_modele->Table().ColumnHeaders;
+    if (colonnes.Existe(section + 1))
+        colonnes(section + 1).SetWidth(static_cast<float>(UnitesDe(pixels)));
+}
+
+void VueTable::AppliquerHauteur()
+{
+    const int hauteur = DelegueEntrees::HauteurLigne(fontMetrics());
+    verticalHeader()->setDefaultSectionSize(hauteur);
+    // As high as a row, so that the titles do not move when one of them gets a marker.
+    horizontalHeader()->setMinimumHeight(hauteur);
+}
+
+// ---- selection
+
+VueTable::Geste VueTable::GesteDeSouris(Qt::KeyboardModifiers touches)
+{
+    if (touches & Qt::ShiftModifier)
+        return touches & Qt::ControlModifier ? Geste::Ajouter : Geste::Etendre;
+    return touches & Qt::ControlModifier ? Geste::Basculer : Geste::Choisir;
+}
+
+VueTable::Geste VueTable::GesteDeClavier(Qt::KeyboardModifiers touches)
+{
+    const Geste geste = GesteDeSouris(touches);
+    return geste == Geste::Basculer ? Geste::Aller : geste;
+}
+
+void VueTable::Faire(Geste geste, int ligne)
+{
+    MyLV& table = m_modele->Table();
+    const int derniere = table.ListItems.Count();
+    if (geste == Geste::Choisir || geste == Geste::Etendre)
+        table.Selectionner(1, derniere, false);
+    if (ligne < 1 || ligne > derniere)
+        return;
+    switch (geste) {
+    case Geste::Choisir:
+        table.Selectionner(ligne, ligne, true);
+        m_ancre = ligne;
+        break;
+    case Geste::Etendre:
+    case Geste::Ajouter:
+        if (m_ancre == 0)
+            m_ancre = LigneCourante() > 0 ? LigneCourante() : ligne;
+        table.Selectionner(qMin(m_ancre, ligne), qMax(m_ancre, ligne), true);
+        break;
+    case Geste::Basculer:
+        table.Selectionner(ligne, ligne, !table.EstSelectionnee(ligne));
+        m_ancre = ligne;
+        break;
+    case Geste::Aller:
+        break;
+    }
+    selectionModel()->setCurrentIndex(m_modele->index(ligne - 1, qMax(currentIndex().column(), 0)),
+                                      QItemSelectionModel::NoUpdate);
+    viewport()->update();
+}
+
+void VueTable::selectAll()
+{
+    MyLV& table = m_modele->Table();
+    table.Selectionner(1, table.ListItems.Count(), true);
+}
+
+int VueTable::LigneCourante() const
+{
+    return currentIndex().row() + 1;
+}
+
+/// Qt's own handling moves the focus and scrolls; the selection is Faire's.
+QItemSelectionModel::SelectionFlags VueTable::selectionCommand(const QModelIndex&, const QEvent*) const
+{
+    return QItemSelectionModel::NoUpdate;
+}
+
+/// Not the base's, which makes an index of every cell that was selected.
+void VueTable::selectionChanged(const QItemSelection&, const QItemSelection&)
+{
+    viewport()->update();
+    QAccessibleEvent evenement(this, QAccessible::SelectionWithin);
+    QAccessible::updateAccessibility(&evenement);
+}
+
+// ---- mouse
+
+void VueTable::mousePressEvent(QMouseEvent* event)
+{
+    m_modele->Rafraichir();
+    QTableView::mousePressEvent(event);
+    const int ligne = LigneSous(event->position().toPoint());
+    const bool dejaChoisie = ligne > 0 && m_modele->Table().EstSelectionnee(ligne);
+    m_ligneALaisser = 0;
+    m_ligneTiree = 0;
+    if (event->button() == Qt::RightButton && !dejaChoisie)
+        Faire(Geste::Choisir, ligne);
+    if (event->button() != Qt::LeftButton)
+        return;
+    m_ligneTiree = ligne;
+    const Geste geste = GesteDeSouris(event->modifiers());
+    if (geste == Geste::Choisir && dejaChoisie) {
+        m_ligneALaisser = ligne;
+        m_ancre = ligne;
+    } else if (ligne > 0 || geste == Geste::Choisir) {
+        Faire(geste, ligne);
+    }
+}
+
+void VueTable::mouseMoveEvent(QMouseEvent* event)
+{
+    QTableView::mouseMoveEvent(event);
+    if (!(event->buttons() & Qt::LeftButton) || state() != DragSelectingState || m_ligneTiree == 0)
+        return;
+    int ligne = LigneSous(event->position().toPoint());
+    if (ligne == 0)
+        ligne = event->position().y() < 0 ? qMax(LigneSous(QPoint(0, 0)), 1) : DerniereVisible();
+    if (ligne == m_ligneTiree)
+        return;
+    m_ligneTiree = ligne;
+    m_ligneALaisser = 0;
+    Faire(event->modifiers() & Qt::ControlModifier ? Geste::Ajouter : Geste::Etendre, ligne);
+}
+
+void VueTable::mouseReleaseEvent(QMouseEvent* event)
+{
+    QTableView::mouseReleaseEvent(event);
+    if (event->button() != Qt::LeftButton)
+        return;
+    if (m_ligneALaisser > 0)
+        Faire(Geste::Choisir, m_ligneALaisser);
+    m_ligneALaisser = 0;
+    m_ligneTiree = 0;
+}
+
+// ---- keyboard
+
+int VueTable::DerniereVisible() const
+{
+    const int ligne = LigneSous(QPoint(0, viewport()->height() - 1));
+    return ligne > 0 ? ligne : m_modele->rowCount();
+}
+
+int VueTable::LignesParPage() const
+{
+    return qMax(viewport()->height() / qMax(verticalHeader()->defaultSectionSize(), 1) - 1, 1);
+}
+
+/// The entry that a key of movement leads to; 0 for any other key.
+int VueTable::CibleDe(const QKeyEvent& event) const
+{
+    const int derniere = m_modele->rowCount();
+    const int courante = LigneCourante();
+    if (derniere == 0 || event.modifiers() & (Qt::AltModifier | Qt::MetaModifier))
+        return 0;
+    const bool fleche = event.key() == Qt::Key_Up || event.key() == Qt::Key_Down;
+    if (fleche && event.modifiers() == Qt::NoModifier && courante > 0 && m_modele->Table().PremiereSelection() == 0)
+        return courante; // nothing is selected yet: what has the focus comes first
+    switch (event.key()) {
+    case Qt::Key_Up:
+        return std::clamp(courante - 1, 1, derniere);
+    case Qt::Key_Down:
+        return std::clamp(courante + 1, 1, derniere);
+    case Qt::Key_PageUp:
+        return std::clamp(courante - LignesParPage(), 1, derniere);
+    case Qt::Key_PageDown:
+        return std::clamp(courante + LignesParPage(), 1, derniere);
+    case Qt::Key_Home:
+        return 1;
+    case Qt::Key_End:
+        return derniere;
+    default:
+        return 0;
+    }
+}
+
+void VueTable::keyPressEvent(QKeyEvent* event)
+{
+    m_modele->Rafraichir();
+    if (const int cible = CibleDe(*event); cible > 0) {
+        Faire(GesteDeClavier(event->modifiers()), cible);
+        return;
+    }
+    if (event->matches(QKeySequence::SelectAll)) {
+        selectAll();
+        return;
+    }
+    switch (event->key()) {
+    case Qt::Key_Left:
+        horizontalScrollBar()->triggerAction(QAbstractSlider::SliderSingleStepSub);
+        return;
+    case Qt::Key_Right:
+        horizontalScrollBar()->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+        return;
+    case Qt::Key_Space:
+        ToucheEspace(*event);
+        return;
+    default:
+        break;
+    }
+    if (event->matches(QKeySequence::Copy))
+        event->ignore(); // the base would copy one cell; copying entries is a command of the window
+    else
+        QTableView::keyPressEvent(event);
+}
+
+/// A blank belongs to a text being typed; otherwise it selects the entry with the focus.
+void VueTable::ToucheEspace(const QKeyEvent& event)
+{
+    if (event.modifiers() == Qt::NoModifier && m_frappe->EnCours(std::chrono::steady_clock::now(), DelaiDeFrappe()))
+        keyboardSearch(event.text());
+    else
+        Faire(GesteDeSouris(event.modifiers()), LigneCourante());
+}
+
+void VueTable::keyboardSearch(const QString& saisie)
+{
+    const int ligne =
+        m_frappe->Taper(m_modele->Table(), saisie, LigneCourante(), std::chrono::steady_clock::now(), DelaiDeFrappe());
+    if (ligne > 0)
+        Faire(Geste::Choisir, ligne);
+}
+
+// ---- display
+
+void VueTable::scrollTo(const QModelIndex& index, ScrollHint ou)
+{
+    const int x = horizontalScrollBar()->value();
+    QTableView::scrollTo(index, ou);
+    horizontalScrollBar()->setValue(x);
+}
+
+void VueTable::paintEvent(QPaintEvent* event)
+{
+    QTableView::paintEvent(event);
+    if (!m_modele)
+        return;
+    QPainter painter(viewport());
+    if (m_modele->Table().GridLines())
+        DessinerGrille(painter);
+    if (hasFocus() && currentIndex().isValid())
+        DessinerFocus(painter);
+}
+
+/// Lines a little off the background in light and dark themes alike. The base takes a colour that dark themes swallow.
+void VueTable::DessinerGrille(QPainter& painter) const
+{
+    const int premiere = rowAt(0);
+    if (premiere < 0)
+        return;
+    QColor trait = palette().color(QPalette::Text);
+    trait.setAlphaF(PresenceGrille);
+    painter.setPen(trait);
+
+    const int hauteur = verticalHeader()->defaultSectionSize();
+    const int droite = qMin(columnViewportPosition(0) + horizontalHeader()->length(), viewport()->width()) - 1;
+    int bas = rowViewportPosition(premiere) - 1;
+    for (int ligne = premiere; ligne < m_modele->rowCount() && bas < viewport()->height(); ++ligne) {
+        bas += hauteur;
+        painter.drawLine(0, bas, droite, bas);
+    }
+    for (int colonne = 0; colonne < m_modele->columnCount(); ++colonne) {
+        const int bord = columnViewportPosition(colonne) + columnWidth(colonne) - 1;
+        if (columnWidth(colonne) > 0)
+            painter.drawLine(bord, 0, bord, bas);
+    }
+}
+
+void VueTable::DessinerFocus(QPainter& painter) const
+{
+    const int ligne = currentIndex().row();
+    QStyleOptionFocusRect option;
+    option.initFrom(this);
+    option.rect =
+        QRect(columnViewportPosition(0), rowViewportPosition(ligne), horizontalHeader()->length(), rowHeight(ligne));
+    option.state |= QStyle::State_KeyboardFocusChange;
+    option.backgroundColor = palette().color(QPalette::Base);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+}
+
+void VueTable::changeEvent(QEvent* event)
+{
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        AppliquerHauteur();
+}
+
+/// On another screen a width is another number of pixels.
+void VueTable::showEvent(QShowEvent* event)
+{
+    QTableView::showEvent(event);
+    if (m_modele && window()->windowHandle())
+        connect(window()->windowHandle(), &QWindow::screenChanged, this, &VueTable::AppliquerLargeurs,
+                Qt::UniqueConnection);
+}

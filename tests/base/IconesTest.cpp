@@ -1,0 +1,91 @@
+#include "base/Icones.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QPalette>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QImage Dessin(const QString& nom, int cote, QIcon::Mode mode = QIcon::Normal)
+{
+    return Icone(nom).pixmap(QSize(cote, cote), 1.0, mode).toImage();
+}
+
+bool ADesPoints(const QImage& image)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (qAlpha(image.pixel(x, y)) > 40)
+                return true;
+        }
+    }
+    return false;
+}
+
+/// A dark theme for as long as it lives.
+class ThemeSombre
+{
+public:
+    ThemeSombre()
+    {
+        QPalette sombre = m_avant;
+        sombre.setColor(QPalette::Text, Qt::white);
+        sombre.setColor(QPalette::Base, Qt::black);
+        QApplication::setPalette(sombre);
+    }
+    ~ThemeSombre() { QApplication::setPalette(m_avant); }
+    ThemeSombre(const ThemeSombre&) = delete;
+    ThemeSombre& operator=(const ThemeSombre&) = delete;
+
+private:
+    QPalette m_avant = QApplication::palette();
+};
+
+const QStringList Noms{u"noico"_s, u"ico"_s,         u"icoerror"_s, u"up"_s,
+                       u"down"_s,  u"information"_s, u"question"_s, u"zelvane"_s};
+
+} // namespace
+
+TEST(Icones, EveryIconIsDrawnInEverySize)
+{
+    for (const QString& nom : Noms) {
+        for (const int cote : {16, 24, 48}) {
+            const QImage dessin = Dessin(nom, cote);
+            EXPECT_EQ(dessin.size(), QSize(cote, cote)) << nom.toStdString();
+            EXPECT_TRUE(ADesPoints(dessin)) << nom.toStdString() << " at " << cote;
+        }
+    }
+}
+
+TEST(Icones, AnUnknownNameIsNoIcon)
+{
+    EXPECT_TRUE(Icone(u"nulle-part"_s).isNull());
+    EXPECT_TRUE(Icone(QString()).isNull());
+}
+
+TEST(Icones, AFineScreenGetsMorePoints)
+{
+    const QPixmap fin = Icone(u"ico"_s).pixmap(QSize(16, 16), 2.0);
+    EXPECT_EQ(fin.size(), QSize(32, 32));
+    EXPECT_EQ(fin.devicePixelRatio(), 2.0);
+}
+
+TEST(Icones, TheInkIsTheTextsAlsoWhenTheThemeChanges)
+{
+    const QIcon icone = Icone(u"down"_s);
+    const QColor clair = icone.pixmap(48).toImage().pixelColor(24, 20);
+    const ThemeSombre sombre;
+    const QColor fonce = icone.pixmap(48).toImage().pixelColor(24, 20);
+    EXPECT_LT(clair.lightness(), 100);
+    EXPECT_GT(fonce.lightness(), 200);
+}
+
+TEST(Icones, ASelectedOrDisabledIconLooksDifferent)
+{
+    EXPECT_NE(Dessin(u"noico"_s, 16, QIcon::Selected), Dessin(u"noico"_s, 16));
+    EXPECT_NE(Dessin(u"ico"_s, 16, QIcon::Disabled), Dessin(u"ico"_s, 16));
+}

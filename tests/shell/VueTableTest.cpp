@@ -1,0 +1,231 @@
+// What the table view shows.
+#include "VueDeTest.h"
+
+#include "support/Impression.h"
+
+#include <QAccessible>
+#include <QPixmap>
+#include <QScrollBar>
+#include <QSignalSpy>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class VueTableTest : public VueDeTest
+{
+protected:
+    QImage Image() { return vue.viewport()->grab().toImage(); }
+    int Largeur(int colonne) const { return vue.columnWidth(colonne - 1); }
+};
+
+} // namespace
+
+TEST_F(VueTableTest, WidthsAreInUnitsOfTheScreen)
+{
+    Montrer(3);
+    table.ColumnHeaders(1).SetWidth(2880);
+    table.ColumnHeaders(2).SetWidth(720);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Largeur(1), 2 * vue.logicalDpiX());
+    EXPECT_EQ(Largeur(2), vue.logicalDpiX() / 2);
+}
+
+TEST_F(VueTableTest, ShowingAWidthDoesNotRoundIt)
+{
+    Montrer(3);
+    table.ColumnHeaders(1).SetWidth(1000.25F);
+    QCoreApplication::processEvents();
+    table.ColumnHeaders.Add(0, u"Prêté"_s);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(table.ColumnHeaders(1).Width(), 1000.25F);
+}
+
+TEST_F(VueTableTest, DraggingATitlesEdgeWritesTheWidth)
+{
+    Montrer(3);
+    QWidget* titres = vue.horizontalHeader()->viewport();
+    const QPoint bord(Largeur(1) - 1, titres->height() / 2);
+    QTest::mousePress(titres, Qt::LeftButton, Qt::NoModifier, bord);
+    QTest::mouseMove(titres, bord + QPoint(20, 0));
+    QTest::mouseMove(titres, bord + QPoint(48, 0));
+    QTest::mouseRelease(titres, Qt::LeftButton, Qt::NoModifier, bord + QPoint(48, 0));
+    EXPECT_FLOAT_EQ(table.ColumnHeaders(1).Width(), static_cast<float>(1440 + vue.UnitesDe(48)));
+    EXPECT_EQ(table.ColumnHeaders(2).Width(), 1440);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Largeur(1), vue.logicalDpiX() + 48);
+}
+
+TEST_F(VueTableTest, AWidthWithoutMeasureIsShownWithinBounds)
+{
+    Montrer(1);
+    table.ColumnHeaders(1).SetWidth(3e38F);
+    table.ColumnHeaders(2).SetWidth(0);
+    QCoreApplication::processEvents();
+    EXPECT_GT(Largeur(1), 1000);
+    EXPECT_EQ(Largeur(2), 0);
+    EXPECT_EQ(table.ColumnHeaders(1).Width(), 3e38F);
+}
+
+TEST_F(VueTableTest, ColumnsCannotBeDraggedToAnotherPlace)
+{
+    Montrer(1);
+    EXPECT_FALSE(vue.horizontalHeader()->sectionsMovable());
+}
+
+TEST_F(VueTableTest, AddedColumnsHaveTheirWidth)
+{
+    Montrer(2);
+    table.ColumnHeaders.Add(0, u"Prêté"_s).SetWidth(600);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Largeur(3), vue.PixelsDe(600));
+    EXPECT_EQ(Largeur(1), vue.PixelsDe(1440));
+}
+
+TEST_F(VueTableTest, GridLinesAreDrawnWhenTheTableHasThem)
+{
+    Montrer(3);
+    const QPoint entreDeuxLignes(Largeur(1) / 2, 3 * vue.rowHeight(0) - 1);
+    const QRgb fond = vue.palette().color(QPalette::Base).rgb();
+    EXPECT_EQ(Image().pixel(entreDeuxLignes), fond);
+    table.SetGridLines(true);
+    QCoreApplication::processEvents();
+    EXPECT_NE(Image().pixel(entreDeuxLignes), fond);
+    EXPECT_NE(Image().pixel(Largeur(1) - 1, Milieu(3).y()), fond);
+}
+
+TEST_F(VueTableTest, TheSortMarkerIsDrawnInItsTitle)
+{
+    Montrer(1);
+    const auto titre = [this](int colonne) {
+        const QHeaderView* titres = vue.horizontalHeader();
+        return const_cast<QHeaderView*>(titres)->grab().toImage().copy(
+            titres->sectionViewportPosition(colonne - 1), 0, titres->sectionSize(colonne - 1), titres->height());
+    };
+    const QImage premier = titre(1);
+    const QImage second = titre(2);
+    table.ColumnHeaders(2).SetIcon(u"up"_s);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(titre(1), premier);
+    const QImage montant = titre(2);
+    EXPECT_NE(montant, second);
+    table.ColumnHeaders(2).SetIcon(u"down"_s);
+    QCoreApplication::processEvents();
+    EXPECT_NE(titre(2), montant);
+}
+
+TEST_F(VueTableTest, TheThreeRowMarkersLookDifferent)
+{
+    Montrer(3);
+    table.ListItems(1).SetSmallIcon(u"noico"_s);
+    table.ListItems(2).SetSmallIcon(u"ico"_s);
+    table.ListItems(3).SetSmallIcon(u"icoerror"_s);
+    vue.clearFocus();
+    QCoreApplication::processEvents();
+    const QImage image = Image();
+    const auto marque = [&](int ligne) {
+        return image.copy(0, vue.rowViewportPosition(ligne - 1), 20, vue.rowHeight(0));
+    };
+    EXPECT_NE(marque(1), marque(2));
+    EXPECT_NE(marque(2), marque(3));
+    EXPECT_NE(marque(1), marque(3));
+}
+
+TEST_F(VueTableTest, ASelectedEntryIsDrawnSelectedAcrossItsColumns)
+{
+    Montrer(3);
+    table.ListItems(2).SetSelected(true);
+    QCoreApplication::processEvents();
+    const QImage image = Image();
+    const int y = Milieu(2).y();
+    const QRgb fond = vue.palette().color(QPalette::Base).rgb();
+    EXPECT_NE(image.pixel(Largeur(1) - 3, y), fond);
+    EXPECT_NE(image.pixel(Largeur(1) + Largeur(2) - 3, y), fond);
+    EXPECT_EQ(image.pixel(Largeur(1) - 3, Milieu(3).y()), fond);
+}
+
+TEST_F(VueTableTest, TheCellUnderAPointIsFound)
+{
+    Montrer(3);
+    EXPECT_EQ(vue.LigneSous(Milieu(2, 2)), 2);
+    EXPECT_EQ(vue.ColonneSous(Milieu(2, 2)), 2);
+    const QPoint dehors(vue.viewport()->width() - 2, vue.viewport()->height() - 2);
+    EXPECT_EQ(vue.LigneSous(dehors), 0);
+    EXPECT_EQ(vue.ColonneSous(dehors), 0);
+}
+
+TEST_F(VueTableTest, AnEntryIsScrolledToWithoutMovingSideways)
+{
+    Montrer(300);
+    table.ColumnHeaders(2).SetWidth(20000);
+    QCoreApplication::processEvents();
+    vue.horizontalScrollBar()->setValue(77);
+    vue.RendreVisible(250);
+    EXPECT_TRUE(vue.viewport()->rect().contains(QPoint(5, Milieu(250).y())));
+    EXPECT_EQ(vue.horizontalScrollBar()->value(), 77);
+    vue.RendreVisible(0);
+    vue.RendreVisible(301);
+    EXPECT_TRUE(vue.viewport()->rect().contains(QPoint(5, Milieu(250).y())));
+}
+
+TEST_F(VueTableTest, AnEntryAddedAMomentAgoCanBeScrolledTo)
+{
+    Montrer(100);
+    AjouterEntrees(table, {{u"Nouvelle"_s, u"Artiste"_s}});
+    vue.RendreVisible(101);
+    EXPECT_TRUE(vue.viewport()->rect().contains(Milieu(101)));
+}
+
+TEST_F(VueTableTest, AClickOnATitleIsToldOnceTitlesAreClickable)
+{
+    Montrer(3);
+    QSignalSpy cliquee(&vue, &VueTable::EnteteCliquee);
+    const QPoint second(Largeur(1) + 30, 8);
+    QTest::mouseClick(vue.horizontalHeader()->viewport(), Qt::LeftButton, Qt::NoModifier, second);
+    EXPECT_EQ(cliquee.count(), 0);
+    vue.horizontalHeader()->setSectionsClickable(true);
+    QTest::mouseClick(vue.horizontalHeader()->viewport(), Qt::LeftButton, Qt::NoModifier, second);
+    ASSERT_EQ(cliquee.count(), 1);
+    EXPECT_EQ(cliquee[0][0].toInt(), 2);
+    EXPECT_EQ(table.NombreDeSelectionnees(), 0);
+}
+
+TEST_F(VueTableTest, ALargerFontMakesHigherRows)
+{
+    Montrer(3);
+    const int avant = vue.rowHeight(0);
+    QFont grande = vue.font();
+    grande.setPointSize(24);
+    vue.setFont(grande);
+    EXPECT_GT(vue.rowHeight(0), avant);
+    EXPECT_GE(vue.rowHeight(0), QFontMetrics(grande).height());
+}
+
+TEST_F(VueTableTest, DoubleClickOnAnEdgeFitsTheColumn)
+{
+    Montrer(3);
+    table.ListItems(2).SetText(u"Un titre qui demande bien plus de place que la colonne n'en a pour le moment"_s);
+    QCoreApplication::processEvents();
+    const QPoint bord(Largeur(1) - 1, 8);
+    QTest::mouseDClick(vue.horizontalHeader()->viewport(), Qt::LeftButton, Qt::NoModifier, bord);
+    EXPECT_GE(Largeur(1), vue.fontMetrics().horizontalAdvance(table.ListItems(2).Text()));
+    EXPECT_FLOAT_EQ(table.ColumnHeaders(1).Width(), static_cast<float>(vue.UnitesDe(Largeur(1))));
+}
+
+TEST_F(VueTableTest, ScreenReadersReadTheCells)
+{
+    Montrer(3);
+    vue.setAccessibleName(u"Entrées"_s);
+    QAccessibleInterface* acces = QAccessible::queryAccessibleInterface(&vue);
+    ASSERT_TRUE(acces && acces->tableInterface());
+    EXPECT_EQ(acces->text(QAccessible::Name), u"Entrées"_s);
+    EXPECT_EQ(acces->tableInterface()->columnCount(), 2);
+    EXPECT_EQ(acces->tableInterface()->columnDescription(1), "Artiste");
+    EXPECT_EQ(acces->tableInterface()->cellAt(2, 0)->text(QAccessible::Name), "Titre 003");
+}
+
+TEST_F(VueTableTest, TabLeavesTheTable)
+{
+    Montrer(3);
+    EXPECT_FALSE(vue.tabKeyNavigation());
+}

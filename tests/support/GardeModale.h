@@ -1,0 +1,29 @@
+// Answers the next modal window of a test, and lets none hang it.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include <functional>
+
+class QWidget;
+
+/// While it lives, hands the next modal window that opens to `geste`, once. The test fails when none opens, and when
+/// one is still open after the time limit; that one is closed then.
+class GardeModale
+{
+public:
+    explicit GardeModale(std::function<void(QWidget&)> geste, int limiteEnMs = 5000);
+    ~GardeModale();
+    GardeModale(const GardeModale&) = delete;
+    GardeModale& operator=(const GardeModale&) = delete;
+
+private:
+    void Regarder();
+
+    std::function<void(QWidget&)> m_geste;
+    QTimer m_tic;
+    QElapsedTimer m_depuis;
+    int m_limite;
+    bool m_fait = false;
+};
