@@ -4,6 +4,7 @@
 #include "base/Const_Vrac.h"
 #include "catalogue/Cadre.h"
 #include "catalogue/ChargerCatalogue.h"
+#include "catalogue/FichierRecent.h"
 #include "extensions/modLang.h"
 
 #include <QFileInfo>
@@ -36,6 +37,7 @@ bool OuvrirFichier(Cadre& cadre, const QString& chemin, int type, bool montrerMe
     }
     if (!QFileInfo(chemin).isFile()) {
         MsgFichierAbsent();
+        RetirerRecent(chemin);
         return false;
     }
     if (type >= PremierTypePlugIn)
@@ -52,6 +54,7 @@ bool OuvrirFichier(Cadre& cadre, const QString& chemin, int type, bool montrerMe
         fenetre.Decharger();
         return false;
     }
+    AjouterRecent(chemin);
     // Nothing that happened so far is a change of the user's, a loan column added by the reader included.
     doc.IlFautSauver = false;
     doc.Ouvrir->Montrer(false);

@@ -194,6 +194,32 @@ TEST_F(OuvrirFichierTest, AFileThatIsNotThereIsTold)
     EXPECT_EQ(cadre.creees, 0);
 }
 
+TEST_F(OuvrirFichierTest, AnOpenedFileIsTheMostRecentOne)
+{
+    const QString a = FichierTexte(u"a.qrt"_s);
+    const QString b = FichierTexte(u"b.qrt"_s);
+    ASSERT_TRUE(Ouvrir(a));
+    ASSERT_TRUE(Ouvrir(b));
+    EXPECT_EQ(LireOption(u"FRecent1"_s, QString()).toString(), b);
+    EXPECT_EQ(LireOption(u"FRecent2"_s, QString()).toString(), a);
+}
+
+TEST_F(OuvrirFichierTest, AFileThatIsGoneLeavesTheRecentOnes)
+{
+    const QString chemin = dossier.Fichier(u"partie.qrt"_s);
+    EcrireOption(u"FRecent1"_s, chemin);
+    EXPECT_FALSE(Ouvrir(chemin));
+    EXPECT_EQ(LireOption(u"FRecent1"_s, QString()).toString(), QString());
+}
+
+TEST_F(OuvrirFichierTest, AFileThatDoesNotOpenIsNotRemembered)
+{
+    EXPECT_FALSE(Ouvrir(dossier.Ecrire(u"photo.qrt"_s, "JFIF....")));
+    EXPECT_FALSE(
+        Ouvrir(dossier.Ecrire(u"abime.qrt"_s, FaireArchive({{.nom = "Zelvane.qrt", .contenu = "x", .crc = 1}}))));
+    EXPECT_EQ(LireOption(u"FRecent1"_s, QString()).toString(), QString());
+}
+
 TEST_F(OuvrirFichierTest, AFileThatIsNoCatalogueMakesNoWindow)
 {
     EXPECT_FALSE(Ouvrir(dossier.Ecrire(u"photo.qrt"_s, "JFIF....")));
