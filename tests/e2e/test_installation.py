@@ -42,3 +42,9 @@ class AnInstallation(unittest.TestCase):
     def test_what_the_program_s_folder_holds_for_everybody_is_there(self):
         self.assertEqual((self.prefix / "share/zelvane/astuces.txt").read_bytes(),
                          (SOURCES / "data/astuces.txt").read_bytes())
+
+    def test_the_document_icon_has_all_sizes(self):
+        sizes = subprocess.run(["identify", "-format", "%w %m\n", self.prefix / "share/zelvane/IcoFile.ico"], check=True,
+                               capture_output=True, text=True).stdout.split("\n")[:-1]
+
+        self.assertEqual([int(size.split()[0]) for size in sizes], [16, 24, 32, 48, 64, 128, 256])
