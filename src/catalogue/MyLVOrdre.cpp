@@ -4,8 +4,6 @@
 
 #include <algorithm>
 
-using stockage::Drapeau;
-
 int MyLV::Position(uint32_t rang) const
 {
     if (!m_positionsValides) {
