@@ -42,3 +42,8 @@ void ReglagesFichier::Ecrire(const QString& section, const QString& cle, const Q
     if (Lire(section, cle) != valeur)
         m_fichier->setValue(Chemin(section, cle), valeur);
 }
+
+void ReglagesFichier::Synchroniser()
+{
+    m_fichier->sync();
+}

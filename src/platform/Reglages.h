@@ -15,6 +15,8 @@ public:
     /// Nothing when the key was never written.
     virtual std::optional<QString> Lire(const QString& section, const QString& cle) const = 0;
     virtual void Ecrire(const QString& section, const QString& cle, const QString& valeur) = 0;
+    /// Stores at once what was written, and takes in what other processes have stored since.
+    virtual void Synchroniser() {}
 };
 
 /// Settings in one ini file of the user's. Values reach the disk when the event loop is idle and at the end; a file
@@ -30,6 +32,7 @@ public:
 
     std::optional<QString> Lire(const QString& section, const QString& cle) const override;
     void Ecrire(const QString& section, const QString& cle, const QString& valeur) override;
+    void Synchroniser() override;
 
 private:
     std::unique_ptr<QSettings> m_fichier;

@@ -51,6 +51,19 @@ TEST_F(ReglagesFichierTest, KeepsSectionsApart)
     EXPECT_EQ(reglages.Lire("Options", "Hwnd"), std::nullopt);
 }
 
+TEST_F(ReglagesFichierTest, StoresAtOnceAndTakesInWhatOthersStoredWhenItIsSynchronised)
+{
+    ReglagesFichier reglages(m_fichier);
+    reglages.Ecrire("HwndInstance", "Hwnd", "12");
+
+    reglages.Synchroniser();
+    EXPECT_EQ(m_dossier.Lire("config/zelvane.ini"), "[HwndInstance]\nhwnd=12\n");
+
+    m_dossier.Ecrire("config/zelvane.ini", "[HwndInstance]\nhwnd=12345\n");
+    reglages.Synchroniser();
+    EXPECT_EQ(reglages.Lire("HwndInstance", "Hwnd"), "12345");
+}
+
 TEST_F(ReglagesFichierTest, StoresUnderTheSectionAndTheKeyInLowerCase)
 {
     ReglagesFichier(m_fichier).Ecrire("Options", "FRecent1", "x");
