@@ -12,7 +12,9 @@
 
 #include <memory>
 
-/// Not owned; none is null once the object is filled.
+class Rendezvous;
+
+/// Not owned; none is null once the object is filled, but for the one that says so.
 struct Plateforme
 {
     Reglages* reglages = nullptr;
@@ -22,6 +24,7 @@ struct Plateforme
     Hasard* hasard = nullptr;
     Association* association = nullptr;
     Programmes* programmes = nullptr;
+    Rendezvous* rendezvous = nullptr; ///< null in programs that have no window to be found by
 
     QString dossierProgramme;                         ///< with a trailing separator
     QString nomProgramme = QStringLiteral("zelvane"); ///< base name of the executable

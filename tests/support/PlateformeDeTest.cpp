@@ -20,6 +20,13 @@ void ReglagesEnMemoire::Ecrire(const QString& section, const QString& cle, const
     valeurs.insert({section, cle.toLower()}, valeur);
 }
 
+void ReglagesEnMemoire::Synchroniser()
+{
+    valeurs.insert(desAutres);
+    desAutres.clear();
+    surLeDisque = valeurs;
+}
+
 FichiersIni::Contenu FichiersIniEnMemoire::Charger(const QString& fichier) const
 {
     if (fermes.contains(fichier))
@@ -92,6 +99,7 @@ PlateformeDeTest::PlateformeDeTest()
     p.hasard = &hasard;
     p.association = &association;
     p.programmes = &programmes;
+    p.rendezvous = &rendezvous;
     p.dossierProgramme = dossier.Chemin();
     TempFolder = dossier.Fichier("temp");
     QDir().mkpath(TempFolder);

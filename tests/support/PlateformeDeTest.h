@@ -3,6 +3,7 @@
 
 #include "platform/Plateforme.h"
 #include "support/DossierDeTest.h"
+#include "support/RendezvousEnMemoire.h"
 
 #include <QDateTime>
 #include <QHash>
@@ -16,8 +17,11 @@ class ReglagesEnMemoire : public Reglages
 public:
     std::optional<QString> Lire(const QString& section, const QString& cle) const override;
     void Ecrire(const QString& section, const QString& cle, const QString& valeur) override;
+    void Synchroniser() override;
 
-    QHash<QPair<QString, QString>, QString> valeurs; ///< by section and key in lower case
+    QHash<QPair<QString, QString>, QString> valeurs;     ///< by section and key in lower case
+    QHash<QPair<QString, QString>, QString> desAutres;   ///< what other processes have stored, not yet taken in
+    QHash<QPair<QString, QString>, QString> surLeDisque; ///< what other processes see
 };
 
 class FichiersIniEnMemoire : public FichiersIni
@@ -108,6 +112,7 @@ public:
     HasardPrepare hasard;
     AssociationComptee association;
     ProgrammesNotes programmes;
+    RendezvousEnMemoire rendezvous;
 };
 
 /// Gives every test a PlateformeDeTest of its own. Called once by the main of a test program.
