@@ -3,6 +3,7 @@
 
 #include "base/AfficherMsg.h"
 #include "base/Const_Vrac.h"
+#include "catalogue/FichierDuDossier.h"
 #include "catalogue/TexteExact.h"
 #include "catalogue/TexteQrt.h"
 #include "catalogue/ccZip.h"
@@ -13,8 +14,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
-
-#include <cstdio>
 
 using stockage::Codage;
 
@@ -44,39 +43,6 @@ QByteArray LireTout(const QString& chemin)
     QFile fichier(chemin);
     return fichier.open(QIODevice::ReadOnly) ? fichier.readAll() : QByteArray();
 }
-
-/// A file of the document's folder, replaced as a whole: whoever reads it finds the old text or the new one. Nothing is
-/// forced to the disk here, as the folder does not outlive the program's run.
-class FichierDuDossier
-{
-public:
-    explicit FichierDuDossier(const QString& chemin) : m_chemin(chemin), m_fichier(chemin + u'~') {}
-    ~FichierDuDossier()
-    {
-        if (m_fichier.isOpen())
-            m_fichier.remove();
-    }
-    FichierDuDossier(const FichierDuDossier&) = delete;
-    FichierDuDossier& operator=(const FichierDuDossier&) = delete;
-
-    bool Ouvrir() { return m_fichier.open(QIODevice::WriteOnly | QIODevice::Unbuffered); }
-    QFile& Fichier() { return m_fichier; }
-    bool Valider()
-    {
-        if (!m_fichier.flush() || m_fichier.error() != QFileDevice::NoError)
-            return false;
-        m_fichier.close();
-        const bool bon = std::rename(QFile::encodeName(m_fichier.fileName()).constData(),
-                                     QFile::encodeName(m_chemin).constData()) == 0;
-        if (!bon)
-            m_fichier.remove();
-        return bon;
-    }
-
-private:
-    QString m_chemin;
-    QFile m_fichier;
-};
 
 /// Writes the exact text beside the 8-bit one. `commentaire`: the comment's exact text, where it needs one.
 bool EcrireTexteExact(const QrtClass& doc, EntreesEcrites entrees, const std::optional<QByteArray>& commentaire)

@@ -1,0 +1,98 @@
+#include "catalogue/Commentaires.h"
+
+#include "catalogue/FichierDuDossier.h"
+#include "catalogue/TexteExact.h"
+#include "platform/PageDeCode.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace Commentaires {
+
+namespace {
+
+const QString s_finDeLigne = QStringLiteral("\r\n");
+
+QByteArray LireTout(const QString& chemin)
+{
+    QFile fichier(chemin);
+    return fichier.open(QIODevice::ReadOnly) ? fichier.readAll() : QByteArray();
+}
+
+/// The bytes that "Zelvane.utf8" is to hold once the comments are `texte`; empty when the folder needs no such file.
+QByteArray TexteExactAvec(const QString& dossier, const QString& texte)
+{
+    const QString chemin = dossier + TexteExact::NomDuFichier();
+    const bool enHuitBits = PageDeCode::EstRepresentable(texte);
+    if (enHuitBits && !QFileInfo::exists(chemin))
+        return {};
+    const QByteArray huitBits = LireTout(dossier + QStringLiteral("Zelvane.qrt"));
+    const QByteArray enUtf8 = PageDeCode::VersTexte(huitBits).toUtf8();
+    const QByteArray catalogue = TexteExact::Lire(dossier, huitBits, {}).catalogue.value_or(enUtf8);
+    if (enHuitBits)
+        return catalogue == enUtf8 ? QByteArray() : catalogue;
+    return catalogue + TexteExact::Separateur() + texte.toUtf8();
+}
+
+bool Supprimer(const QString& chemin)
+{
+    return !QFileInfo::exists(chemin) || QFile::remove(chemin);
+}
+
+} // namespace
+
+QString NomDuFichier()
+{
+    return QStringLiteral("Zelvane.txt");
+}
+
+std::optional<QString> Lire(const QString& dossier)
+{
+    std::optional<QString> texte = TexteExact::LireCommentaire(dossier);
+    if (texte)
+        texte->replace(s_finDeLigne, QStringLiteral("\n")).replace(u'\r', u'\n');
+    return texte;
+}
+
+bool Ecrire(const QString& dossier, const QString& texte)
+{
+    QString lignes = texte.isEmpty() ? QStringLiteral("\n") : texte;
+    lignes.replace(u'\n', s_finDeLigne);
+
+    // Both are written whole before either takes its place: a full disk leaves the old comments.
+    const QByteArray exact = TexteExactAvec(dossier, lignes);
+    const QString cheminExact = dossier + TexteExact::NomDuFichier();
+    FichierDuDossier fichierExact(cheminExact);
+    FichierDuDossier fichier(dossier + NomDuFichier());
+    if (!fichier.Preparer(PageDeCode::VersOctets(lignes)) || (!exact.isEmpty() && !fichierExact.Preparer(exact)))
+        return false;
+    return fichier.Valider() && (exact.isEmpty() ? Supprimer(cheminExact) : fichierExact.Valider());
+}
+
+bool AMontrer(const QString& dossier)
+{
+    QFile fichier(dossier + NomDuFichier());
+    // One byte more than a line end tells a longer text apart.
+    return fichier.open(QIODevice::ReadOnly) && fichier.read(3) != "\r\n";
+}
+
+} // namespace Commentaires
+
+namespace {
+
+QString DossierDe(const QString& chemin)
+{
+    return QFileInfo(chemin).path() + u'/';
+}
+
+} // namespace
+
+std::optional<QString> CommentairesDuDossier::Lire(const QString& chemin)
+{
+    return Commentaires::Lire(DossierDe(chemin));
+}
+
+bool CommentairesDuDossier::Ecrire(const QString& chemin, const QString& texte)
+{
+    return Commentaires::Ecrire(DossierDe(chemin), texte);
+}

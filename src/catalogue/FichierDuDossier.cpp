@@ -1,0 +1,26 @@
+#include "catalogue/FichierDuDossier.h"
+
+#include <cstdio>
+
+FichierDuDossier::~FichierDuDossier()
+{
+    if (m_fichier.isOpen())
+        m_fichier.remove();
+}
+
+bool FichierDuDossier::Preparer(QByteArrayView octets)
+{
+    return Ouvrir() && m_fichier.write(octets.data(), octets.size()) == octets.size() && m_fichier.flush();
+}
+
+bool FichierDuDossier::Valider()
+{
+    if (!m_fichier.flush() || m_fichier.error() != QFileDevice::NoError)
+        return false;
+    m_fichier.close();
+    const bool bon =
+        std::rename(QFile::encodeName(m_fichier.fileName()).constData(), QFile::encodeName(m_chemin).constData()) == 0;
+    if (!bon)
+        m_fichier.remove();
+    return bon;
+}

@@ -1,0 +1,30 @@
+// A file of a document's folder, replaced as a whole: whoever reads it finds the old text or the new one. Nothing is
+// forced to the disk, as the folder does not outlive the program's run.
+#pragma once
+
+#include <QByteArrayView>
+#include <QFile>
+#include <QString>
+
+class FichierDuDossier
+{
+public:
+    /// `chemin`: full path of the file. Until Valider the new text stands beside it.
+    explicit FichierDuDossier(const QString& chemin) : m_chemin(chemin), m_fichier(chemin + u'~') {}
+    /// Without Valider the file stays as it was.
+    ~FichierDuDossier();
+    FichierDuDossier(const FichierDuDossier&) = delete;
+    FichierDuDossier& operator=(const FichierDuDossier&) = delete;
+
+    bool Ouvrir() { return m_fichier.open(QIODevice::WriteOnly | QIODevice::Unbuffered); }
+    QFile& Fichier() { return m_fichier; }
+    /// Opens and writes all of `octets`.
+    bool Preparer(QByteArrayView octets);
+    /// Puts what was written in the file's place. False when something of it could not be written, or the place not be
+    /// taken.
+    bool Valider();
+
+private:
+    QString m_chemin;
+    QFile m_fichier;
+};
