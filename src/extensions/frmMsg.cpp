@@ -2,6 +2,7 @@
 
 #include "base/AfficherMsg.h"
 #include "base/Icones.h"
+#include "extensions/LangForm.h"
 #include "ui_frmMsg.h"
 
 #include <QKeySequence>
@@ -24,6 +25,7 @@ frmMsg::frmMsg(const QString& texte, int genre, const QString& titre, QWidget* p
     : QDialog(parent), m_ui(std::make_unique<Ui::frmMsg>())
 {
     m_ui->setupUi(this);
+    LangForm(*this);
     setWindowTitle(titre);
     m_ui->Label1->setText(texte);
     // What a screen reader says first.

@@ -1,0 +1,11 @@
+// Translates a form: see TextesDeForme for the keys.
+#pragma once
+
+class QWidget;
+
+/// Puts the texts of the language in force into `form` and its controls, each control known by its objectName. The last
+/// step of every form's load: what is set later comes from LangMsg instead. Nothing happens while the program speaks
+/// French. Forms inside the form, as the document windows of the frame, are translated by themselves.
+///
+/// "&" marks a mnemonic as everywhere in Qt. A control's accessible name follows a caption or tool tip that it repeats.
+void LangForm(QWidget& form);
