@@ -158,6 +158,11 @@ TEST_F(Ecriture, AnArchiveHoldsTheWholeFolderAndForeignToolsAgree)
     EXPECT_TRUE(Bare().startsWith("PK\x03\x04"));
     EXPECT_TRUE(Sortie("unzip", {"-t", chemin}).contains("No errors detected"));
     EXPECT_TRUE(Sortie("zipinfo", {"-z", chemin}).contains("Zelvane v2.2 by Morvenal"));
+    EXPECT_EQ(Sortie("/usr/bin/python3", {"-c",
+                                          "import sys, zipfile; archive = zipfile.ZipFile(sys.argv[1]); "
+                                          "print(archive.testzip(), archive.comment.decode('cp1252'))",
+                                          chemin}),
+              "None Zelvane v2.2 by Morvenal\n");
     QStringList noms = QString::fromUtf8(Sortie("zipinfo", {"-1", chemin})).split(u'\n', Qt::SkipEmptyParts);
     noms.sort();
     EXPECT_EQ(noms, QStringList({"Zelvane.qrt", "Zelvane.txt", "b.jpg", "orpheline.bmp"}));
