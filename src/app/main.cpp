@@ -1,4 +1,5 @@
 // zelvane [PATH]: the program with its windows. All that stands behind the program's name is one path.
+#include "extensions/DialoguesEnFenetre.h"
 #include "extensions/MessagesEnFenetre.h"
 #include "platform/Plateforme.h"
 #include "platform/ProgrammesBureau.h"
@@ -43,6 +44,7 @@ int main(int argc, char** argv)
     ProgrammesBureau programmes;
     plateforme().programmes = &programmes;
     const MessagesEnFenetre messages;
+    const DialoguesEnFenetre dialogues;
     EtapesEnFenetres etapes;
     if (Main(LigneDeCommande(QApplication::arguments()), etapes) == SuiteDemarrage::Finir)
         return 0;

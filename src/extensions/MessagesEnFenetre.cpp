@@ -1,27 +1,8 @@
 #include "extensions/MessagesEnFenetre.h"
 
+#include "extensions/FenetreDessous.h"
 #include "extensions/frmMotDePasse.h"
 #include "extensions/frmMsg.h"
-
-#include <QApplication>
-
-#include <algorithm>
-
-namespace {
-
-/// The window that a box belongs to. At the start, and while another program has the focus, none is active.
-QWidget* FenetreDessous()
-{
-    if (QWidget* active = QApplication::activeWindow())
-        return active;
-    const QWidgetList fenetres = QApplication::topLevelWidgets();
-    const auto visible = std::find_if(fenetres.begin(), fenetres.end(), [](const QWidget* fenetre) {
-        return fenetre->isVisible() && fenetre->windowType() == Qt::Window;
-    });
-    return visible == fenetres.end() ? nullptr : *visible;
-}
-
-} // namespace
 
 MessagesEnFenetre::MessagesEnFenetre() : m_precedent(InstallerPresentateur(this)) {}
 
