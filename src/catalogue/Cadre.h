@@ -1,4 +1,4 @@
-// The frame as the flows see it: which documents are open, and how one comes to the front.
+// The frame as the flows see it: which documents are open, how one comes to the front, and their tabs.
 #pragma once
 
 #include "base/Fenetres.h"
@@ -17,6 +17,11 @@ public:
     /// A new window, loaded: it has its Tag, its table and its panels, and the loading panel is on show.
     virtual FenetreDocument& NouvelleFenetre() = 0;
     virtual void AmenerDevant(FenetreDocument& fenetre) = 0;
+
+    /// Adds the window's tab: its key is the window's Tag, its caption the window's.
+    virtual void AjouterOnglet(const FenetreDocument& fenetre) = 0;
+    /// Gives the window's tab, found by its Tag, a caption; a window without a tab is no matter.
+    virtual void MettreTitreOnglet(const FenetreDocument& fenetre, const QString& titre) = 0;
 
     std::vector<FenetreOuverte*> Fenetres() const final
     {

@@ -2,9 +2,12 @@
 
 #include "base/AfficherMsg.h"
 #include "base/Const_Vrac.h"
+#include "base/DialogueFichier.h"
+#include "base/Options.h"
 #include "catalogue/Cadre.h"
 #include "catalogue/ChargerCatalogue.h"
 #include "catalogue/FichierRecent.h"
+#include "catalogue/Sauver.h"
 #include "extensions/modLang.h"
 
 #include <QFileInfo>
@@ -12,6 +15,8 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+
+QStringList PlugIns;
 
 namespace {
 
@@ -23,6 +28,25 @@ FenetreDocument* FenetreDe(const Cadre& cadre, const QString& chemin)
     const auto trouvee = std::ranges::find_if(
         fenetres, [&](const FenetreDocument* fenetre) { return fenetre->myqrt.CheminReel() == chemin; });
     return trouvee == fenetres.end() ? nullptr : *trouvee;
+}
+
+DemandeFichier DemandeDOuverture()
+{
+    DemandeFichier demande;
+    demande.titre = LangMsg(u"msg71"_s, u"Ouvrir une Categorie"_s);
+    demande.types = TypesDuFiltre(FiltreDesCatalogues());
+    demande.type = TypeQrt2;
+    demande.plusieurs = true;
+    return demande;
+}
+
+/// Opens all of them, each by itself: one that fails does not keep the next from being tried.
+void OuvrirPlusieurs(Cadre& cadre, const QStringList& fichiers, int type)
+{
+    for (const QString& fichier : fichiers) {
+        if (!OuvrirFichier(cadre, fichier, type, true))
+            AfficherMsg(LangMsg(u"msg47"_s, u"Erreur d'ouverture :"_s) + (u'\n' + fichier), MsgOk, QString());
+    }
 }
 
 } // namespace
@@ -50,6 +74,7 @@ bool OuvrirFichier(Cadre& cadre, const QString& chemin, int type, bool montrerMe
     QrtClass& doc = fenetre.myqrt;
     doc.TmpFolder = CreerDossierTemp();
     fenetre.SetCaption(NomDeFichier(chemin));
+    cadre.AjouterOnglet(fenetre);
     if (!ChargerCatalogue(doc, chemin, *forme)) {
         fenetre.Decharger();
         return false;
@@ -59,4 +84,26 @@ bool OuvrirFichier(Cadre& cadre, const QString& chemin, int type, bool montrerMe
     doc.IlFautSauver = false;
     doc.Ouvrir->Montrer(false);
     return true;
+}
+
+void OuvrirDialogue(Cadre& cadre)
+{
+    PlugIns = {QString()};
+    DemandeFichier demande = DemandeDOuverture();
+    for (;;) {
+        demande.depart = LireOption(u"OpenInitDir"_s).toString();
+        const std::optional<ReponseFichier> reponse = DialogueOuvrir(demande);
+        if (!reponse || reponse->fichiers.isEmpty())
+            return;
+        const QString& premier = reponse->fichiers.first();
+        EcrireOption(u"OpenInitDir"_s, premier.chopped(NomDeFichier(premier).size()));
+        if (reponse->type == TypeTous) {
+            AfficherMsg(LangMsg(u"msg46"_s, u"Veuillez selectionner un type pour votre fichier"_s), MsgOk, QString());
+            continue;
+        }
+        if (reponse->fichiers.size() > 1)
+            return OuvrirPlusieurs(cadre, reponse->fichiers, reponse->type);
+        if (OuvrirFichier(cadre, premier, reponse->type, true))
+            return;
+    }
 }

@@ -1,7 +1,8 @@
-// The open flow: from a path to a document window.
+// The open flow: from the dialog or a path to a document window.
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 class Cadre;
 
@@ -20,3 +21,13 @@ enum TypeOuverture {
 /// False without a message: no plug-in goes with `type`.
 /// A file that opened becomes the most recent one; one that does not exist leaves the list.
 bool OuvrirFichier(Cadre& cadre, const QString& chemin, int type, bool montrerMessages);
+
+/// Plug-ins that open files, by file type: the first goes with PremierTypePlugIn. One empty element stands behind the
+/// last. Rebuilt by OuvrirDialogue; no plug-in is looked for yet.
+extern QStringList PlugIns;
+
+/// Shows the open dialog ("msg71") and opens what the user chooses. The dialog comes back after the type "*.*"
+/// ("msg46") and after a single file that did not open; of several files each is tried, and those that did not open are
+/// told
+/// ("msg47"). The folder is remembered.
+void OuvrirDialogue(Cadre& cadre);

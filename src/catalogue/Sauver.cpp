@@ -4,6 +4,7 @@
 #include "base/Const_Vrac.h"
 #include "base/DialogueFichier.h"
 #include "base/Options.h"
+#include "catalogue/Cadre.h"
 #include "catalogue/FichierQrt.h"
 #include "catalogue/FichierRecent.h"
 #include "catalogue/QrtClass.h"
@@ -261,4 +262,12 @@ bool Enregistrer(QrtClass& doc, bool saveAs, bool sansQuestion)
     if (issue == Issue::SortieNette)
         return false;
     return Terminer(doc, issue == Issue::Reussie);
+}
+
+void EnregistrerTout(Cadre& cadre)
+{
+    for (FenetreDocument* fenetre : cadre.Documents()) {
+        Enregistrer(fenetre->myqrt, false, true);
+        cadre.MettreTitreOnglet(*fenetre, NomDeFichier(fenetre->myqrt.CheminReel()));
+    }
 }

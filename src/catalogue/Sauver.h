@@ -3,6 +3,7 @@
 
 #include <QString>
 
+class Cadre;
 class QrtClass;
 
 /// True while a save runs: a window refuses to close then. One flag for the whole program.
@@ -16,3 +17,7 @@ QString FiltreDesCatalogues();
 /// True when the caller may go on: saved, nothing to do, or the changes are to be dropped. Messages: "msg59" to
 /// "msg63", "msg46", "msg72"; "msgArchive" when the archive could not be written in full.
 bool Enregistrer(QrtClass& doc, bool saveAs, bool sansQuestion);
+
+/// Saves every open document without a question, changed or not, oldest window first; one without a path goes through
+/// Save As. One that is not saved does not keep the next from it. Each tab then shows the name of its document's file.
+void EnregistrerTout(Cadre& cadre);

@@ -26,3 +26,8 @@ void EtapesEnFenetres::OuvrirFichier(const QString& chemin)
 {
     ::OuvrirFichier(*m_cadre, chemin, TypeQrt2, true);
 }
+
+void EtapesEnFenetres::MajMenuRecents()
+{
+    ::MajMenuRecents(*m_cadre);
+}

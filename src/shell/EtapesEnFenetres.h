@@ -23,12 +23,12 @@ public:
     void SowPrev() override {}
     void Class_Terminate98() override {}
 
-    // There is no start-up window, no list of recent files and no tip to show yet.
+    // There is no start-up window and no tip to show yet.
     void MontrerPresentation() override {}
-    void MajMenuRecents() override {}
     void MontrerAstuces() override {}
 
     void OuvrirFichier(const QString& chemin) override;
+    void MajMenuRecents() override;
 
 private:
     std::unique_ptr<MDIForm1> m_cadre;

@@ -3,13 +3,18 @@
 #include "base/Const_Vrac.h"
 #include "base/Icones.h"
 #include "base/Options.h"
+#include "catalogue/OuvrirFichiersQrt.h"
 #include "extensions/modLang.h"
+#include "shell/ArrangerFenetres.h"
 #include "shell/Form1.h"
 #include "ui_MDIForm1.h"
 
 #include <QCloseEvent>
 #include <QMdiSubWindow>
+#include <QMimeData>
 #include <QScreen>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -34,9 +39,19 @@ void MontrerDansSonEtat(QMdiSubWindow& fenetre)
         fenetre.showNormal();
 }
 
-FenetreDocument* DocumentDe(const QMdiSubWindow* cadre)
+Form1* DocumentDe(const QMdiSubWindow* cadre)
 {
     return cadre ? qobject_cast<Form1*>(cadre->widget()) : nullptr;
+}
+
+QStringList FichiersDe(const QMimeData& donnees)
+{
+    QStringList chemins;
+    for (const QUrl& adresse : donnees.urls()) {
+        if (adresse.isLocalFile())
+            chemins.append(adresse.toLocalFile());
+    }
+    return chemins;
 }
 
 } // namespace
@@ -44,17 +59,30 @@ FenetreDocument* DocumentDe(const QMdiSubWindow* cadre)
 MDIForm1::MDIForm1(QWidget* parent) : QMainWindow(parent), m_ui(std::make_unique<Ui::MDIForm1>())
 {
     m_ui->setupUi(this);
+    m_menus = m_ui->Menus->actions();
     setWindowIcon(Icone(u"zelvane"_s));
     ColorierFond();
     InstallerFenetres(this);
     InitialiserTempFolder();
+    MontrerGrandesIcones(TexteVersBool(LireOption(u"GrandesIcones"_s).toString()));
     ChargerLangue(LireOption(u"QRTLangue"_s).toString());
+    m_ui->mPlugin->menuAction()->setVisible(false);
+    RelierMenus();
+    RelierMenuFenetre();
+    SuivreFenetreActive();
+
+    m_ui->Fenetres->viewport()->installEventFilter(this);
+    connect(m_ui->Fenetres, &QMdiArea::subWindowActivated, this, &MDIForm1::SuivreFenetreActive);
+    connect(m_ui->TabStrip1, &BandeOnglets::OngletChoisi, this, &MDIForm1::SuivreOnglet);
     // A small screen gets a frame that fits it.
     resize(size().boundedTo(screen()->availableSize() * PartDeLEcran));
 }
 
 MDIForm1::~MDIForm1()
 {
+    // The windows go with the area, after this: nothing is to follow them any more.
+    disconnect(m_ui->Fenetres, nullptr, this, nullptr);
+    m_ui->Fenetres->viewport()->removeEventFilter(this);
     InstallerFenetres(nullptr);
 }
 
@@ -103,6 +131,169 @@ QMdiSubWindow* MDIForm1::CadreDe(const FenetreDocument& fenetre) const
     return trouve == cadres.end() ? nullptr : *trouve;
 }
 
+// ---- Tabs
+
+void MDIForm1::AjouterOnglet(const FenetreDocument& fenetre)
+{
+    m_ui->TabStrip1->Ajouter(fenetre.Tag, fenetre.Caption());
+    SuivreFenetreActive();
+}
+
+void MDIForm1::MettreTitreOnglet(const FenetreDocument& fenetre, const QString& titre)
+{
+    m_ui->TabStrip1->MettreTitre(fenetre.Tag, titre);
+}
+
+/// The strip, the menu bar and the list of recent files follow the window that became active.
+void MDIForm1::SuivreFenetreActive()
+{
+    const FenetreDocument* active = FenetreActive();
+    if (active) {
+        const bool actifs = std::exchange(OngletsActifs, false);
+        m_ui->TabStrip1->Selectionner(active->Tag);
+        OngletsActifs = actifs;
+    }
+    MontrerMenus(active);
+    m_ui->mFenetre->menuAction()->setVisible(active);
+    MajMenuRecents(*this);
+}
+
+/// Brings the window of the tab that was chosen to the front.
+void MDIForm1::SuivreOnglet()
+{
+    if (!OngletsActifs)
+        return;
+    const QString cle = m_ui->TabStrip1->Cle(m_ui->TabStrip1->currentIndex() + 1);
+    const auto fenetres = Documents();
+    const auto trouvee = std::ranges::find_if(fenetres, [&](const auto* fenetre) { return fenetre->Tag == cle; });
+    if (trouvee != fenetres.end())
+        AmenerDevant(**trouvee);
+}
+
+bool MDIForm1::eventFilter(QObject* objet, QEvent* event)
+{
+    if (objet == m_ui->Fenetres->viewport() && event->type() == QEvent::ChildRemoved) {
+        const auto* partie = qobject_cast<QMdiSubWindow*>(static_cast<QChildEvent*>(event)->child());
+        if (const FenetreDocument* document = DocumentDe(partie)) {
+            const bool actifs = std::exchange(OngletsActifs, false);
+            m_ui->TabStrip1->Retirer(document->Tag);
+            OngletsActifs = actifs;
+            // Once the area has let go of the window.
+            QMetaObject::invokeMethod(this, &MDIForm1::SuivreFenetreActive, Qt::QueuedConnection);
+        }
+    }
+    return QMainWindow::eventFilter(objet, event);
+}
+
+// ---- Menus and tool bars
+
+void MDIForm1::RelierMenus()
+{
+    connect(m_ui->mOuvrir, &QAction::triggered, this, [this] {
+        OuvrirDialogue(*this);
+        MajMenuRecents(*this);
+    });
+    for (QAction* recent : {m_ui->mRecent_0, m_ui->mRecent_1, m_ui->mRecent_2, m_ui->mRecent_3, m_ui->mRecent_4})
+        connect(recent, &QAction::triggered, this, [this, recent] { OuvrirEtNoter({recent->data().toString()}); });
+    connect(m_ui->mGrandesIcones, &QAction::triggered, this, [this] {
+        const bool grandes = m_ui->Toolbar2->isHidden();
+        MontrerGrandesIcones(grandes);
+        EcrireOption(u"GrandesIcones"_s, grandes);
+    });
+}
+
+void MDIForm1::RelierMenuFenetre()
+{
+    connect(m_ui->mEnCascade, &QAction::triggered, m_ui->Fenetres, &QMdiArea::cascadeSubWindows);
+    connect(m_ui->mMosaiqueHorizontale, &QAction::triggered, this,
+            [this] { DisposerEnMosaique(*m_ui->Fenetres, Mosaique::Horizontale); });
+    connect(m_ui->mMosaiqueVerticale, &QAction::triggered, this,
+            [this] { DisposerEnMosaique(*m_ui->Fenetres, Mosaique::Verticale); });
+    connect(m_ui->mArrangeIcones, &QAction::triggered, this, [this] { ArrangerIcones(*m_ui->Fenetres); });
+    connect(m_ui->mMinimiserTout, &QAction::triggered, this, &MDIForm1::MinimiserTout);
+    connect(m_ui->mRestaurerTout, &QAction::triggered, this, &MDIForm1::RestaurerTout);
+}
+
+/// The menus of the active window take the place of the frame's own in its bar; a window without any leaves them.
+void MDIForm1::MontrerMenus(const FenetreDocument* active)
+{
+    QList<QAction*> menus = m_menus;
+    if (const auto* fenetre = dynamic_cast<const Form1*>(active)) {
+        if (auto* barre = fenetre->findChild<QMenuBar*>(QString(), Qt::FindDirectChildrenOnly)) {
+            barre->hide();
+            menus = barre->actions();
+        }
+    }
+    if (menus == m_ui->Menus->actions())
+        return;
+    m_ui->Menus->clear();
+    m_ui->Menus->addActions(menus);
+}
+
+void MDIForm1::MettreRecent(int index, const QString& chemin)
+{
+    QAction* recent = findChild<QAction*>(u"mRecent_%1"_s.arg(index), Qt::FindDirectChildrenOnly);
+    recent->setVisible(!chemin.isEmpty());
+    if (chemin.isEmpty())
+        return;
+    recent->setText(QString(chemin).replace(u'&', u"&&"_s));
+    recent->setData(chemin);
+}
+
+void MDIForm1::MontrerBarRecent(bool visible)
+{
+    m_ui->mBarRecent->setVisible(visible);
+}
+
+/// One bar is on show; as long as they have no buttons, their band is not.
+void MDIForm1::MontrerGrandesIcones(bool grandes)
+{
+    m_ui->Toolbar1->setVisible(!grandes);
+    m_ui->Toolbar2->setVisible(grandes);
+    m_ui->CoolBar1->setVisible(!m_ui->Toolbar1->actions().isEmpty());
+    RedrawAll();
+}
+
+void MDIForm1::RedrawAll()
+{
+    m_ui->mGrandesIcones->setChecked(!m_ui->Toolbar2->isHidden());
+}
+
+// ---- Windows
+
+void MDIForm1::MinimiserTout()
+{
+    for (QMdiSubWindow* cadre : m_ui->Fenetres->subWindowList(QMdiArea::CreationOrder))
+        cadre->showMinimized();
+}
+
+void MDIForm1::RestaurerTout()
+{
+    for (QMdiSubWindow* cadre : m_ui->Fenetres->subWindowList(QMdiArea::CreationOrder))
+        cadre->showNormal();
+}
+
+void MDIForm1::OuvrirEtNoter(const QStringList& chemins)
+{
+    for (const QString& chemin : chemins)
+        OuvrirFichier(*this, chemin, TypeQrt2, true);
+    MajMenuRecents(*this);
+}
+
+void MDIForm1::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!FichiersDe(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void MDIForm1::dropEvent(QDropEvent* event)
+{
+    event->acceptProposedAction();
+    // Later: the program that the files come from waits for the end of this event, and a message could keep it.
+    QMetaObject::invokeMethod(
+        this, [this, chemins = FichiersDe(*event->mimeData())] { OuvrirEtNoter(chemins); }, Qt::QueuedConnection);
+}
+
 /// The empty frame: a shade off the windows' own colour, in light and dark themes alike.
 void MDIForm1::ColorierFond()
 {
@@ -115,6 +306,8 @@ void MDIForm1::changeEvent(QEvent* event)
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         ColorierFond();
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        MajMenuRecents(*this);
 }
 
 void MDIForm1::closeEvent(QCloseEvent* event)

@@ -1,7 +1,8 @@
-// The program's frame: it holds the document windows.
+// The program's frame: it holds the document windows, their tabs, the tool bars and the menu bar.
 #pragma once
 
 #include "catalogue/Cadre.h"
+#include "catalogue/FichierRecent.h"
 
 #include <QMainWindow>
 
@@ -13,7 +14,7 @@ namespace Ui {
 class MDIForm1;
 }
 
-class MDIForm1 : public QMainWindow, public Cadre
+class MDIForm1 : public QMainWindow, public Cadre, public MenuRecents
 {
     Q_OBJECT
 
@@ -21,19 +22,45 @@ public:
     explicit MDIForm1(QWidget* parent = nullptr);
     ~MDIForm1() override;
 
+    /// Whether a click on a tab brings its window to the front. Off while the strip follows the windows.
+    bool OngletsActifs = true;
+
     std::vector<FenetreDocument*> Documents() const override;
     FenetreDocument* FenetreActive() const override;
     FenetreDocument& NouvelleFenetre() override;
     void AmenerDevant(FenetreDocument& fenetre) override;
+    void AjouterOnglet(const FenetreDocument& fenetre) override;
+    void MettreTitreOnglet(const FenetreDocument& fenetre, const QString& titre) override;
+
+    void MettreRecent(int index, const QString& chemin) override;
+    void MontrerBarRecent(bool visible) override;
+
+    /// Brings the check of mGrandesIcones in step with the tool bars.
+    void RedrawAll();
+
+    void MinimiserTout();
+    void RestaurerTout();
 
 protected:
     /// Closes the document windows first; one that stays keeps the frame.
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    /// Watches the area for windows that go.
+    bool eventFilter(QObject* objet, QEvent* event) override;
 
 private:
+    void RelierMenus();
+    void RelierMenuFenetre();
+    void MontrerMenus(const FenetreDocument* active);
+    void MontrerGrandesIcones(bool grandes);
+    void SuivreFenetreActive();
+    void SuivreOnglet();
+    void OuvrirEtNoter(const QStringList& chemins);
     void ColorierFond();
     QMdiSubWindow* CadreDe(const FenetreDocument& fenetre) const;
 
     std::unique_ptr<Ui::MDIForm1> m_ui;
+    QList<QAction*> m_menus; ///< the frame's own, in the order of its bar
 };

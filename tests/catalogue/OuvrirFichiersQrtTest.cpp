@@ -1,8 +1,10 @@
 #include "catalogue/OuvrirFichiersQrt.h"
 
 #include "base/Const_Vrac.h"
-#include "catalogue/Cadre.h"
+#include "base/Options.h"
 #include "support/ArchiveDeTest.h"
+#include "support/CadreDeTest.h"
+#include "support/FileDeFichiers.h"
 #include "support/FileDeReponses.h"
 #include "support/Impression.h"
 #include "support/TableDeTest.h"
@@ -18,69 +20,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-struct PanneauDeTest : PanneauAttente
-{
-    bool visible = false;
-    void Montrer(bool oui) override { visible = oui; }
-};
-
-class CadreDeTest;
-
-class FenetreDeTest : public FenetreDocument
-{
-public:
-    explicit FenetreDeTest(CadreDeTest& cadre) : m_cadre(cadre)
-    {
-        myqrt.MyLV = &table;
-        myqrt.wait = &wait;
-        myqrt.Ouvrir = &fOuvrir;
-    }
-
-    QString Caption() const override { return m_titre; }
-    void SetCaption(const QString& titre) override { m_titre = titre; }
-    void Decharger() override;
-
-    MyLV table;
-    PanneauDeTest wait;
-    PanneauDeTest fOuvrir;
-
-private:
-    CadreDeTest& m_cadre;
-    QString m_titre;
-};
-
-class CadreDeTest : public Cadre
-{
-public:
-    std::vector<FenetreDocument*> Documents() const override
-    {
-        std::vector<FenetreDocument*> liste;
-        for (const auto& fenetre : fenetres)
-            liste.push_back(fenetre.get());
-        return liste;
-    }
-    FenetreDocument* FenetreActive() const override { return active; }
-    FenetreDocument& NouvelleFenetre() override
-    {
-        fenetres.push_back(std::make_unique<FenetreDeTest>(*this));
-        fenetres.back()->fOuvrir.visible = true;
-        ++creees;
-        active = fenetres.back().get();
-        return *active;
-    }
-    void AmenerDevant(FenetreDocument& fenetre) override { active = &fenetre; }
-
-    std::vector<std::unique_ptr<FenetreDeTest>> fenetres;
-    FenetreDocument* active = nullptr;
-    int creees = 0;
-};
-
-void FenetreDeTest::Decharger()
-{
-    SupprimerDossier(myqrt.TmpFolder, true);
-    std::erase_if(m_cadre.fenetres, [this](const auto& fenetre) { return fenetre.get() == this; });
-}
 
 class OuvrirFichierTest : public testing::Test
 {
@@ -278,13 +217,14 @@ TEST_F(OuvrirFichierTest, TheChosenTypeDoesNotDecideTheForm)
     EXPECT_EQ(cadre.fenetres[1]->myqrt.FileType, "2");
 }
 
-TEST_F(OuvrirFichierTest, AnArchiveThatCannotBeExtractedTakesWindowAndFolderAway)
+TEST_F(OuvrirFichierTest, AnArchiveThatCannotBeExtractedTakesWindowTabAndFolderAway)
 {
     const QByteArray archive = FaireArchive({{.nom = "Zelvane.qrt", .contenu = texte.Texte(), .crc = 1}});
     EXPECT_FALSE(Ouvrir(dossier.Ecrire(u"abime.qrt"_s, archive)));
     EXPECT_EQ(reponses.Cles(), QStringList({"msg52"}));
     EXPECT_EQ(cadre.creees, 1);
     EXPECT_TRUE(cadre.fenetres.empty());
+    EXPECT_TRUE(cadre.onglets.isEmpty());
     EXPECT_TRUE(QDir(TempFolder).isEmpty());
 }
 
@@ -301,5 +241,161 @@ TEST_F(OuvrirFichierTest, ALockedArchiveWithoutAPasswordDoesNotOpen)
     reponses.PreparerMotDePasse(QString());
     EXPECT_FALSE(Ouvrir(QStringLiteral(ZELVANE_EXEMPLES "/protege.qrt")));
     EXPECT_EQ(reponses.Cles(), QStringList({"msg52"}));
+    EXPECT_TRUE(cadre.fenetres.empty());
+}
+
+TEST_F(OuvrirFichierTest, AWindowGetsATabUnderItsKey)
+{
+    ASSERT_TRUE(Ouvrir(FichierTexte(u"disques.qrt"_s)));
+    EXPECT_EQ(cadre.onglets, QList<CadreDeTest::Onglet>({{Derniere().Tag, u"disques.qrt"_s}}));
+}
+
+namespace {
+
+class OuvrirDialogueTest : public OuvrirFichierTest
+{
+protected:
+    QStringList Titres() const
+    {
+        QStringList titres;
+        for (const auto& fenetre : cadre.fenetres)
+            titres.append(fenetre->Caption());
+        return titres;
+    }
+
+    FileDeFichiers dialogues;
+};
+
+} // namespace
+
+TEST_F(OuvrirDialogueTest, TheDialogOffersTheTypesAndSeveralFiles)
+{
+    dialogues.PreparerAnnulation();
+    OuvrirDialogue(cadre);
+    ASSERT_EQ(dialogues.Demandes().size(), 1);
+    const DemandeFichier& demande = dialogues.Demandes().first();
+    EXPECT_EQ(demande.titre, "Ouvrir une Categorie");
+    EXPECT_EQ(demande.depart, "");
+    EXPECT_TRUE(demande.plusieurs);
+    EXPECT_EQ(demande.type, 2);
+    ASSERT_EQ(demande.types.size(), 3);
+    EXPECT_EQ(demande.types[0].libelle + demande.types[0].motifs, "(*.*)*.*");
+    EXPECT_EQ(demande.types[1].libelle + demande.types[1].motifs, "Zelvane 2/1.5*.qrt");
+    EXPECT_EQ(demande.types[2].libelle + demande.types[2].motifs, "Zelvane 1.4*.qrt");
+}
+
+TEST_F(OuvrirDialogueTest, TheListOfPlugInsIsMadeAnew)
+{
+    PlugIns = {u"Ancien"_s, QString()};
+    dialogues.PreparerAnnulation();
+    OuvrirDialogue(cadre);
+    EXPECT_EQ(PlugIns, QStringList{QString()});
+}
+
+TEST_F(OuvrirDialogueTest, CancellingChangesNothing)
+{
+    EcrireOption(u"OpenInitDir"_s, u"/ailleurs/"_s);
+    dialogues.PreparerAnnulation();
+    OuvrirDialogue(cadre);
+    EXPECT_TRUE(cadre.fenetres.empty());
+    EXPECT_TRUE(reponses.Affiches().isEmpty());
+    EXPECT_EQ(LireOption(u"OpenInitDir"_s), u"/ailleurs/"_s);
+}
+
+TEST_F(OuvrirDialogueTest, TheChosenFileOpensAndItsFolderIsRemembered)
+{
+    dialogues.Preparer({FichierTexte(u"disques.qrt"_s)}, TypeQrt2);
+    OuvrirDialogue(cadre);
+    EXPECT_EQ(Titres(), QStringList{u"disques.qrt"_s});
+    EXPECT_EQ(LireOption(u"OpenInitDir"_s), dossier.Chemin());
+
+    dialogues.PreparerAnnulation();
+    OuvrirDialogue(cadre);
+    EXPECT_EQ(dialogues.Demandes().last().depart, dossier.Chemin());
+}
+
+TEST_F(OuvrirDialogueTest, TheOlderTypeOpensAnArchiveToo)
+{
+    dialogues.Preparer({FichierArchive(u"disques.qrt"_s)}, TypeQrt14);
+    OuvrirDialogue(cadre);
+    EXPECT_EQ(Titres(), QStringList{u"disques.qrt"_s});
+    EXPECT_EQ(Derniere().myqrt.FileType, "2");
+}
+
+TEST_F(OuvrirDialogueTest, TheTypeOfAllFilesIsRefusedAndTheDialogComesBack)
+{
+    const QString chemin = FichierTexte(u"disques.qrt"_s);
+    dialogues.Preparer({chemin}, TypeTous);
+    dialogues.Preparer({chemin}, TypeQrt2);
+    OuvrirDialogue(cadre);
+    EXPECT_EQ(reponses.Cles(), QStringList{u"msg46"_s});
+    EXPECT_EQ(Titres(), QStringList{u"disques.qrt"_s});
+}
+
+TEST_F(OuvrirDialogueTest, TheFolderIsRememberedEvenWhenTheTypeIsRefused)
+{
+    dialogues.Preparer({FichierTexte(u"disques.qrt"_s)}, TypeTous);
+    dialogues.PreparerAnnulation();
+    OuvrirDialogue(cadre);
+    EXPECT_EQ(dialogues.Demandes().last().depart, dossier.Chemin());
+    EXPECT_TRUE(cadre.fenetres.empty());
+}
+
+TEST_F(OuvrirDialogueTest, AFileThatDoesNotOpenBringsTheDialogBack)
+{
+    dialogues.Preparer({dossier.Ecrire(u"lettre.qrt"_s, "Bonjour")}, TypeQrt2);
+    dialogues.Preparer({FichierTexte(u"disques.qrt"_s)}, TypeQrt2);
+    OuvrirDialogue(cadre);
+    EXPECT_EQ(reponses.Cles(), QStringList{u"msg50"_s});
+    EXPECT_EQ(Titres(), QStringList{u"disques.qrt"_s});
+}
+
+TEST_F(OuvrirDialogueTest, AFileThatIsOpenBringsTheDialogBack)
+{
+    const QString chemin = FichierTexte(u"disques.qrt"_s);
+    ASSERT_TRUE(Ouvrir(chemin));
+    dialogues.Preparer({chemin}, TypeQrt2);
+    dialogues.PreparerAnnulation();
+    OuvrirDialogue(cadre);
+    EXPECT_EQ(reponses.Cles(), QStringList{u"msg48"_s});
+    EXPECT_EQ(cadre.fenetres.size(), 1);
+}
+
+TEST_F(OuvrirDialogueTest, AFileThatTheReaderRefusesEndsTheDialogWithItsEmptyWindow)
+{
+    dialogues.Preparer({dossier.Ecrire(u"faux.qrt"_s, "[FileInfo]\r\nType=AUTRE\r\n")}, TypeQrt2);
+    OuvrirDialogue(cadre);
+    EXPECT_EQ(reponses.Cles(), QStringList{u"msg50"_s});
+    EXPECT_EQ(Titres(), QStringList{u"faux.qrt"_s});
+}
+
+TEST_F(OuvrirDialogueTest, SeveralFilesOpenInTheirOrder)
+{
+    dialogues.Preparer({FichierTexte(u"b.qrt"_s), FichierArchive(u"a.qrt"_s), FichierTexte(u"c.qrt"_s)}, TypeQrt2);
+    OuvrirDialogue(cadre);
+    EXPECT_EQ(Titres(), QStringList({u"b.qrt"_s, u"a.qrt"_s, u"c.qrt"_s}));
+    EXPECT_TRUE(reponses.Affiches().isEmpty());
+    EXPECT_EQ(LireOption(u"OpenInitDir"_s), dossier.Chemin());
+}
+
+TEST_F(OuvrirDialogueTest, OfSeveralFilesThoseThatFailAreToldAndTheOthersOpen)
+{
+    const QString ouvert = FichierTexte(u"ouvert.qrt"_s), lettre = dossier.Ecrire(u"lettre.qrt"_s, "Bonjour");
+    ASSERT_TRUE(Ouvrir(ouvert));
+    dialogues.Preparer({ouvert, lettre, FichierTexte(u"disques.qrt"_s)}, TypeQrt2);
+    OuvrirDialogue(cadre);
+    EXPECT_EQ(reponses.Cles(), QStringList({u"msg48"_s, u"msg47"_s, u"msg50"_s, u"msg47"_s}));
+    EXPECT_EQ(reponses.Affiches()[1].message.texte, u"Erreur d'ouverture :\n"_s + ouvert);
+    EXPECT_EQ(reponses.Affiches()[3].message.texte, u"Erreur d'ouverture :\n"_s + lettre);
+    EXPECT_EQ(Titres(), QStringList({u"ouvert.qrt"_s, u"disques.qrt"_s}));
+    EXPECT_EQ(dialogues.Demandes().size(), 1) << "the dialog does not come back for several files";
+}
+
+TEST_F(OuvrirDialogueTest, SeveralFilesOfNoTypeAreRefusedTogether)
+{
+    dialogues.Preparer({FichierTexte(u"a.qrt"_s), FichierTexte(u"b.qrt"_s)}, TypeTous);
+    dialogues.PreparerAnnulation();
+    OuvrirDialogue(cadre);
+    EXPECT_EQ(reponses.Cles(), QStringList{u"msg46"_s});
     EXPECT_TRUE(cadre.fenetres.empty());
 }

@@ -1,0 +1,86 @@
+#include "shell/BandeOnglets.h"
+
+#include <QMouseEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Names of files are no captions with mnemonics.
+QString SansMnemonique(QString titre)
+{
+    return titre.replace(u'&', u"&&"_s);
+}
+
+} // namespace
+
+BandeOnglets::BandeOnglets(QWidget* parent) : QTabBar(parent)
+{
+    connect(this, &QTabBar::currentChanged, this, &BandeOnglets::OngletChoisi);
+}
+
+void BandeOnglets::Ajouter(const QString& cle, const QString& titre)
+{
+    // The key first: the strip tells of its first tab while it is added.
+    const QSignalBlocker silence(this);
+    setTabData(addTab(SansMnemonique(titre)), cle);
+    setTabToolTip(count() - 1, titre);
+}
+
+void BandeOnglets::Retirer(const QString& cle)
+{
+    removeTab(IndexDe(cle));
+}
+
+void BandeOnglets::MettreTitre(const QString& cle, const QString& titre)
+{
+    const int index = IndexDe(cle);
+    setTabText(index, SansMnemonique(titre));
+    setTabToolTip(index, titre);
+}
+
+void BandeOnglets::Selectionner(const QString& cle)
+{
+    setCurrentIndex(IndexDe(cle));
+}
+
+QString BandeOnglets::Cle(int numero) const
+{
+    return tabData(numero - 1).toString();
+}
+
+QString BandeOnglets::Titre(int numero) const
+{
+    return tabToolTip(numero - 1);
+}
+
+void BandeOnglets::mousePressEvent(QMouseEvent* event)
+{
+    const int avant = currentIndex();
+    QTabBar::mousePressEvent(event);
+    // A click on the tab that is selected already counts as well: its window may be reduced.
+    if (event->button() == Qt::LeftButton && avant >= 0 && tabAt(event->pos()) == avant)
+        emit OngletChoisi();
+}
+
+void BandeOnglets::mouseReleaseEvent(QMouseEvent* event)
+{
+    QTabBar::mouseReleaseEvent(event);
+    const int x = event->pos().x();
+    for (int index = 0; index < count(); ++index) {
+        const QRect onglet = tabRect(index);
+        if (x >= onglet.left() && x <= onglet.left() + onglet.width()) {
+            Tag = QString::number(index + 1);
+            break;
+        }
+    }
+}
+
+int BandeOnglets::IndexDe(const QString& cle) const
+{
+    for (int index = 0; index < count(); ++index) {
+        if (tabData(index).toString() == cle)
+            return index;
+    }
+    return -1;
+}

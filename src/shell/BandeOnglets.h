@@ -1,0 +1,36 @@
+// The strip of tabs over the document windows, TabStrip1. A tab is known by its key, the Tag of its window.
+#pragma once
+
+#include <QTabBar>
+
+class BandeOnglets : public QTabBar
+{
+    Q_OBJECT
+
+public:
+    explicit BandeOnglets(QWidget* parent = nullptr);
+
+    /// The 1-based number, as text, of the tab over which a mouse button was last released; empty before.
+    QString Tag;
+
+    void Ajouter(const QString& cle, const QString& titre);
+    void Retirer(const QString& cle);
+    void MettreTitre(const QString& cle, const QString& titre);
+    void Selectionner(const QString& cle);
+
+    /// Key and caption of a tab, from 1; empty for a number that there is no tab of.
+    QString Cle(int numero) const;
+    QString Titre(int numero) const;
+
+signals:
+    /// A tab was chosen with the mouse or the keyboard, or the strip chose one itself when tabs came and went.
+    void OngletChoisi();
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    /// The index in the strip, from 0; -1 without such a tab.
+    int IndexDe(const QString& cle) const;
+};

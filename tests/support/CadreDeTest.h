@@ -1,0 +1,98 @@
+// A frame and windows without a screen, for tests of the flows.
+#pragma once
+
+#include "base/Const_Vrac.h"
+#include "catalogue/Cadre.h"
+
+#include <QStringList>
+
+#include <algorithm>
+#include <memory>
+
+struct PanneauDeTest : PanneauAttente
+{
+    bool visible = false;
+    void Montrer(bool oui) override { visible = oui; }
+};
+
+class CadreDeTest;
+
+class FenetreDeTest : public FenetreDocument
+{
+public:
+    FenetreDeTest(CadreDeTest& cadre, const QString& tag) : m_cadre(cadre)
+    {
+        Tag = tag;
+        myqrt.MyLV = &table;
+        myqrt.wait = &wait;
+        myqrt.Ouvrir = &fOuvrir;
+    }
+
+    QString Caption() const override { return m_titre; }
+    void SetCaption(const QString& titre) override { m_titre = titre; }
+    void Decharger() override;
+
+    MyLV table;
+    PanneauDeTest wait;
+    PanneauDeTest fOuvrir;
+
+private:
+    CadreDeTest& m_cadre;
+    QString m_titre;
+};
+
+/// The windows have the tags "a1", "a2" and so on; a window that goes takes its tab along.
+class CadreDeTest : public Cadre
+{
+public:
+    struct Onglet
+    {
+        QString cle, titre;
+        bool operator==(const Onglet&) const = default;
+    };
+
+    std::vector<FenetreDocument*> Documents() const override
+    {
+        std::vector<FenetreDocument*> liste;
+        for (const auto& fenetre : fenetres)
+            liste.push_back(fenetre.get());
+        return liste;
+    }
+    FenetreDocument* FenetreActive() const override { return active; }
+    FenetreDocument& NouvelleFenetre() override
+    {
+        ++creees;
+        fenetres.push_back(std::make_unique<FenetreDeTest>(*this, QStringLiteral("a%1").arg(creees)));
+        fenetres.back()->fOuvrir.visible = true;
+        active = fenetres.back().get();
+        return *active;
+    }
+    void AmenerDevant(FenetreDocument& fenetre) override { active = &fenetre; }
+    void AjouterOnglet(const FenetreDocument& fenetre) override { onglets.append({fenetre.Tag, fenetre.Caption()}); }
+    void MettreTitreOnglet(const FenetreDocument& fenetre, const QString& titre) override
+    {
+        for (Onglet& onglet : onglets) {
+            if (onglet.cle == fenetre.Tag)
+                onglet.titre = titre;
+        }
+    }
+    QStringList TitresDesOnglets() const
+    {
+        QStringList titres;
+        for (const Onglet& onglet : onglets)
+            titres.append(onglet.titre);
+        return titres;
+    }
+
+    std::vector<std::unique_ptr<FenetreDeTest>> fenetres;
+    QList<Onglet> onglets;
+    FenetreDocument* active = nullptr;
+    int creees = 0;
+};
+
+inline void FenetreDeTest::Decharger()
+{
+    SupprimerDossier(myqrt.TmpFolder, true);
+    m_cadre.onglets.removeIf([this](const CadreDeTest::Onglet& onglet) { return onglet.cle == Tag; });
+    std::erase_if(m_cadre.fenetres, [this](const auto& fenetre) { return fenetre.get() == this; });
+}
