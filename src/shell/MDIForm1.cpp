@@ -14,6 +14,7 @@
 #include <QMimeData>
 #include <QScreen>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -59,7 +60,7 @@ QStringList FichiersDe(const QMimeData& donnees)
 MDIForm1::MDIForm1(QWidget* parent) : QMainWindow(parent), m_ui(std::make_unique<Ui::MDIForm1>())
 {
     m_ui->setupUi(this);
-    m_menus = m_ui->Menus->actions();
+    m_menusDuCadre = m_ui->Menus->actions();
     setWindowIcon(Icone(u"zelvane"_s));
     ColorierFond();
     InstallerFenetres(this);
@@ -104,6 +105,10 @@ FenetreDocument* MDIForm1::FenetreActive() const
 FenetreDocument& MDIForm1::NouvelleFenetre()
 {
     auto* document = new Form1;
+    // Windows and tabs find each other by this key; chance may have drawn it before.
+    const auto fenetres = Documents();
+    while (std::ranges::any_of(fenetres, [&](const auto* autre) { return autre->Tag == document->Tag; }))
+        document->Tag = NouveauTag();
     const QSize normale = document->size().boundedTo(m_ui->Fenetres->size() * PartDuCadre);
     const int rang = static_cast<int>(Documents().size()) % Cascade;
     QMdiSubWindow* cadre = m_ui->Fenetres->addSubWindow(document);
@@ -217,7 +222,7 @@ void MDIForm1::RelierMenuFenetre()
 /// The menus of the active window take the place of the frame's own in its bar; a window without any leaves them.
 void MDIForm1::MontrerMenus(const FenetreDocument* active)
 {
-    QList<QAction*> menus = m_menus;
+    QList<QAction*> menus = m_menusDuCadre;
     if (const auto* fenetre = dynamic_cast<const Form1*>(active)) {
         if (auto* barre = fenetre->findChild<QMenuBar*>(QString(), Qt::FindDirectChildrenOnly)) {
             barre->hide();
@@ -263,6 +268,8 @@ void MDIForm1::RedrawAll()
 
 void MDIForm1::MinimiserTout()
 {
+    // While one window is maximised, each that becomes active is maximised too, and reducing a window makes it active.
+    RestaurerTout();
     for (QMdiSubWindow* cadre : m_ui->Fenetres->subWindowList(QMdiArea::CreationOrder))
         cadre->showMinimized();
 }

@@ -62,5 +62,5 @@ private:
     QMdiSubWindow* CadreDe(const FenetreDocument& fenetre) const;
 
     std::unique_ptr<Ui::MDIForm1> m_ui;
-    QList<QAction*> m_menus; ///< the frame's own, in the order of its bar
+    QList<QAction*> m_menusDuCadre; ///< the frame's own, in the order of its bar
 };
