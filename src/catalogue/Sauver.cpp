@@ -264,6 +264,14 @@ bool Enregistrer(QrtClass& doc, bool saveAs, bool sansQuestion)
     return Terminer(doc, issue == Issue::Reussie);
 }
 
+bool PeutFermer(QrtClass& doc)
+{
+    if (EnCoursDeSauvegarde)
+        return false;
+    // A save may leave the flag up: the window then waits for one that ends in order.
+    return !doc.IlFautSauver || (Enregistrer(doc, false, false) && !EnCoursDeSauvegarde);
+}
+
 void EnregistrerTout(Cadre& cadre)
 {
     for (FenetreDocument* fenetre : cadre.Documents()) {

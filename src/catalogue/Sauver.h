@@ -18,6 +18,9 @@ QString FiltreDesCatalogues();
 /// "msg63", "msg46", "msg72"; "msgArchive" when the archive could not be written in full.
 bool Enregistrer(QrtClass& doc, bool saveAs, bool sansQuestion);
 
+/// Whether the window of `doc` may close: no save runs, and its changes are saved or to be dropped. Asks about them.
+bool PeutFermer(QrtClass& doc);
+
 /// Saves every open document without a question, changed or not, oldest window first; one without a path goes through
 /// Save As. One that is not saved does not keep the next from it. Each tab then shows the name of its document's file.
 void EnregistrerTout(Cadre& cadre);

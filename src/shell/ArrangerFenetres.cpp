@@ -4,6 +4,11 @@
 
 namespace {
 
+constexpr int Cascade = 6; // windows, before the first place comes again
+constexpr int PasDeCascade = 28;
+constexpr double PartDeLaZone = 0.9; // at most, for a window of a cascade
+constexpr double PartEnCascade = 0.7;
+
 QList<QMdiSubWindow*> Fenetres(const QMdiArea& zone, bool reduites)
 {
     QList<QMdiSubWindow*> fenetres = zone.subWindowList(QMdiArea::CreationOrder);
@@ -12,6 +17,25 @@ QList<QMdiSubWindow*> Fenetres(const QMdiArea& zone, bool reduites)
 }
 
 } // namespace
+
+QRect PlaceEnCascade(const QMdiArea& zone, int rang, QSize taille)
+{
+    const int pas = rang % Cascade * PasDeCascade;
+    return QRect(QPoint(pas, pas), taille.boundedTo(zone.size() * PartDeLaZone));
+}
+
+void DisposerEnCascade(const QMdiArea& zone)
+{
+    QMdiSubWindow* active = zone.currentSubWindow();
+    const QList<QMdiSubWindow*> fenetres = Fenetres(zone, false);
+    for (int rang = 0; rang < fenetres.size(); ++rang) {
+        fenetres[rang]->showNormal();
+        fenetres[rang]->setGeometry(PlaceEnCascade(zone, rang, zone.size() * PartEnCascade));
+        fenetres[rang]->raise();
+    }
+    if (active)
+        active->setFocus();
+}
 
 void DisposerEnMosaique(const QMdiArea& zone, Mosaique sens)
 {

@@ -1,12 +1,19 @@
-// Arrangements of document windows that QMdiArea does not offer itself.
+// Arrangements of document windows. QMdiArea's own make them as small as they can be, or know one kind of mosaic.
 #pragma once
 
 #include <QMdiArea>
+#include <QRect>
 
 enum class Mosaique {
     Horizontale, ///< one above the other, each as wide as the area
     Verticale    ///< side by side, each as high as the area
 };
+
+/// Puts the windows that are not reduced one behind the other, oldest behind, each a step to the right and down.
+void DisposerEnCascade(const QMdiArea& zone);
+
+/// Where a cascade puts the window of a rank, from 0, and how large.
+QRect PlaceEnCascade(const QMdiArea& zone, int rang, QSize taille);
 
 /// Shares the area out among the windows that are not reduced, oldest first.
 void DisposerEnMosaique(const QMdiArea& zone, Mosaique sens);

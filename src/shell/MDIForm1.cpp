@@ -4,6 +4,7 @@
 #include "base/Icones.h"
 #include "base/Options.h"
 #include "catalogue/OuvrirFichiersQrt.h"
+#include "catalogue/Sauver.h"
 #include "extensions/modLang.h"
 #include "shell/ArrangerFenetres.h"
 #include "shell/Form1.h"
@@ -24,9 +25,6 @@ namespace {
 /// Values of the setting SizeForm1.
 enum EtatFenetre { Normale = 0, Reduite = 1, Agrandie = 2 };
 
-constexpr int Cascade = 6; // windows, each a step to the right and down, before the first place comes again
-constexpr int PasDeCascade = 28;
-constexpr double PartDuCadre = 0.9; // of the frame's room, at most, for a window that is not maximised
 constexpr double PartDeLEcran = 0.98;
 
 void MontrerDansSonEtat(QMdiSubWindow& fenetre)
@@ -109,10 +107,9 @@ FenetreDocument& MDIForm1::NouvelleFenetre()
     const auto fenetres = Documents();
     while (std::ranges::any_of(fenetres, [&](const auto* autre) { return autre->Tag == document->Tag; }))
         document->Tag = NouveauTag();
-    const QSize normale = document->size().boundedTo(m_ui->Fenetres->size() * PartDuCadre);
-    const int rang = static_cast<int>(Documents().size()) % Cascade;
+    const QRect place = PlaceEnCascade(*m_ui->Fenetres, static_cast<int>(fenetres.size()), document->size());
     QMdiSubWindow* cadre = m_ui->Fenetres->addSubWindow(document);
-    cadre->setGeometry(QRect(QPoint(rang, rang) * PasDeCascade, normale));
+    cadre->setGeometry(place);
     cadre->setAttribute(Qt::WA_DeleteOnClose);
     cadre->setWindowIcon(windowIcon());
     MontrerDansSonEtat(*cadre);
@@ -200,16 +197,12 @@ void MDIForm1::RelierMenus()
     });
     for (QAction* recent : {m_ui->mRecent_0, m_ui->mRecent_1, m_ui->mRecent_2, m_ui->mRecent_3, m_ui->mRecent_4})
         connect(recent, &QAction::triggered, this, [this, recent] { OuvrirEtNoter({recent->data().toString()}); });
-    connect(m_ui->mGrandesIcones, &QAction::triggered, this, [this] {
-        const bool grandes = m_ui->Toolbar2->isHidden();
-        MontrerGrandesIcones(grandes);
-        EcrireOption(u"GrandesIcones"_s, grandes);
-    });
+    connect(m_ui->mGrandesIcones, &QAction::triggered, this, &MDIForm1::mGrandesIcones_Click);
 }
 
 void MDIForm1::RelierMenuFenetre()
 {
-    connect(m_ui->mEnCascade, &QAction::triggered, m_ui->Fenetres, &QMdiArea::cascadeSubWindows);
+    connect(m_ui->mEnCascade, &QAction::triggered, this, [this] { DisposerEnCascade(*m_ui->Fenetres); });
     connect(m_ui->mMosaiqueHorizontale, &QAction::triggered, this,
             [this] { DisposerEnMosaique(*m_ui->Fenetres, Mosaique::Horizontale); });
     connect(m_ui->mMosaiqueVerticale, &QAction::triggered, this,
@@ -259,9 +252,20 @@ void MDIForm1::MontrerGrandesIcones(bool grandes)
     RedrawAll();
 }
 
+bool MDIForm1::GrandesIcones() const
+{
+    return !m_ui->Toolbar2->isHidden();
+}
+
+void MDIForm1::mGrandesIcones_Click()
+{
+    MontrerGrandesIcones(!GrandesIcones());
+    EcrireOption(u"GrandesIcones"_s, GrandesIcones());
+}
+
 void MDIForm1::RedrawAll()
 {
-    m_ui->mGrandesIcones->setChecked(!m_ui->Toolbar2->isHidden());
+    m_ui->mGrandesIcones->setChecked(GrandesIcones());
 }
 
 // ---- Windows
@@ -319,6 +323,15 @@ void MDIForm1::changeEvent(QEvent* event)
 
 void MDIForm1::closeEvent(QCloseEvent* event)
 {
+    // All are asked before the first one goes: a single refusal leaves every window as it is.
+    const auto fenetres = Documents();
+    if (!std::ranges::all_of(fenetres, [](auto* fenetre) { return PeutFermer(fenetre->myqrt); })) {
+        event->ignore();
+        return;
+    }
+    // What is left unsaved now is to be dropped; nobody is asked twice.
+    for (FenetreDocument* fenetre : fenetres)
+        fenetre->myqrt.IlFautSauver = false;
     m_ui->Fenetres->closeAllSubWindows();
     event->setAccepted(m_ui->Fenetres->subWindowList().isEmpty());
 }

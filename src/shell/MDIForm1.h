@@ -35,6 +35,10 @@ public:
     void MettreRecent(int index, const QString& chemin) override;
     void MontrerBarRecent(bool visible) override;
 
+    /// Whether the tool bar with large icons is the one on show.
+    bool GrandesIcones() const;
+    /// Changes from one tool bar to the other, and remembers that.
+    void mGrandesIcones_Click();
     /// Brings the check of mGrandesIcones in step with the tool bars.
     void RedrawAll();
 
@@ -42,7 +46,7 @@ public:
     void RestaurerTout();
 
 protected:
-    /// Closes the document windows first; one that stays keeps the frame.
+    /// Asks every document first; one that refuses keeps the frame and all windows.
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;

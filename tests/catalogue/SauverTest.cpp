@@ -354,3 +354,36 @@ TEST_F(Sauvegarde, ABackupThatFailsDoesNotStopTheSave)
     EXPECT_FALSE(dossier.Existe("jamais-ecrit.qrt.bak"));
     EXPECT_EQ(d.doc.NbSauv(), "1");
 }
+
+TEST_F(Sauvegarde, AnUnchangedDocumentClosesWithoutAQuestion)
+{
+    d.doc.IlFautSauver = false;
+    EXPECT_TRUE(PeutFermer(d.doc));
+}
+
+TEST_F(Sauvegarde, AChangedDocumentClosesUnlessTheQuestionIsCancelled)
+{
+    DepuisFichier("2");
+    for (const auto& [reponse, ferme] : {std::pair(RepAnnuler, false), {RepNon, true}, {RepOui, true}}) {
+        d.doc.IlFautSauver = true;
+        messages.Preparer(reponse);
+        EXPECT_EQ(PeutFermer(d.doc), ferme) << reponse;
+        EXPECT_EQ(d.doc.IlFautSauver, reponse != RepOui);
+    }
+}
+
+TEST_F(Sauvegarde, NothingClosesWhileASaveRuns)
+{
+    d.doc.IlFautSauver = false;
+    EnCoursDeSauvegarde = true;
+    EXPECT_FALSE(PeutFermer(d.doc));
+}
+
+TEST_F(Sauvegarde, ADocumentOfAFormThatCannotBeWrittenDoesNotClose)
+{
+    DepuisFichier("3");
+    messages.Preparer(RepOui);
+    EXPECT_FALSE(PeutFermer(d.doc));
+    AttendreSortieNette();
+    EXPECT_FALSE(PeutFermer(d.doc)) << "without another question";
+}

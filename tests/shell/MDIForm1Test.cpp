@@ -517,7 +517,11 @@ TEST_F(MDIForm1Test, ACascadeStepsToTheRightAndDown)
     Menu(u"mEnCascade"_s).trigger();
     EXPECT_FALSE(a.parentWidget()->isMaximized());
     EXPECT_NE(a.parentWidget()->pos(), b.parentWidget()->pos());
-    EXPECT_GT((b.parentWidget()->x() - a.parentWidget()->x()) * (b.parentWidget()->y() - a.parentWidget()->y()), 0);
+    EXPECT_GT(b.parentWidget()->x(), a.parentWidget()->x());
+    EXPECT_GT(b.parentWidget()->y(), a.parentWidget()->y());
+    EXPECT_GT(a.parentWidget()->width(), Zone().width() / 2);
+    EXPECT_TRUE(Zone().viewport()->rect().contains(b.parentWidget()->geometry()));
+    EXPECT_EQ(cadre->FenetreActive(), &b);
 }
 
 TEST_F(MDIForm1Test, AllWindowsAreReducedLinedUpAndRestored)
@@ -581,4 +585,36 @@ TEST_F(MDIForm1Test, TheFrameStaysWhenAWindowRefusesToClose)
     b.removeEventFilter(&refus);
     QTest::keyClick(cadre.get(), Qt::Key_Q, Qt::ControlModifier);
     EXPECT_FALSE(cadre->isVisible());
+}
+
+TEST_F(MDIForm1Test, ACancelledQuestionKeepsTheFrameAndEveryWindow)
+{
+    Montrer();
+    Form1& a = Ouvrir(u"a.qrt"_s);
+    Form1& b = Ouvrir(u"b.qrt"_s);
+    a.myqrt.IlFautSauver = b.myqrt.IlFautSauver = true;
+    reponses.Preparer(RepNon);
+    reponses.Preparer(RepAnnuler);
+    QTest::keyClick(cadre.get(), Qt::Key_Q, Qt::ControlModifier);
+    Laisser();
+    EXPECT_TRUE(cadre->isVisible());
+    EXPECT_EQ(cadre->Documents(), std::vector<FenetreDocument*>({&a, &b}));
+    EXPECT_TRUE(a.myqrt.IlFautSauver) << "its changes are not dropped after all";
+    EXPECT_TRUE(QDir(a.myqrt.TmpFolder).exists());
+    a.myqrt.IlFautSauver = b.myqrt.IlFautSauver = false;
+}
+
+TEST_F(MDIForm1Test, EachChangedDocumentIsAskedAboutOnce)
+{
+    Montrer();
+    Ouvrir(u"a.qrt"_s).myqrt.IlFautSauver = true;
+    Ouvrir(u"b.qrt"_s);
+    Ouvrir(u"c.qrt"_s).myqrt.IlFautSauver = true;
+    reponses.Preparer(RepNon);
+    reponses.Preparer(RepOui);
+    QTest::keyClick(cadre.get(), Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_FALSE(cadre->isVisible());
+    ASSERT_EQ(reponses.Affiches().size(), 2);
+    EXPECT_EQ(reponses.Affiches()[0].titre, "a.qrt");
+    EXPECT_EQ(reponses.Affiches()[1].titre, "c.qrt");
 }
