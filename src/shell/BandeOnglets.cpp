@@ -74,6 +74,8 @@ void BandeOnglets::mouseReleaseEvent(QMouseEvent* event)
             break;
         }
     }
+    if (event->button() == Qt::RightButton)
+        emit MenuDemande(event->globalPosition().toPoint());
 }
 
 int BandeOnglets::IndexDe(const QString& cle) const

@@ -25,6 +25,8 @@ public:
 signals:
     /// A tab was chosen with the mouse or the keyboard, or the strip chose one itself when tabs came and went.
     void OngletChoisi();
+    /// The right button was released over the strip, on a tab or beside.
+    void MenuDemande(const QPoint& endroit);
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;

@@ -8,6 +8,7 @@
 #include "extensions/modLang.h"
 #include "shell/ArrangerFenetres.h"
 #include "shell/Form1.h"
+#include "shell/frmPopup.h"
 #include "ui_MDIForm1.h"
 
 #include <QCloseEvent>
@@ -73,6 +74,8 @@ MDIForm1::MDIForm1(QWidget* parent) : QMainWindow(parent), m_ui(std::make_unique
     m_ui->Fenetres->viewport()->installEventFilter(this);
     connect(m_ui->Fenetres, &QMdiArea::subWindowActivated, this, &MDIForm1::SuivreFenetreActive);
     connect(m_ui->TabStrip1, &BandeOnglets::OngletChoisi, this, &MDIForm1::SuivreOnglet);
+    m_popup = new frmPopup(*this);
+    connect(m_ui->TabStrip1, &BandeOnglets::MenuDemande, m_popup, &frmPopup::MontrerMenuMdiTab);
     // A small screen gets a frame that fits it.
     resize(size().boundedTo(screen()->availableSize() * PartDeLEcran));
 }
@@ -165,11 +168,25 @@ void MDIForm1::SuivreOnglet()
 {
     if (!OngletsActifs)
         return;
-    const QString cle = m_ui->TabStrip1->Cle(m_ui->TabStrip1->currentIndex() + 1);
+    if (FenetreDocument* fenetre = FenetreDeLOnglet(m_ui->TabStrip1->currentIndex() + 1))
+        AmenerDevant(*fenetre);
+}
+
+/// The window of a tab, from 1: the first one that has its key.
+FenetreDocument* MDIForm1::FenetreDeLOnglet(int numero) const
+{
+    const QString cle = m_ui->TabStrip1->Cle(numero);
     const auto fenetres = Documents();
     const auto trouvee = std::ranges::find_if(fenetres, [&](const auto* fenetre) { return fenetre->Tag == cle; });
-    if (trouvee != fenetres.end())
-        AmenerDevant(**trouvee);
+    return trouvee == fenetres.end() ? nullptr : *trouvee;
+}
+
+FenetreDocument* MDIForm1::AmenerOngletRetenu()
+{
+    FenetreDocument* fenetre = FenetreDeLOnglet(m_ui->TabStrip1->Tag.toInt());
+    if (fenetre)
+        AmenerDevant(*fenetre);
+    return fenetre;
 }
 
 bool MDIForm1::eventFilter(QObject* objet, QEvent* event)

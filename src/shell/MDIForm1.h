@@ -9,6 +9,7 @@
 #include <memory>
 
 class QMdiSubWindow;
+class frmPopup;
 
 namespace Ui {
 class MDIForm1;
@@ -34,6 +35,10 @@ public:
 
     void MettreRecent(int index, const QString& chemin) override;
     void MontrerBarRecent(bool visible) override;
+
+    /// Selects the tab on which a mouse button was last released and brings its window to the front; null when there is
+    /// no such tab.
+    FenetreDocument* AmenerOngletRetenu();
 
     /// Whether the tool bar with large icons is the one on show.
     bool GrandesIcones() const;
@@ -61,10 +66,12 @@ private:
     void MontrerGrandesIcones(bool grandes);
     void SuivreFenetreActive();
     void SuivreOnglet();
+    FenetreDocument* FenetreDeLOnglet(int numero) const;
     void OuvrirEtNoter(const QStringList& chemins);
     void ColorierFond();
     QMdiSubWindow* CadreDe(const FenetreDocument& fenetre) const;
 
     std::unique_ptr<Ui::MDIForm1> m_ui;
+    frmPopup* m_popup = nullptr;
     QList<QAction*> m_menusDuCadre; ///< the frame's own, in the order of its bar
 };
