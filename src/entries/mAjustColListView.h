@@ -1,0 +1,24 @@
+// The widths of a table's columns, adapted at the user's request. A width alone is no change of a document.
+#pragma once
+
+#include <QString>
+
+class MyLV;
+
+/// Measures for the columns of a table, in units of 1/1440 inch. The list that shows the table implements it.
+class MesuresDeColonnes
+{
+public:
+    virtual ~MesuresDeColonnes() = default;
+    /// The width that column `colonne` (from 1) needs to show the widest of its cells and its title whole.
+    virtual float LargeurDuContenu(int colonne) const = 0;
+    /// The width of a title's text in the font of the window around the list.
+    virtual float LargeurDuTitre(const QString& titre) const = 0;
+};
+
+/// Fits each column to its contents; a title gets room around it.
+void AjusterColonnes(MyLV& table, const MesuresDeColonnes& mesures);
+
+/// Scales all columns by one factor, so that together they fill a control of the width `largeur` (1/1440 inch) less
+/// the room of its scroll bar. Nothing happens in a table without entries, or when there is nothing to scale.
+void RedimensionnerColonnes(MyLV& table, double largeur);
