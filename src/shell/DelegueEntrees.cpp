@@ -32,6 +32,18 @@ int DelegueEntrees::HauteurLigne(const QFontMetrics& mesures)
     return qMax(mesures.height(), CoteIcone) + AirEnHauteur;
 }
 
+int DelegueEntrees::AutourDuTexte(int colonne)
+{
+    return 2 * Marge + (colonne == 1 ? CoteIcone + EspaceIcone : 0);
+}
+
+bool DelegueEntrees::TientEn(const QString& texte, int colonne, int largeur, const QFontMetrics& mesures)
+{
+    const int place = largeur - AutourDuTexte(colonne);
+    const QString partie = PartieVisible(texte, qMax(place, 0));
+    return partie.size() == texte.size() && mesures.horizontalAdvance(texte) <= place;
+}
+
 void DelegueEntrees::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
     const MyLV& table = m_modele.Table();
@@ -71,6 +83,6 @@ void DelegueEntrees::paint(QPainter* painter, const QStyleOptionViewItem& option
 QSize DelegueEntrees::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
     const QString texte = index.data(Qt::DisplayRole).toString();
-    const int icone = index.column() == 0 ? CoteIcone + EspaceIcone : 0;
-    return QSize(option.fontMetrics.horizontalAdvance(texte) + icone + 2 * Marge + 1, HauteurLigne(option.fontMetrics));
+    return QSize(option.fontMetrics.horizontalAdvance(texte) + AutourDuTexte(index.column() + 1) + 1,
+                 HauteurLigne(option.fontMetrics));
 }

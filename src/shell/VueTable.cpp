@@ -85,6 +85,12 @@ int VueTable::ColonneSous(const QPoint& point) const
     return columnAt(point.x()) + 1;
 }
 
+bool VueTable::EstEntiere(int ligne, int colonne) const
+{
+    const QString texte = m_modele->Table().ListItems(ligne).Valeur(colonne);
+    return DelegueEntrees::TientEn(texte, colonne, columnWidth(colonne - 1), fontMetrics());
+}
+
 void VueTable::RendreVisible(int ligne)
 {
     m_modele->Rafraichir();
@@ -185,6 +191,8 @@ void VueTable::Faire(Geste geste, int ligne)
     }
     selectionModel()->setCurrentIndex(m_modele->index(ligne - 1, qMax(currentIndex().column(), 0)),
                                       QItemSelectionModel::NoUpdate);
+    // Also when the focus stands there already: an entry that has it by being the first only gets it for good.
+    m_selection->EcrireEntreeCourante();
     viewport()->update();
 }
 
@@ -255,12 +263,23 @@ void VueTable::mouseMoveEvent(QMouseEvent* event)
 void VueTable::mouseReleaseEvent(QMouseEvent* event)
 {
     QTableView::mouseReleaseEvent(event);
+    if (event->button() == Qt::RightButton)
+        emit ClicDroit(event->globalPosition().toPoint());
     if (event->button() != Qt::LeftButton)
         return;
     if (m_ligneALaisser > 0)
         Faire(Geste::Choisir, m_ligneALaisser);
     m_ligneALaisser = 0;
     m_ligneTiree = 0;
+    if (LigneSous(event->position().toPoint()) > 0)
+        emit EntreeCliquee();
+}
+
+void VueTable::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    QTableView::mouseDoubleClickEvent(event);
+    if (event->button() == Qt::LeftButton && LigneSous(event->position().toPoint()) > 0)
+        emit EntreeDoubleCliquee();
 }
 
 // ---- keyboard
@@ -304,9 +323,39 @@ int VueTable::CibleDe(const QKeyEvent& event) const
     }
 }
 
+/// The keys of commands go to the window, and nowhere else.
+bool VueTable::TouchePourLaFenetre(const QKeyEvent& event)
+{
+    const bool pave = event.modifiers() & Qt::KeypadModifier;
+    const Qt::KeyboardModifiers avec = event.modifiers() & ~Qt::KeypadModifier;
+    const bool entree = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    const auto dire = [this](Touche touche, bool siEntrees) {
+        if (!siEntrees || m_modele->Table().ListItems.Count() > 0)
+            emit ToucheDeCommande(touche);
+        return true;
+    };
+    if (entree && avec == Qt::NoModifier)
+        return dire(Touche::Editer, true);
+    if (entree && avec == Qt::ShiftModifier)
+        return dire(Touche::Voir, true);
+    if (event.key() == Qt::Key_Delete && avec == Qt::NoModifier)
+        return dire(Touche::Supprimer, false);
+    if (event.key() == Qt::Key_Plus && pave && avec == Qt::NoModifier)
+        return dire(Touche::Ajouter, false);
+    return false;
+}
+
+void VueTable::keyReleaseEvent(QKeyEvent* event)
+{
+    QTableView::keyReleaseEvent(event);
+    emit ToucheRelachee();
+}
+
 void VueTable::keyPressEvent(QKeyEvent* event)
 {
     m_modele->Rafraichir();
+    if (TouchePourLaFenetre(*event))
+        return;
     if (const int cible = CibleDe(*event); cible > 0) {
         Faire(GesteDeClavier(event->modifiers()), cible);
         return;

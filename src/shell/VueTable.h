@@ -17,6 +17,14 @@ class VueTable : public QTableView
     Q_OBJECT
 
 public:
+    /// Keys that stand for a command of the window.
+    enum class Touche {
+        Editer,    ///< Enter, in a table with entries
+        Voir,      ///< Shift and Enter, in a table with entries
+        Supprimer, ///< Delete
+        Ajouter,   ///< plus of the numeric keypad
+    };
+
     explicit VueTable(QWidget* parent = nullptr);
     ~VueTable() override;
 
@@ -27,6 +35,8 @@ public:
     /// 1-based entry and column under a point of the viewport; 0 for none.
     int LigneSous(const QPoint& point) const;
     int ColonneSous(const QPoint& point) const;
+    /// Whether all of a cell's text (both from 1, both exist) can be read in its column.
+    bool EstEntiere(int ligne, int colonne) const;
     /// Scrolls to an entry (from 1), also to one that was just added; a number that names none is passed over.
     void RendreVisible(int ligne);
 
@@ -45,12 +55,21 @@ signals:
     void EnteteCliquee(int colonne);
     /// The table or its selection changed, and the view shows it: time to show counts and pictures anew.
     void TableRafraichie();
+    /// A key that stands for a command was pressed.
+    void ToucheDeCommande(VueTable::Touche touche);
+    void ToucheRelachee();
+    void EntreeCliquee();
+    void EntreeDoubleCliquee();
+    /// The right button was released over the table, at this place of the screen.
+    void ClicDroit(const QPoint& place);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -72,6 +91,7 @@ private:
     void Faire(Geste geste, int ligne);
     int LigneCourante() const;
     int CibleDe(const QKeyEvent& event) const;
+    bool TouchePourLaFenetre(const QKeyEvent& event);
     int LignesParPage() const;
     int DerniereVisible() const;
     void ToucheEspace(const QKeyEvent& event);

@@ -1,0 +1,80 @@
+#include "shell/Infobulle.h"
+
+#include "base/Const_Vrac.h"
+#include "base/Options.h"
+#include "shell/ModeleTable.h"
+#include "shell/VueTable.h"
+
+#include <QLabel>
+#include <QMouseEvent>
+
+#include <chrono>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto Intervalle = std::chrono::milliseconds(500);
+// Units of 1/1440 inch, from the corner of the cell.
+constexpr double EcartHaut = 60;
+constexpr double EcartGauche = 50;
+
+} // namespace
+
+Infobulle::Infobulle(VueTable& vue, QLabel& myToolTipText, QObject* parent)
+    : QObject(parent), m_vue(vue), m_texte(myToolTipText)
+{
+    m_texte.hide();
+    m_minuteur.setObjectName(u"ToolTipTimer"_s);
+    m_minuteur.setInterval(Intervalle);
+    connect(&m_minuteur, &QTimer::timeout, this, &Infobulle::Battre);
+    m_vue.viewport()->setMouseTracking(true);
+    m_vue.viewport()->installEventFilter(this);
+    m_vue.installEventFilter(this);
+}
+
+bool Infobulle::eventFilter(QObject* objet, QEvent* event)
+{
+    if (objet == m_vue.viewport() && event->type() == QEvent::MouseMove) {
+        PointeurEn(static_cast<QMouseEvent*>(event)->position().toPoint());
+    } else if (objet == m_vue.viewport() && (event->type() == QEvent::Leave || event->type() == QEvent::Wheel)) {
+        // What lies under the pointer is no longer what was looked at.
+        m_dessus = false;
+        m_texte.hide();
+    } else if (objet == &m_vue && event->type() == QEvent::FocusIn) {
+        if (OptionEgale(LireOption(u"showInfobulles"_s), 1))
+            m_minuteur.start();
+        else
+            m_minuteur.stop();
+    }
+    return QObject::eventFilter(objet, event);
+}
+
+void Infobulle::PointeurEn(const QPoint& position)
+{
+    m_texte.hide();
+    m_pointeur = position;
+    m_dessus = true;
+}
+
+void Infobulle::Battre()
+{
+    if (m_texte.isVisible() || !m_dessus)
+        return;
+    const MyLV& table = m_vue.Modele().Table();
+    const int ligne = m_vue.LigneSous(m_pointeur);
+    const int colonne = m_vue.ColonneSous(m_pointeur);
+    if (!table.ListItems.Existe(ligne) || !table.ColumnHeaders.Existe(colonne))
+        return;
+    const QString texte = table.ListItems(ligne).Valeur(colonne);
+    if (texte.isEmpty() || m_vue.EstEntiere(ligne, colonne))
+        return;
+    const QRect cellule = m_vue.visualRect(m_vue.model()->index(ligne - 1, colonne - 1));
+    const QPoint coin = cellule.topLeft() + QPoint(m_vue.PixelsDe(EcartGauche), m_vue.PixelsDe(EcartHaut));
+    m_texte.setText(texte);
+    m_texte.setFixedWidth(qMax(cellule.width(), 1));
+    m_texte.resize(cellule.width(), m_texte.heightForWidth(cellule.width()));
+    m_texte.move(m_vue.viewport()->mapTo(m_texte.parentWidget(), coin));
+    m_texte.raise();
+    m_texte.show();
+}
