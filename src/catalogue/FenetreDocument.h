@@ -16,6 +16,9 @@ public:
 
     virtual QString Caption() const = 0;
     virtual void SetCaption(const QString& titre) = 0;
+
+    /// Turns the images panel on or off. A window comes with it on.
+    virtual void mAfficherImages_Click() = 0;
 };
 
 /// A key for a window: "a" and a number drawn from the time of day and chance.

@@ -80,6 +80,8 @@ bool OuvrirFichier(Cadre& cadre, const QString& chemin, int type, bool montrerMe
         return false;
     }
     AjouterRecent(chemin);
+    if (LireOption(u"AffImg"_s).toString() == u"0"_s)
+        fenetre.mAfficherImages_Click();
     // Nothing that happened so far is a change of the user's, a loan column added by the reader included.
     doc.IlFautSauver = false;
     doc.Ouvrir->Montrer(false);

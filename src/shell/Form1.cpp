@@ -1,22 +1,55 @@
 #include "shell/Form1.h"
 
 #include "base/Const_Vrac.h"
+#include "base/Options.h"
+#include "catalogue/Sauver.h"
+#include "catalogue/TriDeTable.h"
 #include "extensions/modLang.h"
-#include "shell/VueTable.h"
+#include "shell/Infobulle.h"
+#include "shell/PoliceDeTable.h"
 #include "ui_Form1.h"
 
 #include <QCloseEvent>
+#include <QFileInfo>
+#include <QHeaderView>
 #include <QLabel>
+#include <QMdiSubWindow>
 
 #include <utility>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Values of the setting SizeForm1.
+enum EtatFenetre { Normale = 0, Reduite = 1, Agrandie = 2 };
+
+constexpr double LargeurImages = 1500; // units of 1/1440 inch
+
+EtatFenetre EtatDe(const QWidget& fenetre)
+{
+    if (fenetre.isMinimized())
+        return Reduite;
+    return fenetre.isMaximized() ? Agrandie : Normale;
+}
+
+/// An image is a bare name: one that leads out of the document's folder names no file.
+QString FichierImage(const QrtClass& doc, const QString& nom)
+{
+    const bool nu = !nom.contains(u'/') && !nom.contains(u'\\');
+    const QString fichier = doc.TmpFolder + nom;
+    return nu && QFileInfo(fichier).isFile() ? fichier : QString();
+}
+
+} // namespace
 
 Form1::Form1(QWidget* parent) : QMainWindow(parent), m_ui(std::make_unique<Ui::Form1>())
 {
     m_ui->setupUi(this);
     // A window inside another one; QMainWindow would make itself a window of the desktop.
     setWindowFlags(Qt::Widget);
+    m_ui->Menus->hide();
+    m_ui->Img->setFixedWidth(m_ui->ListView1->PixelsDe(LargeurImages));
     FaireLigneDEtat();
     m_ui->wait->Montrer(false);
     m_ui->fOuvrir->Montrer(false);
@@ -25,38 +58,18 @@ Form1::Form1(QWidget* parent) : QMainWindow(parent), m_ui(std::make_unique<Ui::F
     myqrt.MyLV = &m_table;
     myqrt.wait = m_ui->wait;
     myqrt.Ouvrir = m_ui->fOuvrir;
-    m_ui->ListView1->Afficher(m_table);
-    connect(m_ui->ListView1, &VueTable::TableRafraichie, this, &Form1::RedrawAll);
+    BrancherTable();
+    BrancherMenus();
     setFocusProxy(m_ui->ListView1);
-    RedrawAll();
+    RedrawAll(true);
 }
 
 Form1::~Form1()
 {
-    // The view looks at the table to its last moment.
+    // The tip and the view look at the table to its last moment.
+    delete m_infobulle;
     delete m_ui->ListView1;
     SupprimerTmpFolder();
-}
-
-void Form1::Decharger()
-{
-    // Inside the frame the window around this one goes, and takes it along.
-    if (QWidget* autour = parentWidget())
-        autour->close();
-    else
-        close();
-}
-
-void Form1::closeEvent(QCloseEvent* event)
-{
-    SupprimerTmpFolder();
-    event->accept();
-}
-
-void Form1::SupprimerTmpFolder()
-{
-    if (!myqrt.DossierAGarder)
-        SupprimerDossier(std::exchange(myqrt.TmpFolder, QString()), true);
 }
 
 void Form1::FaireLigneDEtat()
@@ -74,14 +87,209 @@ void Form1::FaireLigneDEtat()
     m_choisies = panneau(2, u"Nombre d'entrées sélectionnées"_s);
 }
 
-void Form1::RedrawAll()
+void Form1::BrancherTable()
+{
+    VueTable* vue = m_ui->ListView1;
+    vue->Afficher(m_table);
+    vue->horizontalHeader()->setSectionsClickable(true);
+    vue->installEventFilter(this);
+    connect(vue, &VueTable::TableRafraichie, this, [this] { RedrawAll(); });
+    connect(vue, &VueTable::ToucheRelachee, this, [this] { RedrawAll(); });
+    connect(vue, &VueTable::ClicDroit, this, [this] { RedrawAll(); });
+    connect(vue, &VueTable::EntreeCliquee, this, &Form1::MontrerComptes);
+    connect(vue, &VueTable::EnteteCliquee, this, &Form1::EntetePressee);
+    connect(vue, &VueTable::ToucheDeCommande, this, &Form1::ToucheDeCommande);
+    connect(vue, &VueTable::EntreeDoubleCliquee, this, [this] {
+        if (myqrt.SelItemsCount() == 1)
+            emit VoirEntree(m_table.PremiereSelection());
+    });
+    connect(m_ui->Img, &PanneauImage::DoubleClic, this, &Form1::DoubleClicImage);
+    connect(m_ui->Img, &PanneauImage::ClicDroit, this, [this] { RedrawAll(true); });
+
+    m_bulle = new QLabel(m_ui->Contenu);
+    m_bulle->setObjectName(u"myToolTipText"_s);
+    m_infobulle = new Infobulle(*vue, *m_bulle, this);
+}
+
+// ---- life
+
+bool Form1::event(QEvent* event)
+{
+    const bool pris = QMainWindow::event(event);
+    if (event->type() == QEvent::ParentChange)
+        BrancherCadre();
+    return pris;
+}
+
+void Form1::BrancherCadre()
+{
+    if (const auto* autour = qobject_cast<QMdiSubWindow*>(parentWidget()))
+        connect(autour, &QMdiSubWindow::windowStateChanged, this, &Form1::EtatChange, Qt::UniqueConnection);
+}
+
+void Form1::EtatChange(Qt::WindowStates avant, Qt::WindowStates apres)
+{
+    GarderEtat();
+    if (apres.testFlag(Qt::WindowActive) && !avant.testFlag(Qt::WindowActive))
+        Activer();
+}
+
+void Form1::Activer()
+{
+    MajMenuRecents(*this);
+    AccorderMenus();
+    RedrawAll(true);
+}
+
+/// Documents opened later come in the same state.
+void Form1::GarderEtat() const
+{
+    // Reduced, this window is hidden, and only the one around it is seen.
+    const auto* autour = qobject_cast<QMdiSubWindow*>(parentWidget());
+    if (!autour || !autour->isVisible())
+        return;
+    const EtatFenetre etat = EtatDe(*autour);
+    if (!OptionEgale(LireOption(u"SizeForm1"_s), etat))
+        EcrireOption(u"SizeForm1"_s, int(etat));
+}
+
+void Form1::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    GarderEtat();
+    RedrawAll(true);
+}
+
+bool Form1::eventFilter(QObject* objet, QEvent* event)
+{
+    if (objet == m_ui->ListView1 && event->type() == QEvent::FocusIn) {
+        RedrawAll();
+        MajMenuRecents(*this);
+    }
+    return QMainWindow::eventFilter(objet, event);
+}
+
+void Form1::Decharger()
+{
+    // Inside the frame the window around this one goes, and takes it along.
+    if (QWidget* autour = parentWidget())
+        autour->close();
+    else
+        close();
+}
+
+void Form1::closeEvent(QCloseEvent* event)
+{
+    const bool accordee = !EnCoursDeSauvegarde && (!myqrt.IlFautSauver || Enregistrer(myqrt, false, false));
+    // Saving may have ended in a state where the flag is left up: the window waits for a save that ends well.
+    if (!accordee || EnCoursDeSauvegarde) {
+        event->ignore();
+        return;
+    }
+    SupprimerTmpFolder();
+    event->accept();
+}
+
+void Form1::SupprimerTmpFolder()
+{
+    if (!myqrt.DossierAGarder)
+        SupprimerDossier(std::exchange(myqrt.TmpFolder, QString()), true);
+}
+
+// ---- refresh
+
+void Form1::RedrawAll(bool miseEnPage)
+{
+    MontrerComptes();
+    m_ui->mAfficherGrille->setChecked(m_table.GridLines());
+    if (BarresDuCadre* barres = BarresAutour()) {
+        barres->MontrerEtats(m_ui->mAfficherGrille->isChecked(), m_ui->mAfficherImages->isChecked());
+        m_ui->mGrandesIcones->setEnabled(true);
+        m_ui->mGrandesIcones->setChecked(barres->GrandesIcones());
+    }
+    const bool reduite = parentWidget() && parentWidget()->isMinimized();
+    if (miseEnPage && reduite)
+        return;
+    if (miseEnPage)
+        MettreEnPage();
+    if (const ListItem entree = m_table.SelectedItem())
+        AfficheImageEnCours(entree.Index());
+    if (miseEnPage)
+        AppliquerPolice();
+}
+
+void Form1::MontrerComptes()
 {
     const auto compte = [](int nombre) { return QString::number(nombre); };
     m_nombre->setText(LangMsg(u"msg94"_s, u"%1 entrée(s)"_s).Remplacer(u"%1"_s, compte(myqrt.ItemsCount())));
     m_choisies->setText(LangMsg(u"msg95"_s, u"%1 selectionnée(s)"_s).Remplacer(u"%1"_s, compte(myqrt.SelItemsCount())));
 }
 
+void Form1::MettreEnPage()
+{
+    m_ui->Img->Vider();
+    m_ui->Img->setVisible(m_ui->mAfficherImages->isChecked());
+}
+
+void Form1::AppliquerPolice()
+{
+    const QFont police = PoliceDeTable();
+    if (m_ui->ListView1->font() != police) {
+        setFont(police);
+        m_ui->ListView1->setFont(police);
+    }
+    QPalette couleurs;
+    if (const std::optional<QColor> encre = CouleurDeTable())
+        couleurs.setColor(QPalette::Text, *encre);
+    if (m_ui->ListView1->palette().color(QPalette::Text) != couleurs.color(QPalette::Text))
+        m_ui->ListView1->setPalette(couleurs);
+}
+
+void Form1::AfficheImageEnCours(int index)
+{
+    const ListItem entree = m_table.ListItems(index);
+    const QString nom = entree && m_ui->mAfficherImages->isChecked() ? entree.Tag() : QString();
+    const QString fichier = nom.isEmpty() ? QString() : FichierImage(myqrt, nom);
+    if (fichier.isEmpty())
+        m_ui->Img->Vider();
+    else
+        m_ui->Img->Charger(fichier);
+}
+
 VueTable& Form1::ListView1() const
 {
     return *m_ui->ListView1;
+}
+
+// ---- the table and the picture
+
+void Form1::EntetePressee(int colonne)
+{
+    if (TrierParColonne(myqrt, colonne))
+        RedrawAll(true);
+}
+
+/// A command stands in the menus, and is disabled there as long as it cannot run.
+void Form1::ToucheDeCommande(VueTable::Touche touche)
+{
+    switch (touche) {
+    case VueTable::Touche::Editer:
+        m_ui->mModifierEnree->trigger();
+        break;
+    case VueTable::Touche::Voir:
+        emit VoirEntree(m_table.SelectedItem().Index());
+        break;
+    case VueTable::Touche::Supprimer:
+        m_ui->mSupprimerEntree->trigger();
+        break;
+    case VueTable::Touche::Ajouter:
+        m_ui->mEntree->trigger();
+        break;
+    }
+}
+
+void Form1::DoubleClicImage()
+{
+    if (myqrt.SelItemsCount() == 1)
+        m_ui->mModifierEnree->trigger();
 }

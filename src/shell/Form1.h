@@ -1,20 +1,36 @@
-// The window of one open category: its table, its status line and its waiting panels.
+// The window of one open category: its table, its images panel, its status line, its waiting panels and its menus,
+// which stand in the frame's menu bar while it is active.
 #pragma once
 
 #include "catalogue/FenetreDocument.h"
+#include "catalogue/FichierRecent.h"
+#include "shell/VueTable.h"
 
 #include <QMainWindow>
 
 #include <memory>
 
+class Cadre;
+class Infobulle;
+class PanneauImage;
 class QLabel;
-class VueTable;
 
 namespace Ui {
 class Form1;
 }
 
-class Form1 : public QMainWindow, public FenetreDocument
+/// The frame's bars, as far as a document window knows them. The frame implements it.
+class BarresDuCadre
+{
+public:
+    virtual ~BarresDuCadre() = default;
+    /// Shows the state of the buttons "grille" and "image".
+    virtual void MontrerEtats(bool grille, bool images) = 0;
+    virtual bool GrandesIcones() const = 0;
+    virtual void mGrandesIcones_Click() = 0;
+};
+
+class Form1 : public QMainWindow, public FenetreDocument, public MenuRecents
 {
     Q_OBJECT
 
@@ -27,21 +43,63 @@ public:
     QString Caption() const override { return windowTitle(); }
     void SetCaption(const QString& titre) override { setWindowTitle(titre); }
 
-    /// Shows the counts of entries and of selected entries.
-    void RedrawAll();
+    /// Shows the counts of entries and of selected entries, the picture of the entry with the focus, and the states
+    /// of the view; with `miseEnPage` also the panels and the font anew.
+    void RedrawAll(bool miseEnPage = false);
+    /// Shows the picture of the entry in position `index`; clears the panel when there is none to show. A picture that
+    /// cannot be loaded leaves the panel as it was.
+    void AfficheImageEnCours(int index);
+    /// Shows or hides the images panel, and remembers that for documents opened later.
+    void mAfficherImages_Click() override;
+
+    void MettreRecent(int index, const QString& chemin) override;
+    void MontrerBarRecent(bool visible) override;
 
     VueTable& ListView1() const;
 
+signals:
+    /// The user asks to see an entry (from 1) large.
+    void VoirEntree(int index);
+
 protected:
-    /// The window goes, and the document's folder with it, unless the document asks to keep that.
+    /// Closes only when no save runs and the changes are saved or given up. The document's folder goes then, unless
+    /// the document asks to keep it.
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* objet, QEvent* event) override;
 
 private:
-    void SupprimerTmpFolder();
     void FaireLigneDEtat();
+    void BrancherTable();
+    void BrancherMenus();
+    void BrancherCadre();
+
+    void EtatChange(Qt::WindowStates avant, Qt::WindowStates apres);
+    void Activer();
+    void GarderEtat() const;
+    void SupprimerTmpFolder();
+
+    void MontrerComptes();
+    void AccorderMenus();
+    void MettreEnPage();
+    void AppliquerPolice();
+
+    void EntetePressee(int colonne);
+    void ToucheDeCommande(VueTable::Touche touche);
+    void DoubleClicImage();
+    void Sauvegarder(bool sous);
+    void OuvrirRecent(int index);
+    void Quitter();
+    void Actualiser();
+
+    Cadre* CadreAutour() const;
+    BarresDuCadre* BarresAutour() const;
 
     MyLV m_table;
     std::unique_ptr<Ui::Form1> m_ui;
     QLabel* m_nombre = nullptr;
     QLabel* m_choisies = nullptr;
+    QLabel* m_bulle = nullptr;
+    Infobulle* m_infobulle = nullptr;
 };

@@ -74,6 +74,18 @@ TEST_F(OuvrirFichierTest, TheLoadingPanelIsHiddenAtTheEnd)
     EXPECT_FALSE(Derniere().fOuvrir.visible);
 }
 
+TEST_F(OuvrirFichierTest, TheImagesPanelIsHiddenUnlessTheSettingKeepsIt)
+{
+    ASSERT_TRUE(Ouvrir(FichierTexte(u"a.qrt"_s)));
+    EXPECT_FALSE(Derniere().images);
+    EcrireOption(u"AffImg"_s, u"0"_s);
+    ASSERT_TRUE(Ouvrir(FichierTexte(u"b.qrt"_s)));
+    EXPECT_FALSE(Derniere().images);
+    EcrireOption(u"AffImg"_s, u"1"_s);
+    ASSERT_TRUE(Ouvrir(FichierTexte(u"c.qrt"_s)));
+    EXPECT_TRUE(Derniere().images);
+}
+
 TEST_F(OuvrirFichierTest, ALoanColumnThatTheReaderAddsIsNoUnsavedChange)
 {
     texte.colonnes = {"Titre|1000|"};

@@ -107,7 +107,8 @@ TEST_F(Fenetres, TheLoadingPanelIsOnShowUntilTheFileIsRead)
     EXPECT_TRUE(panneau.isVisible());
     EXPECT_EQ(panneau.findChild<QLabel*>()->text(), "Chargement Veuillez patienter....");
     EXPECT_TRUE(panneau.parentWidget()->rect().contains(panneau.geometry()));
-    const QPoint ecart = panneau.geometry().center() - panneau.parentWidget()->rect().center();
+    const VueTable& vue = dynamic_cast<Form1&>(fenetre).ListView1();
+    const QPoint ecart = panneau.geometry().center() - vue.geometry().center();
     EXPECT_LE(ecart.manhattanLength(), 2);
 
     const Form1& ouverte = Ouvrir(Fichier(u"disques.qrt"_s));

@@ -31,7 +31,9 @@ public:
     QString Caption() const override { return m_titre; }
     void SetCaption(const QString& titre) override { m_titre = titre; }
     void Decharger() override;
+    void mAfficherImages_Click() override { images = !images; }
 
+    bool images = true;
     MyLV table;
     PanneauDeTest wait;
     PanneauDeTest fOuvrir;
