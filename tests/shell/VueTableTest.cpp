@@ -190,6 +190,68 @@ TEST_F(VueTableTest, AClickOnATitleIsToldOnceTitlesAreClickable)
     EXPECT_EQ(table.NombreDeSelectionnees(), 0);
 }
 
+TEST_F(VueTableTest, KeysOfCommandsAreToldAndGoNoFurther)
+{
+    Montrer(3);
+    QSignalSpy tapee(&vue, &VueTable::ToucheDeCommande);
+    using Touche = VueTable::Touche;
+    const QList<std::tuple<Qt::Key, Qt::KeyboardModifiers, Touche>> touches = {
+        {Qt::Key_Return, Qt::NoModifier, Touche::Editer},    {Qt::Key_Enter, Qt::KeypadModifier, Touche::Editer},
+        {Qt::Key_Return, Qt::ShiftModifier, Touche::Voir},   {Qt::Key_Delete, Qt::NoModifier, Touche::Supprimer},
+        {Qt::Key_Plus, Qt::KeypadModifier, Touche::Ajouter},
+    };
+    for (const auto& [touche, avec, commande] : touches) {
+        tapee.clear();
+        QKeyEvent appui(QEvent::KeyPress, touche, avec);
+        QCoreApplication::sendEvent(&vue, &appui);
+        ASSERT_EQ(tapee.count(), 1);
+        EXPECT_EQ(tapee[0][0].value<Touche>(), commande);
+        EXPECT_TRUE(appui.isAccepted());
+    }
+}
+
+TEST_F(VueTableTest, InAnEmptyTableEnterIsTakenAndTellsNothing)
+{
+    Montrer(0);
+    QSignalSpy tapee(&vue, &VueTable::ToucheDeCommande);
+    QKeyEvent appui(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QCoreApplication::sendEvent(&vue, &appui);
+    EXPECT_TRUE(appui.isAccepted());
+    EXPECT_EQ(tapee.count(), 0);
+}
+
+TEST_F(VueTableTest, OtherModifiersMakeOtherKeys)
+{
+    Montrer(3);
+    QSignalSpy tapee(&vue, &VueTable::ToucheDeCommande);
+    Taper(Qt::Key_Return, Qt::ControlModifier);
+    Taper(Qt::Key_Plus);
+    Taper(Qt::Key_Plus, Qt::KeypadModifier | Qt::ShiftModifier);
+    EXPECT_EQ(tapee.count(), 0);
+}
+
+TEST_F(VueTableTest, AClickOnTheFirstEntryGivesItTheFocusForGood)
+{
+    Montrer(3);
+    Cliquer(1);
+    AjouterEntrees(table, {{u"Derniere"_s, u"Artiste"_s}});
+    table.SetSortOrder(1);
+    table.SetSorted(true);
+    EXPECT_EQ(table.SelectedItem().Text(), "Titre 001");
+}
+
+TEST_F(VueTableTest, ACellIsWholeWhenItsTextIsDrawnToItsEnd)
+{
+    Montrer(1);
+    const QString texte = u"Un titre"_s;
+    table.ListItems(1).SetText(texte);
+    QCoreApplication::processEvents();
+    vue.resizeColumnToContents(0);
+    EXPECT_TRUE(vue.EstEntiere(1, 1));
+    vue.setColumnWidth(0, vue.columnWidth(0) - 3);
+    EXPECT_FALSE(vue.EstEntiere(1, 1));
+}
+
 TEST_F(VueTableTest, ALargerFontMakesHigherRows)
 {
     Montrer(3);

@@ -1,0 +1,144 @@
+#include "shell/Infobulle.h"
+
+#include "base/Const_Vrac.h"
+#include "shell/VueDeTest.h"
+#include "support/PlateformeDeTest.h"
+
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int Battement = 500; // milliseconds
+
+class InfobulleTest : public VueDeTest
+{
+protected:
+    /// A table whose second entry has a first cell that is cut off, and a second one that is not.
+    void Montrer()
+    {
+        VueDeTest::Montrer(5);
+        table.ListItems(2).SetText(Long);
+        QCoreApplication::processEvents();
+    }
+    void VoirLesInfobulles()
+    {
+        EcrireOption(u"showInfobulles"_s, 1);
+        vue.clearFocus();
+        vue.setFocus();
+    }
+    void Bouger(const QPoint& place)
+    {
+        QMouseEvent mouvement(QEvent::MouseMove, place, vue.viewport()->mapToGlobal(place), Qt::NoButton, Qt::NoButton,
+                              Qt::NoModifier);
+        QCoreApplication::sendEvent(vue.viewport(), &mouvement);
+    }
+    void Pointer(int ligne, int colonne) { Bouger(Milieu(ligne, colonne)); }
+    /// What the timer does every half second.
+    void Battre() { emit bulle.ToolTipTimer().timeout({}); }
+
+    const QString Long = u"Un titre beaucoup trop long pour une colonne d'un pouce"_s;
+    QLabel texte{&vue};
+    Infobulle bulle{vue, texte};
+};
+
+} // namespace
+
+TEST_F(InfobulleTest, ACellThatIsCutOffShowsItsTextAtTheNextTick)
+{
+    Montrer();
+    Pointer(2, 1);
+    EXPECT_FALSE(texte.isVisible());
+    Battre();
+    EXPECT_TRUE(texte.isVisible());
+    EXPECT_EQ(texte.text(), Long);
+    EXPECT_EQ(texte.width(), vue.columnWidth(0));
+    const QPoint cellule = vue.visualRect(vue.model()->index(1, 0)).topLeft();
+    const QPoint coin = cellule + QPoint(vue.PixelsDe(50), vue.PixelsDe(60));
+    EXPECT_EQ(texte.pos(), vue.viewport()->mapTo(&vue, coin));
+}
+
+TEST_F(InfobulleTest, ACellThatFitsNeverShowsATip)
+{
+    Montrer();
+    Pointer(2, 2);
+    Battre();
+    EXPECT_FALSE(texte.isVisible());
+    Pointer(1, 1);
+    Battre();
+    EXPECT_FALSE(texte.isVisible());
+}
+
+TEST_F(InfobulleTest, AWiderColumnNeedsNoTip)
+{
+    Montrer();
+    table.ColumnHeaders(1).SetWidth(14400);
+    QCoreApplication::processEvents();
+    Pointer(2, 1);
+    Battre();
+    EXPECT_FALSE(texte.isVisible());
+}
+
+TEST_F(InfobulleTest, AnEmptyCellHasNoTip)
+{
+    Montrer();
+    table.ListItems(2).SetText(QString());
+    table.ColumnHeaders(1).SetWidth(10);
+    QCoreApplication::processEvents();
+    Pointer(2, 1);
+    Battre();
+    EXPECT_FALSE(texte.isVisible());
+}
+
+TEST_F(InfobulleTest, BelowTheEntriesThereIsNoTip)
+{
+    Montrer();
+    Bouger(QPoint(10, vue.viewport()->height() - 5));
+    Battre();
+    EXPECT_FALSE(texte.isVisible());
+}
+
+TEST_F(InfobulleTest, TheNextMovementHidesTheTip)
+{
+    Montrer();
+    Pointer(2, 1);
+    Battre();
+    ASSERT_TRUE(texte.isVisible());
+    Bouger(Milieu(2, 1) + QPoint(2, 0));
+    EXPECT_FALSE(texte.isVisible());
+}
+
+TEST_F(InfobulleTest, ATipOnShowIsLeftAlone)
+{
+    Montrer();
+    Pointer(2, 1);
+    Battre();
+    ASSERT_TRUE(texte.isVisible());
+    table.ListItems(2).SetText(Long + Long);
+    Battre();
+    EXPECT_EQ(texte.text(), Long);
+}
+
+TEST_F(InfobulleTest, WithoutTheSettingTheTimerDoesNotRun)
+{
+    Montrer();
+    EXPECT_FALSE(bulle.ToolTipTimer().isActive());
+    EcrireOption(u"showInfobulles"_s, 0);
+    vue.clearFocus();
+    vue.setFocus();
+    EXPECT_FALSE(bulle.ToolTipTimer().isActive());
+}
+
+TEST_F(InfobulleTest, TheFocusStartsAndStopsTheTimer)
+{
+    Montrer();
+    VoirLesInfobulles();
+    EXPECT_TRUE(bulle.ToolTipTimer().isActive());
+    EXPECT_EQ(bulle.ToolTipTimer().interval(), Battement);
+    EcrireOption(u"showInfobulles"_s, 0);
+    vue.clearFocus();
+    EXPECT_TRUE(bulle.ToolTipTimer().isActive());
+    vue.setFocus();
+    EXPECT_FALSE(bulle.ToolTipTimer().isActive());
+}
