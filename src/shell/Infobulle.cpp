@@ -7,6 +7,7 @@
 
 #include <QLabel>
 #include <QMouseEvent>
+#include <QToolTip>
 
 #include <chrono>
 
@@ -19,11 +20,24 @@ constexpr auto Intervalle = std::chrono::milliseconds(500);
 constexpr double EcartHaut = 60;
 constexpr double EcartGauche = 50;
 
+constexpr int Marge = 2;           // pixels
+constexpr int SignesAuPlus = 2000; // more than a screen shows
+
 } // namespace
 
 Infobulle::Infobulle(VueTable& vue, QLabel& myToolTipText, QObject* parent)
     : QObject(parent), m_vue(vue), m_texte(myToolTipText)
 {
+    // What a cell holds is text, whatever signs are in it.
+    m_texte.setTextFormat(Qt::PlainText);
+    m_texte.setWordWrap(true);
+    m_texte.setPalette(QToolTip::palette());
+    m_texte.setBackgroundRole(QPalette::ToolTipBase);
+    m_texte.setForegroundRole(QPalette::ToolTipText);
+    m_texte.setAutoFillBackground(true);
+    m_texte.setFrameShape(QFrame::Box);
+    m_texte.setMargin(Marge);
+    m_texte.setAttribute(Qt::WA_TransparentForMouseEvents);
     m_texte.hide();
     m_minuteur.setObjectName(u"ToolTipTimer"_s);
     m_minuteur.setInterval(Intervalle);
@@ -71,8 +85,7 @@ void Infobulle::Battre()
         return;
     const QRect cellule = m_vue.visualRect(m_vue.model()->index(ligne - 1, colonne - 1));
     const QPoint coin = cellule.topLeft() + QPoint(m_vue.PixelsDe(EcartGauche), m_vue.PixelsDe(EcartHaut));
-    m_texte.setText(texte);
-    m_texte.setFixedWidth(qMax(cellule.width(), 1));
+    m_texte.setText(texte.left(SignesAuPlus));
     m_texte.resize(cellule.width(), m_texte.heightForWidth(cellule.width()));
     m_texte.move(m_vue.viewport()->mapTo(m_texte.parentWidget(), coin));
     m_texte.raise();

@@ -108,6 +108,18 @@ protected:
     MDIForm1 cadre;
 };
 
+/// A frame whose bars record what they are told.
+class CadreAvecBarres : public QMainWindow, public BarresDuCadre
+{
+public:
+    void MontrerEtats(bool grille, bool images) override { etats = {grille, images}; }
+    bool GrandesIcones() const override { return grandes; }
+    void mGrandesIcones_Click() override { grandes = !grandes; }
+
+    std::pair<bool, bool> etats{false, false};
+    bool grandes = true;
+};
+
 /// A window with images on.
 class ImagesTest : public Form1Test
 {
@@ -512,6 +524,52 @@ TEST_F(Form1Test, TheGridFollowsItsMenuItem)
     EXPECT_FALSE(fenetre.myqrt.MyLV->GridLines());
     grille.trigger();
     EXPECT_TRUE(fenetre.myqrt.MyLV->GridLines());
+    EXPECT_FALSE(fenetre.myqrt.IlFautSauver);
+}
+
+TEST_F(Form1Test, TheBarsOfTheFrameShowTheStatesOfTheView)
+{
+    CadreAvecBarres barres;
+    auto* fenetre = new Form1;
+    barres.setCentralWidget(fenetre);
+    fenetre->RedrawAll();
+    EXPECT_EQ(barres.etats, std::pair(false, true)) << "no lines in a new table, images on";
+    fenetre->mAfficherImages_Click();
+    EXPECT_EQ(barres.etats, std::pair(false, false));
+    Commande(*fenetre, u"mAfficherGrille"_s).trigger();
+    EXPECT_EQ(barres.etats, std::pair(true, false));
+}
+
+TEST_F(Form1Test, LargeIconsAreAStateOfTheFrame)
+{
+    CadreAvecBarres barres;
+    auto* fenetre = new Form1;
+    QAction& grandes = Commande(*fenetre, u"mGrandesIcones"_s);
+    EXPECT_FALSE(grandes.isEnabled()) << "without a frame";
+    barres.setCentralWidget(fenetre);
+    fenetre->RedrawAll();
+    EXPECT_TRUE(grandes.isEnabled());
+    EXPECT_TRUE(grandes.isChecked());
+    grandes.trigger();
+    EXPECT_FALSE(barres.grandes);
+    EXPECT_FALSE(grandes.isChecked());
+}
+
+TEST_F(Form1Test, ItemsWhoseCommandIsNotBuiltStandDisabled)
+{
+    const Form1& fenetre = Ouvrir();
+    for (const QString& nom : {u"mOuvrir"_s, u"mImporter"_s, u"mExporter"_s, u"mImprimer"_s, u"mRemplacer"_s,
+                               u"mModifierEnree"_s, u"mEntree"_s, u"mSupprimerEntree"_s, u"mStatistiques"_s})
+        EXPECT_FALSE(Commande(fenetre, nom).isEnabled()) << nom.toStdString();
+}
+
+TEST_F(Form1Test, AShortcutOfADisabledItemDoesNothing)
+{
+    const Form1& fenetre = Ouvrir();
+    QTest::keyClick(&fenetre.ListView1(), Qt::Key_E, Qt::ControlModifier);
+    QTest::keyClick(&fenetre.ListView1(), Qt::Key_Delete);
+    QTest::keyClick(&fenetre.ListView1(), Qt::Key_Return);
+    EXPECT_EQ(fenetre.myqrt.ItemsCount(), 3);
     EXPECT_FALSE(fenetre.myqrt.IlFautSauver);
 }
 

@@ -91,6 +91,26 @@ TEST_F(InfobulleTest, AnEmptyCellHasNoTip)
     EXPECT_FALSE(texte.isVisible());
 }
 
+TEST_F(InfobulleTest, SignsOfAMarkUpLanguageAreShownAsTheyStand)
+{
+    Montrer();
+    table.ListItems(2).SetText(u"<b>Gras</b> et beaucoup trop long pour sa colonne"_s);
+    Pointer(2, 1);
+    Battre();
+    ASSERT_TRUE(texte.isVisible());
+    EXPECT_EQ(texte.textFormat(), Qt::PlainText);
+}
+
+TEST_F(InfobulleTest, ATextWithoutEndIsShownAtItsBeginning)
+{
+    Montrer();
+    table.ListItems(2).SetText(QString(1'000'000, u'x'));
+    Pointer(2, 1);
+    Battre();
+    ASSERT_TRUE(texte.isVisible());
+    EXPECT_LT(texte.text().size(), 10'000);
+}
+
 TEST_F(InfobulleTest, BelowTheEntriesThereIsNoTip)
 {
     Montrer();
