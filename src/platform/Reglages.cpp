@@ -1,8 +1,10 @@
 #include "platform/Reglages.h"
 
+#include <QFile>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QStringList>
+#include <QTemporaryFile>
 
 namespace {
 
@@ -43,7 +45,20 @@ void ReglagesFichier::Ecrire(const QString& section, const QString& cle, const Q
         m_fichier->setValue(Chemin(section, cle), valeur);
 }
 
-void ReglagesFichier::Synchroniser()
+void ReglagesFichier::Deposer()
 {
     m_fichier->sync();
+}
+
+std::optional<QString> ReglagesFichier::LireDepose(const QString& section, const QString& cle) const
+{
+    // QSettings reads a file again when its time has changed. Where another process stores while it reads, it can keep
+    // the old values with the new time, and never sees the new ones. A copy has no past.
+    QFile depose(m_fichier->fileName());
+    QTemporaryFile copie;
+    if (!depose.open(QIODevice::ReadOnly) || !copie.open())
+        return std::nullopt;
+    copie.write(depose.readAll());
+    copie.close();
+    return ReglagesFichier(copie.fileName()).Lire(section, cle);
 }

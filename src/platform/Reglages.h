@@ -15,8 +15,13 @@ public:
     /// Nothing when the key was never written.
     virtual std::optional<QString> Lire(const QString& section, const QString& cle) const = 0;
     virtual void Ecrire(const QString& section, const QString& cle, const QString& valeur) = 0;
-    /// Stores at once what was written, and takes in what other processes have stored since.
-    virtual void Synchroniser() {}
+    /// Stores at once what was written.
+    virtual void Deposer() {}
+    /// The value as any process stored it last, not counting what this one has yet to store.
+    virtual std::optional<QString> LireDepose(const QString& section, const QString& cle) const
+    {
+        return Lire(section, cle);
+    }
 };
 
 /// Settings in one ini file of the user's. Values reach the disk when the event loop is idle and at the end; a file
@@ -32,7 +37,8 @@ public:
 
     std::optional<QString> Lire(const QString& section, const QString& cle) const override;
     void Ecrire(const QString& section, const QString& cle, const QString& valeur) override;
-    void Synchroniser() override;
+    void Deposer() override;
+    std::optional<QString> LireDepose(const QString& section, const QString& cle) const override;
 
 private:
     std::unique_ptr<QSettings> m_fichier;

@@ -15,16 +15,14 @@ void PublierPoignee()
     Reglages& reglages = *plateforme().reglages;
     reglages.Ecrire(Section, Cle, QString::number(InstanceModule::Poignee()));
     // The next start may come this very moment, long before the event loop is idle.
-    reglages.Synchroniser();
+    reglages.Deposer();
 }
 
 /// What the first instance has published. A setting that was never kept (settings that cannot be written) must not
 /// lose the user's file: the instance that was found is meant then. One that is out of date names nobody.
 qint32 PoigneePubliee(qint32 trouvee)
 {
-    Reglages& reglages = *plateforme().reglages;
-    reglages.Synchroniser();
-    const std::optional<QString> valeur = reglages.Lire(Section, Cle);
+    const std::optional<QString> valeur = plateforme().reglages->LireDepose(Section, Cle);
     return valeur ? valeur->toInt() : trouvee;
 }
 

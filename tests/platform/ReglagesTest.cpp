@@ -2,6 +2,10 @@
 #include "support/DossierDeTest.h"
 #include "support/Impression.h"
 
+#include <QDateTime>
+#include <QFile>
+#include <QFileInfo>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -51,17 +55,40 @@ TEST_F(ReglagesFichierTest, KeepsSectionsApart)
     EXPECT_EQ(reglages.Lire("Options", "Hwnd"), std::nullopt);
 }
 
-TEST_F(ReglagesFichierTest, StoresAtOnceAndTakesInWhatOthersStoredWhenItIsSynchronised)
+TEST_F(ReglagesFichierTest, StoresAtOnceWhenAsked)
 {
     ReglagesFichier reglages(m_fichier);
     reglages.Ecrire("HwndInstance", "Hwnd", "12");
 
-    reglages.Synchroniser();
-    EXPECT_EQ(m_dossier.Lire("config/zelvane.ini"), "[HwndInstance]\nhwnd=12\n");
+    reglages.Deposer();
 
-    m_dossier.Ecrire("config/zelvane.ini", "[HwndInstance]\nhwnd=12345\n");
-    reglages.Synchroniser();
-    EXPECT_EQ(reglages.Lire("HwndInstance", "Hwnd"), "12345");
+    EXPECT_EQ(m_dossier.Lire("config/zelvane.ini"), "[HwndInstance]\nhwnd=12\n");
+}
+
+TEST_F(ReglagesFichierTest, ReadsWhatOthersHaveStoredWhateverItsOwnReadingFound)
+{
+    m_dossier.Ecrire("config/zelvane.ini", "[HwndInstance]\nhwnd=12\n");
+    const QDateTime heure = QFileInfo(m_fichier).lastModified();
+    const ReglagesFichier reglages(m_fichier);
+    EXPECT_EQ(reglages.Lire("HwndInstance", "Hwnd"), "12");
+
+    // Neither its size nor its time tells that the file is another one.
+    m_dossier.Ecrire("config/zelvane.ini", "[HwndInstance]\nhwnd=34\n");
+    QFile fichier(m_fichier);
+    ASSERT_TRUE(fichier.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(fichier.setFileTime(heure, QFileDevice::FileModificationTime));
+    fichier.close();
+
+    EXPECT_EQ(reglages.LireDepose("HwndInstance", "HWND"), "34");
+    EXPECT_EQ(reglages.LireDepose("Options", "Hwnd"), std::nullopt);
+}
+
+TEST_F(ReglagesFichierTest, FindsNothingStoredWhereThereIsNoFile)
+{
+    ReglagesFichier reglages(m_fichier);
+    reglages.Ecrire("HwndInstance", "Hwnd", "12");
+
+    EXPECT_EQ(reglages.LireDepose("HwndInstance", "Hwnd"), std::nullopt);
 }
 
 TEST_F(ReglagesFichierTest, StoresUnderTheSectionAndTheKeyInLowerCase)

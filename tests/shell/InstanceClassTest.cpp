@@ -18,7 +18,7 @@ protected:
     void LaisserTourner(qint32 poignee)
     {
         m_rendezvous.autre = {poignee, "Zelvane"};
-        m_reglages.desAutres.insert(Hwnd, QString::number(poignee));
+        m_reglages.deposees.insert(Hwnd, QString::number(poignee));
     }
 
     ProprietaireInstance Proprietaire()
@@ -64,7 +64,7 @@ TEST_F(InstanceClassTest, StoresItsHandleAtOnceSoThatTheNextStartReadsIt)
 
     instance.PrevInstace();
 
-    EXPECT_EQ(m_reglages.surLeDisque.value(Hwnd), "4711");
+    EXPECT_EQ(m_reglages.deposees.value(Hwnd), "4711");
 }
 
 TEST_F(InstanceClassTest, RewritesTheHandleOfAnEarlierFirstInstance)
@@ -88,8 +88,19 @@ TEST_F(InstanceClassTest, FindsTheOtherInstanceAndReadsWhereItTakesTexts)
 
     EXPECT_EQ(instance.PrevHwnd(), 12);
     EXPECT_EQ(instance.PrevTextHwnd(), 12);
-    EXPECT_EQ(m_reglages.valeurs.value(Hwnd), "12") << "the setting stays that of the first instance";
+    EXPECT_EQ(m_reglages.deposees.value(Hwnd), "12") << "the setting stays that of the first instance";
     EXPECT_EQ(m_rendezvous.titreTrouve, "");
+}
+
+TEST_F(InstanceClassTest, ReadsTheSettingAsTheFirstHasStoredItSinceThisProcessStarted)
+{
+    m_reglages.valeurs.insert(Hwnd, "99");
+    LaisserTourner(12);
+    InstanceClass instance;
+
+    instance.PrevInstace();
+
+    EXPECT_EQ(instance.PrevTextHwnd(), 12);
 }
 
 TEST_F(InstanceClassTest, NeverFindsItself)
@@ -189,7 +200,7 @@ TEST_F(InstanceClassTest, ClosesTheOtherAndTakesItsPlaceWithAction2)
 
     EXPECT_EQ(m_rendezvous.journal, QStringList{"fermer"});
     EXPECT_EQ(m_rendezvous.titreTrouve, "Zelvane");
-    EXPECT_EQ(m_reglages.surLeDisque.value(Hwnd), "4711");
+    EXPECT_EQ(m_reglages.deposees.value(Hwnd), "4711");
     EXPECT_EQ(instance.PrevTextHwnd(), 12) << "read before the setting was taken over";
 }
 
@@ -248,7 +259,7 @@ TEST_F(InstanceClassTest, SendsTextsNowhereWhenTheSettingIsOutOfDate)
 {
     m_rendezvous.autre = {12, "Zelvane"};
     for (const char* valeur : {"99", "0", "-12", "", "douze"}) {
-        m_reglages.valeurs.insert(Hwnd, valeur);
+        m_reglages.deposees.insert(Hwnd, valeur);
         InstanceClass instance;
         EXPECT_TRUE(instance.PrevInstace()) << valeur;
 

@@ -20,11 +20,10 @@ void ReglagesEnMemoire::Ecrire(const QString& section, const QString& cle, const
     valeurs.insert({section, cle.toLower()}, valeur);
 }
 
-void ReglagesEnMemoire::Synchroniser()
+std::optional<QString> ReglagesEnMemoire::LireDepose(const QString& section, const QString& cle) const
 {
-    valeurs.insert(desAutres);
-    desAutres.clear();
-    surLeDisque = valeurs;
+    const auto trouve = deposees.constFind({section, cle.toLower()});
+    return trouve == deposees.cend() ? std::nullopt : std::optional(*trouve);
 }
 
 FichiersIni::Contenu FichiersIniEnMemoire::Charger(const QString& fichier) const

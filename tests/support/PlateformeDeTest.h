@@ -17,11 +17,11 @@ class ReglagesEnMemoire : public Reglages
 public:
     std::optional<QString> Lire(const QString& section, const QString& cle) const override;
     void Ecrire(const QString& section, const QString& cle, const QString& valeur) override;
-    void Synchroniser() override;
+    void Deposer() override { deposees.insert(valeurs); }
+    std::optional<QString> LireDepose(const QString& section, const QString& cle) const override;
 
-    QHash<QPair<QString, QString>, QString> valeurs;     ///< by section and key in lower case
-    QHash<QPair<QString, QString>, QString> desAutres;   ///< what other processes have stored, not yet taken in
-    QHash<QPair<QString, QString>, QString> surLeDisque; ///< what other processes see
+    QHash<QPair<QString, QString>, QString> valeurs;  ///< by section and key in lower case
+    QHash<QPair<QString, QString>, QString> deposees; ///< what this process and others have stored
 };
 
 class FichiersIniEnMemoire : public FichiersIni
