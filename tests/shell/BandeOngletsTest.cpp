@@ -1,0 +1,236 @@
+// The strip of tabs in step with the windows, and its menu.
+#include "CadreEnFenetre.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using OngletsTest = CadreEnFenetre;
+
+} // namespace
+
+TEST_F(OngletsTest, EachWindowHasItsTabAndTheActiveOneIsSelected)
+{
+    Montrer();
+    const Form1& a = Ouvrir(u"a.qrt"_s);
+    EXPECT_EQ(Onglets().currentIndex(), 0);
+    const Form1& b = Ouvrir(u"R&B.qrt"_s);
+    EXPECT_EQ(Titres(), QStringList({u"a.qrt"_s, u"R&B.qrt"_s}));
+    EXPECT_EQ(Onglets().tabText(1), "R&&B.qrt");
+    EXPECT_EQ(Onglets().Cle(1), a.Tag);
+    EXPECT_EQ(Onglets().Cle(2), b.Tag);
+    EXPECT_EQ(Onglets().currentIndex(), 1);
+}
+
+TEST_F(OngletsTest, AClickOnTheOtherTabBringsItsWindowToTheFront)
+{
+    Montrer();
+    const Form1& a = Ouvrir(u"a.qrt"_s);
+    const Form1& b = Ouvrir(u"b.qrt"_s);
+    CliquerOnglet(1);
+    EXPECT_EQ(cadre->FenetreActive(), &a);
+    EXPECT_EQ(Onglets().currentIndex(), 0);
+    EXPECT_TRUE(cadre->OngletsActifs);
+    CliquerOnglet(2);
+    EXPECT_EQ(cadre->FenetreActive(), &b);
+    EXPECT_EQ(Onglets().currentIndex(), 1);
+}
+
+TEST_F(OngletsTest, TheTabFollowsTheWindowThatBecomesActive)
+{
+    Montrer();
+    Form1& a = Ouvrir(u"a.qrt"_s);
+    Ouvrir(u"b.qrt"_s);
+    cadre->AmenerDevant(a);
+    EXPECT_EQ(Onglets().currentIndex(), 0);
+    EXPECT_TRUE(cadre->OngletsActifs);
+}
+
+TEST_F(OngletsTest, WhileTheyAreOffTabsActivateNothing)
+{
+    Montrer();
+    Ouvrir(u"a.qrt"_s);
+    const Form1& b = Ouvrir(u"b.qrt"_s);
+    cadre->OngletsActifs = false;
+    CliquerOnglet(1);
+    EXPECT_EQ(cadre->FenetreActive(), &b);
+}
+
+TEST_F(OngletsTest, AClickOnTheTabOfAReducedWindowBringsItBack)
+{
+    Montrer();
+    const Form1& a = Ouvrir(u"a.qrt"_s);
+    a.parentWidget()->showMinimized();
+    ASSERT_TRUE(a.parentWidget()->isMinimized());
+    CliquerOnglet(1);
+    EXPECT_FALSE(a.parentWidget()->isMinimized());
+}
+
+TEST_F(OngletsTest, AWindowThatGoesTakesItsTabAlong)
+{
+    Montrer();
+    Form1& a = Ouvrir(u"a.qrt"_s);
+    Form1& b = Ouvrir(u"b.qrt"_s);
+    Form1& c = Ouvrir(u"c.qrt"_s);
+    a.Decharger();
+    Laisser();
+    EXPECT_EQ(Titres(), QStringList({u"b.qrt"_s, u"c.qrt"_s}));
+    EXPECT_EQ(cadre->FenetreActive(), &c) << "a window behind the others goes without a change of front";
+    c.Decharger();
+    Laisser();
+    EXPECT_EQ(cadre->FenetreActive(), &b);
+    EXPECT_EQ(Onglets().currentIndex(), 0);
+    b.Decharger();
+    Laisser();
+    EXPECT_EQ(Onglets().count(), 0);
+    EXPECT_EQ(cadre->FenetreActive(), nullptr);
+}
+
+TEST_F(OngletsTest, ATabCanGetAnotherTitle)
+{
+    Montrer();
+    Ouvrir(u"a.qrt"_s);
+    const Form1& b = Ouvrir(u"b.qrt"_s);
+    cadre->MettreTitreOnglet(b, u"R&B.qrt"_s);
+    EXPECT_EQ(Titres(), QStringList({u"a.qrt"_s, u"R&B.qrt"_s}));
+    EXPECT_EQ(Onglets().tabText(1), "R&&B.qrt");
+}
+
+TEST_F(OngletsTest, TheStripKnowsTheTabOnWhichAButtonWasReleased)
+{
+    Montrer();
+    Ouvrir(u"a.qrt"_s);
+    const Form1& b = Ouvrir(u"b.qrt"_s);
+    EXPECT_EQ(Onglets().Tag, "");
+    CliquerOnglet(1, Qt::RightButton);
+    EXPECT_EQ(Onglets().Tag, "1");
+    EXPECT_EQ(cadre->FenetreActive(), &b) << "the right button selects nothing";
+    CliquerOnglet(2);
+    EXPECT_EQ(Onglets().Tag, "2");
+
+    const QPoint aCote(Onglets().tabRect(1).right() + 20, Onglets().height() / 2);
+    QTest::mouseRelease(&Onglets(), Qt::RightButton, {}, aCote);
+    EXPECT_EQ(Onglets().Tag, "2") << "beside the tabs, the tab last stored stays";
+}
+
+TEST_F(OngletsTest, NoTwoWindowsShareAKey)
+{
+    // Every draw gives the same number at the same moment.
+    PlateformeDeTest::Courante().hasard.tirages = {0.5, 0.5, 0.5};
+    Montrer();
+    const QString premiere = cadre->NouvelleFenetre().Tag;
+    EXPECT_NE(cadre->NouvelleFenetre().Tag, premiere);
+}
+
+// ---- The menu of the tabs
+
+namespace {
+
+class MenuMdiTabTest : public OngletsTest
+{
+protected:
+    void TearDown() override
+    {
+        if (QWidget* menu = QApplication::activePopupWidget())
+            menu->close();
+    }
+    QMenu& MenuMdiTab() const { return *cadre->findChild<QMenu*>(u"mMenuMdiTab"_s); }
+    /// Releases the right button over a tab and chooses an item.
+    void Choisir(int onglet, const QString& nom)
+    {
+        CliquerOnglet(onglet, Qt::RightButton);
+        QAction* item = MenuMdiTab().findChild<QAction*>(nom);
+        ASSERT_EQ(QApplication::activePopupWidget(), &MenuMdiTab());
+        QTest::mouseClick(&MenuMdiTab(), Qt::LeftButton, {}, MenuMdiTab().actionGeometry(item).center());
+        Laisser();
+    }
+};
+
+} // namespace
+
+TEST_F(MenuMdiTabTest, TheRightButtonShowsTheMenuAlsoBesideTheTabs)
+{
+    Montrer();
+    Ouvrir(u"a.qrt"_s);
+    Ouvrir(u"b.qrt"_s);
+    CliquerOnglet(1, Qt::RightButton);
+    EXPECT_TRUE(MenuMdiTab().isVisible());
+    EXPECT_EQ(Captions(MenuMdiTab()),
+              QStringList({u"mRestaurer=Restaurer"_s, u"mEnregistrer=Enregistrer"_s,
+                           u"mEnregistrerSous=Enregistrer Sous"_s, u"mFemer=Fermer"_s, u"mFermerTout=Fermer Tout"_s}));
+    MenuMdiTab().close();
+
+    const QPoint aCote(Onglets().tabRect(1).right() + 20, Onglets().height() / 2);
+    QTest::mouseRelease(&Onglets(), Qt::RightButton, {}, aCote);
+    ASSERT_TRUE(MenuMdiTab().isVisible());
+    MenuMdiTab().findChild<QAction*>(u"mFemer"_s)->trigger();
+    Laisser();
+    EXPECT_EQ(Titres(), QStringList{u"b.qrt"_s}) << "it acts on the tab last stored";
+}
+
+TEST_F(MenuMdiTabTest, RestoringBringsTheWindowOfTheTabToTheFront)
+{
+    Montrer();
+    const Form1& a = Ouvrir(u"a.qrt"_s);
+    Ouvrir(u"b.qrt"_s);
+    Choisir(1, u"mRestaurer"_s);
+    EXPECT_EQ(cadre->FenetreActive(), &a);
+    EXPECT_EQ(Onglets().currentIndex(), 0);
+}
+
+TEST_F(MenuMdiTabTest, ClosingClosesTheWindowOfTheTab)
+{
+    Montrer();
+    Ouvrir(u"a.qrt"_s);
+    Ouvrir(u"b.qrt"_s);
+    Choisir(1, u"mFemer"_s);
+    EXPECT_EQ(Titres(), QStringList{u"b.qrt"_s});
+}
+
+TEST_F(MenuMdiTabTest, SavingUnderAnotherNameRenamesTheTab)
+{
+    Montrer();
+    Form1& a = Ouvrir(u"a.qrt"_s);
+    Ouvrir(u"b.qrt"_s);
+    const QString neuf = dossier.Fichier(u"neuf.qrt"_s);
+    dialogues.Preparer({neuf}, 2);
+    Choisir(1, u"mEnregistrerSous"_s);
+    EXPECT_EQ(Titres(), QStringList({u"neuf.qrt"_s, u"b.qrt"_s}));
+    EXPECT_EQ(a.myqrt.CheminReel(), neuf);
+    EXPECT_EQ(Recent(0).data().toString(), neuf);
+}
+
+TEST_F(MenuMdiTabTest, SavingWritesTheDocumentOfTheTab)
+{
+    Montrer();
+    Form1& a = Ouvrir(u"a.qrt"_s);
+    Form1& b = Ouvrir(u"b.qrt"_s);
+    a.myqrt.IlFautSauver = b.myqrt.IlFautSauver = true;
+    Choisir(1, u"mEnregistrer"_s);
+    EXPECT_FALSE(a.myqrt.IlFautSauver);
+    EXPECT_TRUE(b.myqrt.IlFautSauver);
+    b.myqrt.IlFautSauver = false;
+}
+
+TEST_F(MenuMdiTabTest, ClosingAllNeedsTwoTabs)
+{
+    Montrer();
+    Ouvrir(u"a.qrt"_s);
+    CliquerOnglet(1, Qt::RightButton);
+    EXPECT_FALSE(MenuMdiTab().findChild<QAction*>(u"mFermerTout"_s)->isEnabled());
+    MenuMdiTab().close();
+    Ouvrir(u"b.qrt"_s);
+    Choisir(1, u"mFermerTout"_s);
+    EXPECT_TRUE(cadre->Documents().empty());
+    EXPECT_EQ(Onglets().count(), 0);
+}
+
+TEST_F(MenuMdiTabTest, WithoutATabItsCommandsDoNothing)
+{
+    Montrer();
+    QTest::mouseRelease(&Onglets(), Qt::RightButton, {}, QPoint(5, 1));
+    for (QAction* item : MenuMdiTab().actions())
+        item->trigger();
+    EXPECT_TRUE(reponses.Affiches().isEmpty());
+    EXPECT_TRUE(dialogues.Demandes().isEmpty());
+}
