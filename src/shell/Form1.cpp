@@ -13,6 +13,7 @@
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QLabel>
+#include <QMdiArea>
 #include <QMdiSubWindow>
 
 #include <utility>
@@ -129,7 +130,8 @@ void Form1::BrancherCadre()
 
 void Form1::EtatChange(Qt::WindowStates avant, Qt::WindowStates apres)
 {
-    GarderEtat();
+    // Once the windows have settled: the area passes through other states on the way.
+    QMetaObject::invokeMethod(this, &Form1::GarderEtat, Qt::QueuedConnection);
     if (apres.testFlag(Qt::WindowActive) && !avant.testFlag(Qt::WindowActive))
         Activer();
 }
@@ -148,6 +150,9 @@ void Form1::GarderEtat() const
     const auto* autour = qobject_cast<QMdiSubWindow*>(parentWidget());
     if (!autour || !autour->isVisible())
         return;
+    // A maximised window that another one takes the place of is put back to normal by the area, not by the user.
+    if (autour->mdiArea() && autour->mdiArea()->currentSubWindow() != autour)
+        return;
     const EtatFenetre etat = EtatDe(*autour);
     if (!OptionEgale(LireOption(u"SizeForm1"_s), etat))
         EcrireOption(u"SizeForm1"_s, int(etat));
@@ -156,7 +161,7 @@ void Form1::GarderEtat() const
 void Form1::resizeEvent(QResizeEvent* event)
 {
     QMainWindow::resizeEvent(event);
-    GarderEtat();
+    QMetaObject::invokeMethod(this, &Form1::GarderEtat, Qt::QueuedConnection);
     RedrawAll(true);
 }
 
