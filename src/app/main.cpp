@@ -3,6 +3,7 @@
 #include "extensions/MessagesEnFenetre.h"
 #include "platform/Plateforme.h"
 #include "platform/ProgrammesBureau.h"
+#include "platform/RendezvousLocal.h"
 #include "shell/EtapesEnFenetres.h"
 
 #include <QApplication>
@@ -28,6 +29,8 @@ QString LigneDeCommande(const QStringList& arguments)
 
 int main(int argc, char** argv)
 {
+    // The application takes it out of the environment.
+    const QString jeton = RendezvousLocal::JetonDuLancement();
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"zelvane"_s);
     QApplication::setApplicationVersion(QStringLiteral(ZELVANE_VERSION));
@@ -43,6 +46,8 @@ int main(int argc, char** argv)
     const PlateformeReelle plateformeReelle;
     ProgrammesBureau programmes;
     plateforme().programmes = &programmes;
+    RendezvousLocal rendezvous(RendezvousLocal::Lieu::DuSysteme(), jeton);
+    plateforme().rendezvous = &rendezvous;
     const MessagesEnFenetre messages;
     const DialoguesEnFenetre dialogues;
     EtapesEnFenetres etapes;

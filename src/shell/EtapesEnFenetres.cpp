@@ -1,6 +1,8 @@
 #include "shell/EtapesEnFenetres.h"
 
 #include "catalogue/OuvrirFichiersQrt.h"
+#include "extensions/frmPresent2.h"
+#include "extensions/frmTip.h"
 #include "shell/MDIForm1.h"
 
 EtapesEnFenetres::EtapesEnFenetres() = default;
@@ -20,6 +22,36 @@ void EtapesEnFenetres::MontrerCadre()
 void EtapesEnFenetres::DechargerCadre()
 {
     m_cadre.reset();
+}
+
+bool EtapesEnFenetres::PrevInstace()
+{
+    return m_cadre->My_Instance.PrevInstace();
+}
+
+void EtapesEnFenetres::SendTexte(const QString& texte)
+{
+    m_cadre->My_Instance.SendTexte(texte);
+}
+
+void EtapesEnFenetres::SowPrev()
+{
+    m_cadre->My_Instance.SowPrev();
+}
+
+void EtapesEnFenetres::Class_Terminate98()
+{
+    m_cadre->My_Instance.Class_Terminate98();
+}
+
+void EtapesEnFenetres::MontrerPresentation()
+{
+    frmPresent2(m_cadre.get()).exec();
+}
+
+void EtapesEnFenetres::MontrerAstuces()
+{
+    frmTip::Montrer(*m_cadre);
 }
 
 void EtapesEnFenetres::OuvrirFichier(const QString& chemin)

@@ -17,15 +17,13 @@ public:
     void MontrerCadre() override;
     void DechargerCadre() override;
 
-    // Instances do not find each other yet: every one is the first.
-    bool PrevInstace() override { return false; }
-    void SendTexte(const QString&) override {}
-    void SowPrev() override {}
-    void Class_Terminate98() override {}
+    bool PrevInstace() override;
+    void SendTexte(const QString& texte) override;
+    void SowPrev() override;
+    void Class_Terminate98() override;
 
-    // There is no start-up window and no tip to show yet.
-    void MontrerPresentation() override {}
-    void MontrerAstuces() override {}
+    void MontrerPresentation() override;
+    void MontrerAstuces() override;
 
     void OuvrirFichier(const QString& chemin) override;
     void MajMenuRecents() override;

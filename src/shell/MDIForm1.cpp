@@ -5,9 +5,11 @@
 #include "base/Options.h"
 #include "catalogue/OuvrirFichiersQrt.h"
 #include "catalogue/Sauver.h"
+#include "extensions/LangForm.h"
 #include "extensions/modLang.h"
 #include "shell/ArrangerFenetres.h"
 #include "shell/Form1.h"
+#include "shell/PremierPlan.h"
 #include "shell/frmPopup.h"
 #include "ui_MDIForm1.h"
 
@@ -76,8 +78,27 @@ MDIForm1::MDIForm1(QWidget* parent) : QMainWindow(parent), m_ui(std::make_unique
     connect(m_ui->TabStrip1, &BandeOnglets::OngletChoisi, this, &MDIForm1::SuivreOnglet);
     m_popup = new frmPopup(*this);
     connect(m_ui->TabStrip1, &BandeOnglets::MenuDemande, m_popup, &frmPopup::MontrerMenuMdiTab);
+    RelierInstance();
+    LangForm(*this);
     // A small screen gets a frame that fits it.
     resize(size().boundedTo(screen()->availableSize() * PartDeLEcran));
+}
+
+/// Another start of the program sends its file here. It may come while a dialog is open, and opens all the same.
+void MDIForm1::RelierInstance()
+{
+    My_Instance.ReceiveOutputs = [this](const QString& texte) { OuvrirFichier(*this, texte, TypeQrt2, true); };
+    My_Instance.ActionCmd = ActionInstance::Rien;
+    My_Instance.InitClass({.montrer = [this](const QString& jeton) { MettreAuPremierPlan(*this, jeton); },
+                           .fermer = [this] { close(); },
+                           .finir = {}});
+}
+
+void MDIForm1::langChange()
+{
+    for (FenetreDocument* document : Documents())
+        if (auto* fenetre = dynamic_cast<Form1*>(document))
+            LangForm(*fenetre);
 }
 
 MDIForm1::~MDIForm1()

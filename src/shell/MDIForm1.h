@@ -3,6 +3,7 @@
 
 #include "catalogue/Cadre.h"
 #include "catalogue/FichierRecent.h"
+#include "shell/InstanceClass.h"
 
 #include <QMainWindow>
 
@@ -22,6 +23,9 @@ class MDIForm1 : public QMainWindow, public Cadre, public MenuRecents
 public:
     explicit MDIForm1(QWidget* parent = nullptr);
     ~MDIForm1() override;
+
+    /// Finds other instances of the program and hears from them.
+    InstanceClass My_Instance;
 
     /// Whether a click on a tab brings its window to the front. Off while the strip follows the windows.
     bool OngletsActifs = true;
@@ -46,6 +50,8 @@ public:
     void mGrandesIcones_Click();
     /// Brings the check of mGrandesIcones in step with the tool bars.
     void RedrawAll();
+    /// Applies the language to every open document.
+    void langChange();
 
     void MinimiserTout();
     void RestaurerTout();
@@ -60,6 +66,7 @@ protected:
     bool eventFilter(QObject* objet, QEvent* event) override;
 
 private:
+    void RelierInstance();
     void RelierMenus();
     void RelierMenuFenetre();
     void MontrerMenus(const FenetreDocument* active);
