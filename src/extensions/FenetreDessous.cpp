@@ -1,6 +1,7 @@
 #include "extensions/FenetreDessous.h"
 
 #include <QApplication>
+#include <QWidget>
 
 #include <algorithm>
 
