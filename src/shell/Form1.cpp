@@ -185,9 +185,7 @@ void Form1::Decharger()
 
 void Form1::closeEvent(QCloseEvent* event)
 {
-    const bool accordee = !EnCoursDeSauvegarde && (!myqrt.IlFautSauver || Enregistrer(myqrt, false, false));
-    // Saving may have ended in a state where the flag is left up: the window waits for a save that ends well.
-    if (!accordee || EnCoursDeSauvegarde) {
+    if (!PeutFermer(myqrt)) {
         event->ignore();
         return;
     }
