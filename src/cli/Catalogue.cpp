@@ -27,10 +27,15 @@ QString BaseDeCeProcessus()
 
 } // namespace
 
-CatalogueOuvert::CatalogueOuvert() : m_base(BaseDeCeProcessus)
+CatalogueOuvert::CatalogueOuvert()
+    : m_base([this] {
+          // Both folders in one step: once an interrupt has taken them away, nothing here makes them anew.
+          const QString base = BaseDeCeProcessus();
+          doc.TmpFolder = CreerDossierTemp();
+          return base;
+      })
 {
     doc.MyLV = &table;
-    doc.TmpFolder = CreerDossierTemp();
 }
 
 std::unique_ptr<CatalogueOuvert> CatalogueOuvert::Ouvrir(const QString& chemin)
