@@ -252,11 +252,20 @@ void Form1::AfficheImageEnCours(int index)
 {
     const ListItem entree = m_table.ListItems(index);
     const QString nom = entree && m_ui->mAfficherImages->isChecked() ? entree.Tag() : QString();
-    const QString fichier = nom.isEmpty() ? QString() : FichierImage(myqrt, nom);
+    MontrerImage(nom.isEmpty() ? QString() : FichierImage(myqrt, nom));
+}
+
+void Form1::MontrerImage(const QString& fichier)
+{
     if (fichier.isEmpty())
         m_ui->Img->Vider();
     else
         m_ui->Img->Charger(fichier);
+}
+
+void Form1::RendreVisible(int ligne)
+{
+    m_ui->ListView1->RendreVisible(ligne);
 }
 
 VueTable& Form1::ListView1() const

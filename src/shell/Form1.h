@@ -45,12 +45,17 @@ public:
 
     /// Shows the counts of entries and of selected entries, the picture of the entry with the focus, and the states
     /// of the view; with `miseEnPage` also the panels and the font anew.
-    void RedrawAll(bool miseEnPage = false);
+    void RedrawAll(bool miseEnPage = false) override;
     /// Shows the picture of the entry in position `index`; clears the panel when there is none to show. A picture that
     /// cannot be loaded leaves the panel as it was.
     void AfficheImageEnCours(int index);
+    void MontrerImage(const QString& fichier) override;
+    void RendreVisible(int ligne) override;
     /// Shows or hides the images panel, and remembers that for documents opened later.
     void mAfficherImages_Click() override;
+    void mModifierCategorie_Click() override;
+    void mModifierCommentaires_Click() override;
+    void mRechercher_Click() override;
 
     void MettreRecent(int index, const QString& chemin) override;
     void MontrerBarRecent(bool visible) override;

@@ -64,6 +64,21 @@ void Form1::mAfficherImages_Click()
     m_ui->mAfficherImages->trigger();
 }
 
+void Form1::mModifierCategorie_Click()
+{
+    m_ui->mModifierCategorie->trigger();
+}
+
+void Form1::mModifierCommentaires_Click()
+{
+    m_ui->mModifierCommentaires->trigger();
+}
+
+void Form1::mRechercher_Click()
+{
+    m_ui->mRechercher->trigger();
+}
+
 /// One document alone is closed and saved by the plain commands.
 void Form1::AccorderMenus()
 {

@@ -31,7 +31,19 @@ public:
     QString Caption() const override { return m_titre; }
     void SetCaption(const QString& titre) override { m_titre = titre; }
     void Decharger() override;
+    void RedrawAll(bool miseEnPage) override { ++(miseEnPage ? misesEnPage : rafraichissements); }
+    void MontrerImage(const QString& fichier) override { image = fichier; }
+    void RendreVisible(int ligne) override { ligneVisible = ligne; }
     void mAfficherImages_Click() override { images = !images; }
+    void mModifierCategorie_Click() override { commandes << QStringLiteral("mModifierCategorie"); }
+    void mModifierCommentaires_Click() override { commandes << QStringLiteral("mModifierCommentaires"); }
+    void mRechercher_Click() override { commandes << QStringLiteral("mRechercher"); }
+
+    int rafraichissements = 0; ///< refreshes without the layout
+    int misesEnPage = 0;       ///< refreshes with it
+    QString image;             ///< the file that the images panel shows; empty for none
+    int ligneVisible = 0;      ///< entry that the table was last scrolled to
+    QStringList commandes;     ///< the commands asked for, by name
 
     bool images = true;
     MyLV table;

@@ -1,0 +1,3 @@
+#include "entries/NouvelleCategorie.h"
+
+void NouvelleCategorie(Cadre& /*cadre*/) {}

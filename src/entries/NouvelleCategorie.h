@@ -1,0 +1,7 @@
+// The command that starts a new document.
+#pragma once
+
+class Cadre;
+
+/// Asks for the columns of a new category, and opens its window when the user validates.
+void NouvelleCategorie(Cadre& cadre);

@@ -1,0 +1,5 @@
+#include "lending/mPret.h"
+
+void MarquerPrete(FenetreDocument& /*fenetre*/) {}
+
+void MarquerRendu(FenetreDocument& /*fenetre*/) {}
