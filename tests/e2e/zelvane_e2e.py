@@ -55,6 +55,8 @@ class Session:
         os.close(write)
         with os.fdopen(read) as answer:
             os.environ["DISPLAY"] = ":" + answer.readline().strip()
+        # Without one, no window is the active one, and shortcuts go nowhere.
+        self._start(["openbox", "--sm-disable"])
         bus = self._start(["dbus-daemon", "--session", "--nofork", "--print-address=1"], stdout=subprocess.PIPE)
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().decode().strip()
         for name in ("WAYLAND_DISPLAY", "AT_SPI_BUS_ADDRESS", "SESSION_MANAGER"):
@@ -76,6 +78,10 @@ class Session:
             if process.stdout:
                 process.stdout.close()
         shutil.rmtree(self.folder, ignore_errors=True)
+
+    def new_home(self):
+        """A home folder in which the program was never started."""
+        return pathlib.Path(tempfile.mkdtemp(prefix="home-", dir=self.folder))
 
     def picture(self, path):
         """Saves what is on the screen."""
@@ -116,7 +122,7 @@ class Widget:
 
     def click(self, button=1, times=1):
         x, y, width, height = self.area()
-        xdotool("mousemove", x + width // 2, y + height // 2, "click", "--repeat", times, "--delay", 60, button)
+        click_at(x + width // 2, y + height // 2, button, times)
 
     # A table, seen by rows and columns that count from 0.
 
@@ -130,17 +136,27 @@ class Widget:
     def cell(self, row, column):
         return Widget(self._program, self._accessible.queryTable().getAccessibleAt(row, column))
 
+    def title_area(self, column):
+        """Where the title of a column is, above the first row."""
+        x, y, width, _ = self.cell(0, column).area()
+        top = self.area()[1]
+        return x, top, width, y - top
+
+    def click_title(self, column):
+        x, y, width, height = self.title_area(column)
+        click_at(x + width // 2, y + height // 2)
+
     def row(self, row):
         return [self.cell(row, column).name for column in range(self._accessible.queryTable().nColumns)]
 
 
 class Program:
-    """The program, started with a command line, in a home folder of its own."""
+    """The program, started with a command line, in a home folder of its own or in one that it had before."""
 
-    def __init__(self, session, *arguments):
+    def __init__(self, session, *arguments, home=None):
         self.session = session
-        self.home = pathlib.Path(tempfile.mkdtemp(prefix="home-", dir=session.folder))
-        self.log = self.home / "said.txt"
+        self.home = home or session.new_home()
+        self.log = pathlib.Path(tempfile.mkstemp(prefix="said-", suffix=".txt", dir=self.home)[1])
         with self.log.open("wb") as said:
             self._process = subprocess.Popen([str(PROGRAM), *map(str, arguments)], env=self._environment(),
                                              cwd=self.home, stdin=subprocess.DEVNULL, stdout=said, stderr=said)
@@ -239,6 +255,26 @@ class Program:
         """Presses keys by their X names: "Return", "ctrl+a" ..."""
         xdotool("key", "--delay", 40, *keys)
 
+    def menu(self, *names):
+        """Walks through menus by the names of their items and clicks the last."""
+        for depth, name in enumerate(names):
+            self.find(role="menu item" if depth else None, name=name).click()
+
+    def settings(self):
+        """The named settings as they are stored, keys in lower case."""
+        found = {}
+        for path in (self.home / "config").rglob("*.ini"):
+            for line in path.read_text().splitlines():
+                name, equals, value = line.partition("=")
+                if equals:
+                    found[name.lower()] = value
+        return found
+
+    def kill(self):
+        """Ends the program at once, as a power cut would."""
+        self._process.kill()
+        self._process.wait()
+
     def wait_for_end(self, limit=PATIENCE):
         """The exit status of the program, which ends by itself."""
         return self._process.wait(limit)
@@ -287,10 +323,32 @@ def read_catalogue(path):
     return titles, entries
 
 
+def write_catalogue(path, titles, entries, width=2000):
+    """Writes a catalogue of the bare form, without the program's help. Nothing in it brings up a question."""
+    head = ["[FileInfo]", "Type=QRT FILE", "Version=1.4", "", "[ListView]", "GridLines=1", "Sorted=0", "SortKey=0",
+            "SortOrder=0", "View=3", "", "[ColumHeaders]", f"Count={len(titles)}"]
+    columns = [f"Colum{i}={title}|{width}|" for i, title in enumerate(titles, 1)]
+    lines = [f"It{i}={'|'.join(values)}|" for i, values in enumerate(entries, 1)]
+    text = "\r\n".join([*head, *columns, "Dependant=0", "", "[ListItems]", f"Count={len(entries)}", *lines, ""])
+    path.write_bytes(text.encode("cp1252"))
+    return path
+
+
 def xdotool(*arguments, check=True):
     """Runs xdotool and returns what it printed."""
     done = subprocess.run(["xdotool", *map(str, arguments)], check=check, stdout=subprocess.PIPE, text=True)
     return done.stdout
+
+
+def click_at(x, y, button=1, times=1):
+    """Clicks at a place of the screen."""
+    xdotool("mousemove", x, y, "click", "--repeat", times, "--delay", 60, button)
+
+
+def drag(x, y, to_x, to_y):
+    """Drags with the left button from one place of the screen to another."""
+    xdotool("mousemove", x, y, "mousedown", 1, "mousemove", (x + to_x) // 2, (y + to_y) // 2, "mousemove", to_x, to_y,
+            "mouseup", 1)
 
 
 class ProgramTest(unittest.TestCase):
@@ -310,9 +368,9 @@ class ProgramTest(unittest.TestCase):
         ProgramTest.session.close()
         ProgramTest.session = None
 
-    def start(self, *arguments):
+    def start(self, *arguments, home=None):
         """Starts the program; it is closed when the test ends."""
-        self.program = Program(self.session, *arguments)
+        self.program = Program(self.session, *arguments, home=home)
         self.addCleanup(self.program.close)
         return self.program
 
