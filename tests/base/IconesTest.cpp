@@ -45,8 +45,12 @@ private:
     QPalette m_avant = QApplication::palette();
 };
 
-const QStringList Noms{u"noico"_s, u"ico"_s,         u"icoerror"_s, u"up"_s,
-                       u"down"_s,  u"information"_s, u"question"_s, u"zelvane"_s};
+/// The keys that toolbars, menus and dialogs ask for.
+const QStringList Noms =
+    u"noico ico icoerror up down information question zelvane "
+    u"addentree editentree delentree addcat editcat open save print prete rendu rechercher grille image showtexte "
+    u"apropos help aide right left annuler ok del copy paste refresh close closeall quit saveas saveall import export "
+    u"options langue web mail stats compare voir largeur cascade mosaiqueh mosaiquev reduire restaurer"_s.split(u' ');
 
 } // namespace
 
