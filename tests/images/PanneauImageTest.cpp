@@ -1,4 +1,4 @@
-#include "shell/PanneauImage.h"
+#include "images/PanneauImage.h"
 
 #include "support/DossierDeTest.h"
 
