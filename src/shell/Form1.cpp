@@ -5,12 +5,12 @@
 #include "catalogue/Sauver.h"
 #include "catalogue/TriDeTable.h"
 #include "extensions/modLang.h"
+#include "images/FichierImage.h"
 #include "shell/Infobulle.h"
 #include "shell/PoliceDeTable.h"
 #include "ui_Form1.h"
 
 #include <QCloseEvent>
-#include <QFileInfo>
 #include <QHeaderView>
 #include <QLabel>
 #include <QMdiArea>
@@ -32,14 +32,6 @@ EtatFenetre EtatDe(const QWidget& fenetre)
     if (fenetre.isMinimized())
         return Reduite;
     return fenetre.isMaximized() ? Agrandie : Normale;
-}
-
-/// An image is a bare name: one that leads out of the document's folder names no file.
-QString FichierImage(const QrtClass& doc, const QString& nom)
-{
-    const bool nu = !nom.contains(u'/') && !nom.contains(u'\\');
-    const QString fichier = doc.TmpFolder + nom;
-    return nu && QFileInfo(fichier).isFile() ? fichier : QString();
 }
 
 } // namespace
@@ -252,7 +244,7 @@ void Form1::AfficheImageEnCours(int index)
 {
     const ListItem entree = m_table.ListItems(index);
     const QString nom = entree && m_ui->mAfficherImages->isChecked() ? entree.Tag() : QString();
-    MontrerImage(nom.isEmpty() ? QString() : FichierImage(myqrt, nom));
+    MontrerImage(FichierImage(myqrt.TmpFolder, nom));
 }
 
 void Form1::MontrerImage(const QString& fichier)
