@@ -1,0 +1,6 @@
+#include "images/ChoisirImage.h"
+
+QString ChoisirImage(const QString& /*dossier*/, const QString& /*nomActuel*/)
+{
+    return {};
+}
