@@ -1,0 +1,75 @@
+// The look and the state of a document's window.
+#include "Form1EnFenetre.h"
+
+#include <QApplication>
+
+using namespace Qt::StringLiterals;
+
+TEST_F(Form1Test, TheStateOfTheWindowIsRemembered)
+{
+    const Form1& fenetre = Ouvrir();
+    fenetre.parentWidget()->showNormal();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(LireOption(u"SizeForm1"_s).toString(), "0");
+    fenetre.parentWidget()->showMaximized();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(LireOption(u"SizeForm1"_s).toString(), "2");
+    fenetre.parentWidget()->showMinimized();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(LireOption(u"SizeForm1"_s).toString(), "1");
+}
+
+TEST_F(Form1Test, OpeningADocumentLeavesTheStateAsItWasSet)
+{
+    EcrireOption(u"SizeForm1"_s, 2);
+    Ouvrir(u"a.qrt"_s);
+    EXPECT_EQ(LireOption(u"SizeForm1"_s).toString(), "2");
+    Ouvrir(u"b.qrt"_s);
+    EXPECT_EQ(LireOption(u"SizeForm1"_s).toString(), "2");
+}
+
+TEST_F(Form1Test, AReducedWindowStillCounts)
+{
+    Form1& fenetre = Ouvrir();
+    fenetre.parentWidget()->showMinimized();
+    fenetre.myqrt.MyLV->ListItems.Remove(1);
+    fenetre.RedrawAll(true);
+    EXPECT_EQ(Panneau(fenetre, 1), u"2 entrée(s)"_s);
+}
+
+TEST_F(Form1Test, TheFontAndTheColourAreThoseOfTheSettings)
+{
+    Form1& fenetre = Ouvrir();
+    EcrireOption(u"FontSize"_s, u"17,5"_s);
+    EcrireOption(u"FontBold"_s, true);
+    EcrireOption(u"FontItalic"_s, true);
+    EcrireOption(u"FontColor"_s, 0xFF8000);
+    fenetre.RedrawAll();
+    EXPECT_FALSE(fenetre.ListView1().font().bold()) << "not before the layout is redone";
+    fenetre.RedrawAll(true);
+    const QFont police = fenetre.ListView1().font();
+    EXPECT_EQ(police.pointSizeF(), 17.5);
+    EXPECT_TRUE(police.bold());
+    EXPECT_TRUE(police.italic());
+    EXPECT_TRUE(fenetre.font().bold());
+    EXPECT_EQ(fenetre.ListView1().palette().color(QPalette::Text), QColor(0, 0x80, 0xFF));
+}
+
+TEST_F(Form1Test, WithoutSettingsTheTableLooksLikeTheDesktop)
+{
+    const Form1& fenetre = Ouvrir();
+    EXPECT_EQ(fenetre.ListView1().font().pointSizeF(), QApplication::font().pointSizeF());
+    EXPECT_EQ(fenetre.ListView1().font().family(), QApplication::font().family());
+    EXPECT_EQ(fenetre.ListView1().palette().color(QPalette::Text), QApplication::palette().color(QPalette::Text));
+}
+
+TEST_F(Form1Test, SettingsThatAreNoFontChangeNothing)
+{
+    Form1& fenetre = Ouvrir();
+    EcrireOption(u"FontSize"_s, u"-3"_s);
+    EcrireOption(u"FontName"_s, u"No such family"_s);
+    EcrireOption(u"FontColor"_s, u"red"_s);
+    fenetre.RedrawAll(true);
+    EXPECT_EQ(fenetre.ListView1().font().pointSizeF(), QApplication::font().pointSizeF());
+    EXPECT_EQ(fenetre.ListView1().palette().color(QPalette::Text), QApplication::palette().color(QPalette::Text));
+}

@@ -1,0 +1,69 @@
+// How a document's window closes.
+#include "Form1EnFenetre.h"
+
+using namespace Qt::StringLiterals;
+
+TEST_F(Form1Test, AnUnchangedDocumentClosesWithoutAQuestion)
+{
+    Ouvrir().Decharger();
+    EXPECT_TRUE(cadre.Documents().empty());
+    EXPECT_TRUE(reponses.Affiches().isEmpty());
+}
+
+TEST_F(Form1Test, AChangedDocumentStaysWhenTheQuestionIsCancelled)
+{
+    Form1& fenetre = Ouvrir();
+    fenetre.myqrt.IlFautSauver = true;
+    reponses.Preparer(RepAnnuler);
+    fenetre.Decharger();
+    EXPECT_EQ(cadre.Documents().size(), 1);
+    EXPECT_TRUE(QFile::exists(fenetre.myqrt.TmpFolder + u"Zelvane.qrt"_s));
+    fenetre.myqrt.IlFautSauver = false;
+}
+
+TEST_F(Form1Test, AChangedDocumentIsSavedWhenTheUserSaysSo)
+{
+    Form1& fenetre = Ouvrir();
+    fenetre.myqrt.MyLV->ListItems(1).SetText(u"Aladdin Sane"_s);
+    fenetre.myqrt.IlFautSauver = true;
+    reponses.Preparer(RepOui);
+    fenetre.Decharger();
+    EXPECT_TRUE(cadre.Documents().empty());
+    EXPECT_TRUE(dossier.Lire(u"disques.qrt"_s).contains("Aladdin Sane"));
+}
+
+TEST_F(Form1Test, ChangesCanBeGivenUp)
+{
+    Form1& fenetre = Ouvrir();
+    const QString temporaire = fenetre.myqrt.TmpFolder;
+    fenetre.myqrt.MyLV->ListItems(1).SetText(u"Aladdin Sane"_s);
+    fenetre.myqrt.IlFautSauver = true;
+    reponses.Preparer(RepNon);
+    fenetre.Decharger();
+    EXPECT_TRUE(cadre.Documents().empty());
+    EXPECT_FALSE(dossier.Lire(u"disques.qrt"_s).contains("Aladdin Sane"));
+    EXPECT_FALSE(QFile::exists(temporaire));
+}
+
+TEST_F(Form1Test, ADocumentDoesNotCloseDuringASave)
+{
+    Form1& fenetre = Ouvrir();
+    fenetre.myqrt.IlFautSauver = true;
+    EnCoursDeSauvegarde = true;
+    fenetre.Decharger();
+    EXPECT_EQ(cadre.Documents().size(), 1);
+    EXPECT_TRUE(QFile::exists(fenetre.myqrt.TmpFolder));
+    EXPECT_TRUE(reponses.Affiches().isEmpty()) << "no question is asked meanwhile";
+    fenetre.myqrt.IlFautSauver = false;
+}
+
+TEST_F(Form1Test, OneDocumentThatRefusesKeepsTheProgram)
+{
+    Form1& fenetre = Ouvrir();
+    fenetre.myqrt.IlFautSauver = true;
+    reponses.Preparer(RepAnnuler);
+    Commande(fenetre, u"mQuitter"_s).trigger();
+    EXPECT_TRUE(cadre.isVisible());
+    EXPECT_EQ(cadre.Documents().size(), 1);
+    fenetre.myqrt.IlFautSauver = false;
+}

@@ -1,0 +1,129 @@
+// A document's table: sorting, counts, clicks and keys.
+#include "Form1EnFenetre.h"
+
+#include <QSignalSpy>
+
+using namespace Qt::StringLiterals;
+
+TEST_F(Form1Test, AClickOnTheSortedTitleTurnsTheOrderAndMarksIt)
+{
+    const Form1& fenetre = Ouvrir();
+    CliquerTitre(fenetre, 1);
+    EXPECT_EQ(Titres(fenetre), QStringList({"Takk", "Dummy", "Abbey Road"}));
+    EXPECT_EQ(fenetre.myqrt.MyLV->ColumnHeaders(1).Icon(), "up");
+    EXPECT_TRUE(fenetre.myqrt.IlFautSauver);
+    EXPECT_FALSE(fenetre.ListView1().model()->headerData(0, Qt::Horizontal, Qt::DecorationRole).isNull());
+    EXPECT_EQ(fenetre.ListView1().model()->index(0, 0).data().toString(), "Takk");
+
+    CliquerTitre(fenetre, 1);
+    EXPECT_EQ(Titres(fenetre), QStringList({"Abbey Road", "Dummy", "Takk"}));
+    EXPECT_EQ(fenetre.myqrt.MyLV->ColumnHeaders(1).Icon(), "down");
+    reponses.Preparer(RepNon);
+    dynamic_cast<Form1&>(*cadre.Documents()[0]).Decharger();
+}
+
+TEST_F(Form1Test, RefreshingPutsAChangedEntryInItsPlaceAndShowsIt)
+{
+    QList<QByteArray> entrees;
+    for (int i = 100; i < 300; ++i)
+        entrees.append("Titre " + QByteArray::number(i) + "|");
+    Form1& fenetre = Ouvrir(u"longue.qrt"_s, entrees);
+    CliquerEntree(fenetre, 1);
+    fenetre.myqrt.MyLV->ListItems(1).SetText(u"Z"_s);
+    EXPECT_EQ(Titres(fenetre).first(), "Z");
+    Commande(fenetre, u"mActualiser"_s).trigger();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Titres(fenetre).last(), "Z");
+    EXPECT_TRUE(fenetre.ListView1().viewport()->rect().contains(Milieu(fenetre, 200)));
+    EXPECT_FALSE(fenetre.myqrt.IlFautSauver);
+}
+
+// ---- counts, clicks and keys
+
+TEST_F(Form1Test, AClickOnAnEntryCountsIt)
+{
+    const Form1& fenetre = Ouvrir();
+    CliquerEntree(fenetre, 2);
+    EXPECT_EQ(Panneau(fenetre, 1), u"3 entrée(s)"_s);
+    EXPECT_EQ(Panneau(fenetre, 2), u"1 selectionnée(s)"_s);
+}
+
+TEST_F(Form1Test, ADoubleClickAsksToSeeTheOneSelectedEntry)
+{
+    const Form1& fenetre = Ouvrir();
+    QSignalSpy voir(&fenetre, &Form1::VoirEntree);
+    CliquerEntree(fenetre, 2);
+    QTest::mouseDClick(fenetre.ListView1().viewport(), Qt::LeftButton, Qt::NoModifier, Milieu(fenetre, 2));
+    ASSERT_EQ(voir.count(), 1);
+    EXPECT_EQ(voir[0][0].toInt(), 2);
+}
+
+TEST_F(Form1Test, ADoubleClickAmongSeveralSelectedEntriesShowsNone)
+{
+    const Form1& fenetre = Ouvrir();
+    QSignalSpy voir(&fenetre, &Form1::VoirEntree);
+    fenetre.ListView1().selectAll();
+    QTest::mouseDClick(fenetre.ListView1().viewport(), Qt::LeftButton, Qt::ControlModifier, Milieu(fenetre, 2));
+    EXPECT_EQ(voir.count(), 0);
+}
+
+TEST_F(Form1Test, ShiftAndEnterAskToSeeTheEntryWithTheFocus)
+{
+    const Form1& fenetre = Ouvrir();
+    QSignalSpy voir(&fenetre, &Form1::VoirEntree);
+    CliquerEntree(fenetre, 3);
+    QTest::keyClick(&fenetre.ListView1(), Qt::Key_Return, Qt::ShiftModifier);
+    ASSERT_EQ(voir.count(), 1);
+    EXPECT_EQ(voir[0][0].toInt(), 3);
+}
+
+TEST_F(Form1Test, ShiftAndEnterInAnEmptyTableAskForNothing)
+{
+    const Form1& fenetre = Ouvrir(u"vide.qrt"_s, {});
+    QSignalSpy voir(&fenetre, &Form1::VoirEntree);
+    QTest::keyClick(&fenetre.ListView1(), Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(voir.count(), 0);
+}
+
+TEST_F(Form1Test, KeysOfCommandsReachTheirMenuItems)
+{
+    const Form1& fenetre = Ouvrir();
+    const QList<std::tuple<Qt::Key, Qt::KeyboardModifiers, QString>> touches = {
+        {Qt::Key_Return, Qt::NoModifier, u"mModifierEnree"_s},
+        {Qt::Key_Enter, Qt::KeypadModifier, u"mModifierEnree"_s},
+        {Qt::Key_Delete, Qt::NoModifier, u"mSupprimerEntree"_s},
+        {Qt::Key_Plus, Qt::KeypadModifier, u"mEntree"_s},
+    };
+    for (const auto& [touche, avec, nom] : touches) {
+        QAction& commande = Commande(fenetre, nom);
+        QSignalSpy lancee(&commande, &QAction::triggered);
+        commande.setEnabled(true);
+        QTest::keyClick(&fenetre.ListView1(), touche, avec);
+        EXPECT_EQ(lancee.count(), 1) << nom.toStdString();
+    }
+}
+
+TEST_F(Form1Test, APlusThatIsTypedIsNoCommand)
+{
+    const Form1& fenetre = Ouvrir();
+    Commande(fenetre, u"mEntree"_s).setEnabled(true);
+    QSignalSpy lancee(&Commande(fenetre, u"mEntree"_s), &QAction::triggered);
+    QTest::keyClick(&fenetre.ListView1(), Qt::Key_Plus);
+    QTest::keyClick(&fenetre.ListView1(), Qt::Key_Plus, Qt::KeypadModifier | Qt::ControlModifier);
+    EXPECT_EQ(lancee.count(), 0);
+}
+
+TEST_F(Form1Test, AnyKeyReleasedRefreshesTheCounts)
+{
+    const Form1& fenetre = Ouvrir();
+    fenetre.findChild<QLabel*>(u"StatusBar1_1"_s)->setText(u"?"_s);
+    QTest::keyRelease(&fenetre.ListView1(), Qt::Key_F8);
+    EXPECT_EQ(Panneau(fenetre, 1), u"3 entrée(s)"_s);
+}
+
+TEST_F(Form1Test, TheRightButtonRefreshesTheCounts)
+{
+    const Form1& fenetre = Ouvrir();
+    CliquerEntree(fenetre, 1, Qt::RightButton);
+    EXPECT_EQ(Panneau(fenetre, 2), u"1 selectionnée(s)"_s);
+}
