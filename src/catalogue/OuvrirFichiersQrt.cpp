@@ -6,6 +6,7 @@
 #include "base/Options.h"
 #include "catalogue/Cadre.h"
 #include "catalogue/ChargerCatalogue.h"
+#include "catalogue/Commentaires.h"
 #include "catalogue/FichierRecent.h"
 #include "catalogue/Sauver.h"
 #include "extensions/modLang.h"
@@ -49,6 +50,21 @@ void OuvrirPlusieurs(Cadre& cadre, const QStringList& fichiers, int type)
     }
 }
 
+/// The file becomes the most recent one, in the window's own menu too.
+void NoterRecent(FenetreDocument& fenetre, const QString& chemin)
+{
+    AjouterRecent(chemin);
+    if (auto* menu = dynamic_cast<MenuRecents*>(&fenetre))
+        MajMenuRecents(*menu);
+}
+
+/// The comments greet who opens the category, where the user wants that and there are any.
+void MontrerCommentaires(FenetreDocument& fenetre)
+{
+    if (OptionEgale(LireOption(u"commentAtStartup"_s), 1) && Commentaires::AMontrer(fenetre.myqrt.TmpFolder))
+        fenetre.mModifierCommentaires_Click();
+}
+
 } // namespace
 
 bool OuvrirFichier(Cadre& cadre, const QString& chemin, int type, bool montrerMessages)
@@ -79,10 +95,12 @@ bool OuvrirFichier(Cadre& cadre, const QString& chemin, int type, bool montrerMe
         fenetre.Decharger();
         return false;
     }
-    AjouterRecent(chemin);
+    NoterRecent(fenetre, chemin);
     if (LireOption(u"AffImg"_s).toString() == u"0"_s)
         fenetre.mAfficherImages_Click();
-    // Nothing that happened so far is a change of the user's, a loan column added by the reader included.
+    MontrerCommentaires(fenetre);
+    // Nothing that happened so far is to be saved: a loan column added by the reader is not, and comments that were
+    // changed just now are not either. That is meant.
     doc.IlFautSauver = false;
     doc.Ouvrir->Montrer(false);
     return true;

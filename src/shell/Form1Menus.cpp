@@ -3,9 +3,12 @@
 
 #include "base/Const_Vrac.h"
 #include "catalogue/Cadre.h"
+#include "catalogue/Commentaires.h"
 #include "catalogue/OuvrirFichiersQrt.h"
 #include "catalogue/Sauver.h"
 #include "catalogue/TriDeTable.h"
+#include "extensions/FenetreDessous.h"
+#include "extensions/frmCommentaires.h"
 #include "shell/MesuresDeVue.h"
 #include "ui_Form1.h"
 
@@ -31,6 +34,7 @@ void Form1::BrancherMenus()
     for (int i = 0; i < NombreDeRecents; ++i)
         brancher(findChild<QAction*>(u"mRecent_%1"_s.arg(i)), [this, i] { OuvrirRecent(i); });
 
+    brancher(m_ui->mModifierCommentaires, [this] { mModifierCommentaires_Click(); });
     brancher(m_ui->mAfficherGrille, [this](bool visible) {
         m_table.SetGridLines(visible);
         RedrawAll();
@@ -71,7 +75,10 @@ void Form1::mModifierCategorie_Click()
 
 void Form1::mModifierCommentaires_Click()
 {
-    m_ui->mModifierCommentaires->trigger();
+    CommentairesDuDossier stock;
+    const QString chemin = myqrt.TmpFolder + Commentaires::NomDuFichier();
+    if (ModifierCommentaires(stock, chemin, myqrt.filename(), FenetreDessous()))
+        myqrt.IlFautSauver = true;
 }
 
 void Form1::mRechercher_Click()

@@ -36,6 +36,12 @@ protected:
     {
         return dossier.Ecrire(nom, FaireArchive({{"Zelvane.qrt", texte.Texte()}, {"abbey.jpg", "JFIF"}}));
     }
+    /// Another archive at each call, with these comments.
+    QString FichierCommente(const QByteArray& commentaires)
+    {
+        return dossier.Ecrire(u"commente%1.qrt"_s.arg(cadre.creees),
+                              FaireArchive({{"Zelvane.qrt", texte.Texte()}, {"Zelvane.txt", commentaires}}));
+    }
     FenetreDeTest& Derniere() { return *cadre.fenetres.back(); }
 
     DossierDeTest dossier;
@@ -254,6 +260,69 @@ TEST_F(OuvrirFichierTest, ALockedArchiveWithoutAPasswordDoesNotOpen)
     EXPECT_FALSE(Ouvrir(QStringLiteral(ZELVANE_EXEMPLES "/protege.qrt")));
     EXPECT_EQ(reponses.Cles(), QStringList({"msg52"}));
     EXPECT_TRUE(cadre.fenetres.empty());
+}
+
+// ---- comments
+
+TEST_F(OuvrirFichierTest, CommentsAreShownOnceTheWindowIsWhole)
+{
+    int entrees = 0;
+    QString premierRecent;
+    bool chargement = false;
+    cadre.auxCommentaires = [&](FenetreDeTest& fenetre) {
+        entrees = fenetre.myqrt.ItemsCount();
+        premierRecent = LireOption(u"FRecent1"_s).toString();
+        chargement = fenetre.fOuvrir.visible && !fenetre.images;
+    };
+    const QString chemin = FichierCommente("Mes disques");
+    ASSERT_TRUE(Ouvrir(chemin));
+    EXPECT_EQ(Derniere().commandes, QStringList({"mModifierCommentaires"}));
+    EXPECT_EQ(entrees, 2);
+    EXPECT_EQ(premierRecent, chemin);
+    EXPECT_TRUE(chargement) << "the panel goes last, the images panel before";
+    EXPECT_FALSE(Derniere().fOuvrir.visible);
+}
+
+TEST_F(OuvrirFichierTest, CommentsAreShownAlsoWithoutMessages)
+{
+    ASSERT_TRUE(Ouvrir(FichierCommente("Mes disques"), TypeQrt2, false));
+    EXPECT_EQ(Derniere().commandes.size(), 1);
+}
+
+TEST_F(OuvrirFichierTest, WithoutCommentsNoneAreShown)
+{
+    ASSERT_TRUE(Ouvrir(FichierArchive(u"a.qrt"_s)));
+    EXPECT_TRUE(Derniere().commandes.isEmpty());
+    ASSERT_TRUE(Ouvrir(FichierTexte(u"b.qrt"_s)));
+    EXPECT_TRUE(Derniere().commandes.isEmpty()) << "a bare text has none";
+}
+
+TEST_F(OuvrirFichierTest, OneEmptyLineIsNoComment)
+{
+    ASSERT_TRUE(Ouvrir(FichierCommente("\r\n")));
+    EXPECT_TRUE(Derniere().commandes.isEmpty());
+    ASSERT_TRUE(Ouvrir(FichierCommente("\r\n\r\n")));
+    EXPECT_EQ(Derniere().commandes.size(), 1) << "two are";
+}
+
+TEST_F(OuvrirFichierTest, TheSettingKeepsTheCommentsAway)
+{
+    for (const char* valeur : {"0", "2", "oui", ""}) {
+        EcrireOption(u"commentAtStartup"_s, QString::fromLatin1(valeur));
+        ASSERT_TRUE(Ouvrir(FichierCommente("Mes disques")));
+        EXPECT_TRUE(Derniere().commandes.isEmpty()) << valeur;
+    }
+    EcrireOption(u"commentAtStartup"_s, u"1,0"_s);
+    ASSERT_TRUE(Ouvrir(FichierCommente("Mes disques")));
+    EXPECT_EQ(Derniere().commandes.size(), 1) << "the number 1";
+}
+
+TEST_F(OuvrirFichierTest, CommentsChangedWhileOpeningAreNoUnsavedChange)
+{
+    cadre.auxCommentaires = [](FenetreDeTest& fenetre) { fenetre.myqrt.IlFautSauver = true; };
+    ASSERT_TRUE(Ouvrir(FichierCommente("Mes disques")));
+    EXPECT_EQ(Derniere().commandes.size(), 1);
+    EXPECT_FALSE(Derniere().myqrt.IlFautSauver);
 }
 
 TEST_F(OuvrirFichierTest, AWindowGetsATabUnderItsKey)

@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 
 struct PanneauDeTest : PanneauAttente
@@ -36,7 +37,7 @@ public:
     void RendreVisible(int ligne) override { ligneVisible = ligne; }
     void mAfficherImages_Click() override { images = !images; }
     void mModifierCategorie_Click() override { commandes << QStringLiteral("mModifierCategorie"); }
-    void mModifierCommentaires_Click() override { commandes << QStringLiteral("mModifierCommentaires"); }
+    void mModifierCommentaires_Click() override;
     void mRechercher_Click() override { commandes << QStringLiteral("mRechercher"); }
 
     int rafraichissements = 0; ///< refreshes without the layout
@@ -102,7 +103,15 @@ public:
     QList<Onglet> onglets;
     FenetreDocument* active = nullptr;
     int creees = 0;
+    std::function<void(FenetreDeTest&)> auxCommentaires; ///< what a user does when a window shows its comments
 };
+
+inline void FenetreDeTest::mModifierCommentaires_Click()
+{
+    commandes << QStringLiteral("mModifierCommentaires");
+    if (m_cadre.auxCommentaires)
+        m_cadre.auxCommentaires(*this);
+}
 
 inline void FenetreDeTest::Decharger()
 {
