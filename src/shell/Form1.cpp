@@ -10,6 +10,7 @@
 #include "shell/PoliceDeTable.h"
 #include "ui_Form1.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QHeaderView>
 #include <QLabel>
@@ -177,7 +178,8 @@ void Form1::Decharger()
 
 void Form1::closeEvent(QCloseEvent* event)
 {
-    if (!PeutFermer(myqrt)) {
+    // A dialog on show works on a document, and its caller goes on with the window.
+    if (QApplication::activeModalWidget() || !PeutFermer(myqrt)) {
         event->ignore();
         return;
     }

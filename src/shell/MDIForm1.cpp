@@ -13,6 +13,7 @@
 #include "shell/frmPopup.h"
 #include "ui_MDIForm1.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMdiSubWindow>
 #include <QMimeData>
@@ -363,7 +364,9 @@ void MDIForm1::closeEvent(QCloseEvent* event)
 {
     // All are asked before the first one goes: a single refusal leaves every window as it is.
     const auto fenetres = Documents();
-    if (!std::ranges::all_of(fenetres, [](auto* fenetre) { return PeutFermer(fenetre->myqrt); })) {
+    // A dialog on show works on one of them.
+    if (QApplication::activeModalWidget() ||
+        !std::ranges::all_of(fenetres, [](auto* fenetre) { return PeutFermer(fenetre->myqrt); })) {
         event->ignore();
         return;
     }

@@ -64,6 +64,18 @@ TEST_F(Form1CommentairesTest, AreKeptWhenChangedWhileTheFileOpensButAreNoUnsaved
     EXPECT_FALSE(fenetre.myqrt.IlFautSauver);
 }
 
+TEST_F(Form1CommentairesTest, TheWindowStaysWhileTheyAreRead)
+{
+    OuvrirEtLire("Mes disques", [this](QWidget& form) {
+        cadre.Documents().back()->Decharger();
+        cadre.close();
+        EXPECT_EQ(cadre.Documents().size(), 1);
+        EXPECT_TRUE(cadre.isVisible());
+        form.close();
+    });
+    EXPECT_EQ(cadre.Documents().size(), 1);
+}
+
 TEST_F(Form1CommentairesTest, TheCommandShowsThemUnderTheNameOfTheFile)
 {
     const Form1& fenetre = Ouvrir();
