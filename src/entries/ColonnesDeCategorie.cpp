@@ -1,0 +1,97 @@
+#include "entries/ColonnesDeCategorie.h"
+
+#include "base/AfficherMsg.h"
+#include "extensions/modLang.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool Refuser(const QString& cle, const QString& texte)
+{
+    AfficherMsg(LangMsg(cle, texte), MsgOk, QString());
+    return false;
+}
+
+} // namespace
+
+QString TitrePrete()
+{
+    return u"Prêté"_s;
+}
+
+void ColonnesDeCategorie::Choisir(int position)
+{
+    m_choisie = Existe(position) ? position : 0;
+}
+
+void ColonnesDeCategorie::Renommer(const QString& titre)
+{
+    if (m_choisie > 0 && !TitreFige())
+        m_titres[m_choisie - 1] = titre;
+}
+
+void ColonnesDeCategorie::Ajouter()
+{
+    const qsizetype vide = m_titres.lastIndexOf(QString());
+    if (vide < 0)
+        m_titres.append(QString());
+    m_choisie = static_cast<int>(vide < 0 ? m_titres.size() : vide + 1);
+}
+
+bool ColonnesDeCategorie::Supprimer()
+{
+    if (m_choisie == 0)
+        return false;
+    if (TitreFige())
+        return Refuser(u"msg56"_s, u"Vous ne pouvez pas supprimer cette colonne"_s);
+    if (AfficherMsg(LangMsg(u"msg57"_s, u"Etes-vous sure de vouloir supprimer cette colonne"_s), MsgOuiNon,
+                    QString()) != RepOui)
+        return false;
+    m_titres.removeAt(m_choisie - 1);
+    if (m_dependante == m_choisie)
+        m_dependante = 0;
+    else if (m_dependante > m_choisie)
+        --m_dependante;
+    // Nothing is in hand after the first one went.
+    --m_choisie;
+    return true;
+}
+
+void ColonnesDeCategorie::Monter()
+{
+    if (PeutMonter())
+        Echanger(m_choisie, m_choisie - 1);
+}
+
+void ColonnesDeCategorie::Descendre()
+{
+    if (PeutDescendre())
+        Echanger(m_choisie, m_choisie + 1);
+}
+
+void ColonnesDeCategorie::Echanger(int position, int voisine)
+{
+    m_titres.swapItemsAt(position - 1, voisine - 1);
+    m_choisie = voisine;
+    if (m_dependante > 0)
+        m_dependante = voisine;
+}
+
+void ColonnesDeCategorie::ChoisirDependante(int position)
+{
+    m_dependante = Existe(position) ? position : 0;
+}
+
+bool ColonnesDeCategorie::Verifier() const
+{
+    if (m_titres.contains(QString()))
+        return Refuser(u"msg53"_s,
+                       u"Une Colonne n'a pas de nom, donnez lui un nom ou supprimer là avant de poursuivre"_s);
+    if (m_titres.isEmpty())
+        return Refuser(u"msg54"_s, u"Il faut au moins une colone !"_s);
+    // No title is empty by now: a choice that was made has a name.
+    if (Dependant && m_dependante == 0)
+        return Refuser(u"msg55"_s, u"La colone dependante n'a pas de nom"_s);
+    return true;
+}
