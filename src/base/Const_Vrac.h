@@ -43,7 +43,8 @@ QString NomDeFichier(const QString& chemin);
 QString ExtensionDe(const QString& nom);
 
 /// Deletes the folder with all it holds, errors ignored; unless `sansRecreer`, creates it again, empty. Links are
-/// removed, never followed. With `sansRecreer` the folder is free to be drawn again. An empty path is no folder.
+/// removed, never followed. With `sansRecreer` the folder is free to be drawn again, and the rescue copy of a
+/// document's folder goes with it. An empty path is no folder.
 void SupprimerDossier(const QString& chemin, bool sansRecreer);
 
 /// Base of the documents' temporary folders.
@@ -53,8 +54,10 @@ extern QString TempFolder;
 void InitialiserTempFolder();
 /// Draws the folder of a document below TempFolder, "cat" and a number from 1 to 500, creates it and returns its path
 /// with a trailing separator. A folder that an open document of this run or of another process holds is drawn again,
-/// and so is a link. When no number is left, those from 501 up are tried in order.
+/// and so is a link, and what an earlier run left behind. When no number is left, those from 501 up are tried in order.
 QString CreerDossierTemp();
+/// The rescue copy that belongs to a document's folder: a file beside it, named like it and ".secours".
+QString FichierDeSecours(const QString& dossier);
 /// The folders drawn by this run and not deleted since, for a program that tidies up before it ends.
 QStringList DossiersTempTenus();
 

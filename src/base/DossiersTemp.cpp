@@ -45,12 +45,32 @@ void CreerDossierPrive(const QString& dossier)
     QDir().mkdir(chemin, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
 }
 
+/// What an earlier run left behind: its folder holds something, or a rescue copy lies beside it. It is offered at the
+/// next start and never mixes with a new document.
+bool EstLaisse(const QString& dossier)
+{
+    constexpr auto Tout = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+    return !QDir(dossier).isEmpty(Tout) || QFileInfo::exists(FichierDeSecours(dossier));
+}
+
+/// Creates the folder and takes hold of it; nothing when somebody else holds it.
+std::optional<VerrouDossier> CreerEtTenir(const QString& dossier)
+{
+    CreerDossierPrive(dossier);
+    std::optional<VerrouDossier> verrou = VerrouDossier::Prendre(dossier);
+    if (!verrou || QFileInfo::exists(dossier))
+        return verrou;
+    // Another start that tidies up took the empty folder away before it was held.
+    CreerDossierPrive(dossier);
+    return VerrouDossier::Prendre(dossier);
+}
+
 /// Takes folder `numero`, unless it is somebody's.
 std::optional<QString> Prendre(int numero)
 {
     const QString nom = QStringLiteral("cat") + QString::number(numero);
     // This looks at a name without a separator, beside the folder created below when TempFolder ends in none. It is
-    // meant: folders left over from an earlier run are used again, as they always were.
+    // meant, as names were always tested so; what would be lost is looked at once the folder is held.
     if (QFileInfo(TempFolder + nom).isDir())
         return std::nullopt;
 
@@ -58,9 +78,8 @@ std::optional<QString> Prendre(int numero)
     const QString cle = CleDossier(dossier);
     if (DossiersTenus().contains(cle) || QFileInfo(cle).isSymLink())
         return std::nullopt;
-    CreerDossierPrive(dossier);
-    std::optional<VerrouDossier> verrou = VerrouDossier::Prendre(cle);
-    if (!verrou)
+    std::optional<VerrouDossier> verrou = CreerEtTenir(cle);
+    if (!verrou || EstLaisse(cle))
         return std::nullopt;
     DossiersTenus().emplace(cle, std::move(*verrou));
     return dossier;
@@ -91,6 +110,11 @@ void InitialiserTempFolder()
         return;
     TempFolder = DossierProgramme() + QStringLiteral("temp");
     QDir().mkpath(TempFolder);
+}
+
+QString FichierDeSecours(const QString& dossier)
+{
+    return CleDossier(dossier) + QStringLiteral(".secours");
 }
 
 QString CreerDossierTemp()
@@ -127,6 +151,12 @@ void SupprimerDossier(const QString& chemin, bool sansRecreer)
     if (dossier.isEmpty())
         return;
 
+    // Before the folder: whoever comes between the two finds a document without unsaved changes, never the other way
+    // round.
+    const auto tenu = DossiersTenus().find(CleDossier(dossier));
+    if (sansRecreer && tenu != DossiersTenus().end())
+        QFile::remove(FichierDeSecours(dossier));
+
     const fs::path chemin8 = QFile::encodeName(dossier).toStdString();
     std::error_code erreur;
     const fs::file_status etat = fs::symlink_status(chemin8, erreur);
@@ -135,7 +165,6 @@ void SupprimerDossier(const QString& chemin, bool sansRecreer)
     else if (fs::is_directory(etat))
         Effacer(chemin8);
 
-    const auto tenu = DossiersTenus().find(CleDossier(dossier));
     if (sansRecreer) {
         if (tenu != DossiersTenus().end())
             DossiersTenus().erase(tenu);

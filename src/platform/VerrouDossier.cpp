@@ -8,11 +8,15 @@
 #include <unistd.h>
 #include <utility>
 
-VerrouDossier::VerrouDossier(VerrouDossier&& autre) noexcept : m_descripteur(std::exchange(autre.m_descripteur, -1)) {}
+VerrouDossier::VerrouDossier(VerrouDossier&& autre) noexcept
+    : m_descripteur(std::exchange(autre.m_descripteur, -1)), m_tient(std::exchange(autre.m_tient, false))
+{
+}
 
 VerrouDossier& VerrouDossier::operator=(VerrouDossier&& autre) noexcept
 {
     std::swap(m_descripteur, autre.m_descripteur);
+    std::swap(m_tient, autre.m_tient);
     return *this;
 }
 
@@ -21,7 +25,8 @@ std::optional<VerrouDossier> VerrouDossier::Prendre(const QString& dossier)
     VerrouDossier verrou;
     verrou.m_descripteur =
         open(QFile::encodeName(dossier).constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-    if (verrou.m_descripteur >= 0 && flock(verrou.m_descripteur, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
+    verrou.m_tient = verrou.m_descripteur >= 0 && flock(verrou.m_descripteur, LOCK_EX | LOCK_NB) == 0;
+    if (verrou.m_descripteur >= 0 && !verrou.m_tient && errno == EWOULDBLOCK)
         return std::nullopt;
     return verrou;
 }

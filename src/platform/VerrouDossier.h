@@ -18,7 +18,11 @@ public:
     /// exist, or its file system knows no locks) the result holds nothing.
     static std::optional<VerrouDossier> Prendre(const QString& dossier);
 
+    /// Whether the folder is really held: nobody else has it then.
+    bool Tient() const { return m_tient; }
+
 private:
     void Rendre();
     int m_descripteur = -1;
+    bool m_tient = false;
 };

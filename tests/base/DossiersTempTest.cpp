@@ -85,16 +85,29 @@ TEST_F(CreerDossierTempTest, TestsANameWithoutASeparator)
     EXPECT_EQ(CreerDossierTemp(), Temp("cat38/"));
 }
 
-TEST_F(CreerDossierTempTest, UsesAFolderAgainThatAnEarlierRunLeft)
+TEST_F(CreerDossierTempTest, UsesAnEmptyFolderAgainThatAnEarlierRunLeft)
 {
-    // ... and this one is not looked at.
-    m_dossier.Ecrire("temp/cat37/left.txt", "x");
+    // ... and this one is not.
+    QDir().mkpath(Temp("cat37"));
     Tirer({37});
 
     EXPECT_EQ(CreerDossierTemp(), Temp("cat37/"));
 
-    EXPECT_TRUE(m_dossier.Existe("temp/cat37/left.txt"));
     EXPECT_EQ(m_hasard.tires, 1);
+}
+
+TEST_F(CreerDossierTempTest, NeverMixesWithWhatAnEarlierRunLeft)
+{
+    m_dossier.Ecrire("temp/cat37/left.txt", "x");
+    m_dossier.Ecrire("temp/cat38/.hidden", "x");
+    m_dossier.Ecrire("temp/cat39.secours", "x");
+    Tirer({37, 38, 39, 40});
+
+    EXPECT_EQ(CreerDossierTemp(), Temp("cat40/"));
+
+    EXPECT_EQ(m_dossier.Lire("temp/cat37/left.txt"), "x");
+    EXPECT_EQ(m_dossier.Lire("temp/cat39.secours"), "x");
+    EXPECT_TRUE(VerrouDossier::Prendre(Temp("cat37"))) << "it is not held either";
 }
 
 TEST_F(CreerDossierTempTest, TestsTheFolderItselfWhenTempFolderEndsInASeparator)
@@ -260,6 +273,30 @@ TEST_F(SupprimerDossierTest, DeletesAFolderWithAllItHolds)
     SupprimerDossier(m_dossier.Fichier("a/"), true);
 
     EXPECT_FALSE(m_dossier.Existe("a"));
+}
+
+TEST_F(SupprimerDossierTest, TakesTheRescueCopyOfADocumentsFolderAlong)
+{
+    Tirer({37});
+    const QString dossier = CreerDossierTemp();
+    m_dossier.Ecrire("temp/cat37.secours", "x");
+    EXPECT_EQ(FichierDeSecours(dossier), Temp("cat37.secours"));
+
+    SupprimerDossier(dossier, false);
+    EXPECT_TRUE(m_dossier.Existe("temp/cat37.secours")) << "the document lives on";
+
+    SupprimerDossier(dossier, true);
+    EXPECT_FALSE(m_dossier.Existe("temp/cat37.secours"));
+}
+
+TEST_F(SupprimerDossierTest, LeavesTheFileBesideAnyOtherFolder)
+{
+    m_dossier.Ecrire("a/file.txt", "x");
+    m_dossier.Ecrire("a.secours", "mine");
+
+    SupprimerDossier(m_dossier.Fichier("a"), true);
+
+    EXPECT_EQ(m_dossier.Lire("a.secours"), "mine");
 }
 
 TEST_F(SupprimerDossierTest, CreatesItAgainEmpty)

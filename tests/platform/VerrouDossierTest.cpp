@@ -15,6 +15,7 @@ TEST(VerrouDossier, HoldsAFolderForAsLongAsItLives)
     {
         const std::optional<VerrouDossier> verrou = VerrouDossier::Prendre(dossier.Chemin());
         ASSERT_TRUE(verrou);
+        EXPECT_TRUE(verrou->Tient());
         EXPECT_FALSE(VerrouDossier::Prendre(dossier.Chemin()));
     }
     EXPECT_TRUE(VerrouDossier::Prendre(dossier.Chemin()));
@@ -27,7 +28,9 @@ TEST(VerrouDossier, HandsItsHoldOver)
     {
         std::optional<VerrouDossier> verrou = VerrouDossier::Prendre(dossier.Chemin());
         autre = std::move(*verrou);
+        EXPECT_FALSE(verrou->Tient());
     }
+    EXPECT_TRUE(autre.Tient());
     EXPECT_FALSE(VerrouDossier::Prendre(dossier.Chemin()));
     autre = VerrouDossier();
     EXPECT_TRUE(VerrouDossier::Prendre(dossier.Chemin()));
@@ -42,6 +45,7 @@ TEST(VerrouDossier, HoldsNothingWhereThereIsNoFolder)
 
     EXPECT_TRUE(premier);
     EXPECT_TRUE(second);
+    EXPECT_FALSE(premier->Tient());
 }
 
 TEST(VerrouDossier, LeavesNoTraceInTheFolder)
