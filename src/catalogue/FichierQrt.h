@@ -3,6 +3,7 @@
 
 #include "catalogue/QrtClass.h"
 
+#include <QByteArrayView>
 #include <QString>
 
 /// 0: not a catalogue file; 1: bare text file; 2: archive that holds "Zelvane.qrt". Shows "trap" and returns 0 when
@@ -16,6 +17,10 @@ QString ValeurLigne(const QString& ligne);
 /// told ("msg50") and leaves an empty table. Sets IndexColPrete and dependantcol, and IlFautSauver when it had to add
 /// the loan column.
 void ChargerFichier(QrtClass& doc);
+/// The same, without a message: false when the text is none, and what the table then holds means nothing.
+bool ChargerDossier(QrtClass& doc);
+/// The same, with a text in UTF-8 in place of the folder's.
+bool ChargerTexteExact(QrtClass& doc, QByteArrayView utf8);
 
 /// Writes the text into TmpFolder and rebuilds the archive at CheminReel from the whole folder. False, with nothing
 /// touched, when there are no columns; also when the text could not be written, before the old archive is deleted.

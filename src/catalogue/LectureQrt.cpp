@@ -312,6 +312,19 @@ private:
     qint64 m_copies = 0;
 };
 
+/// Nothing when the text is too large to address.
+std::optional<stockage::Source> SourceExacte(QByteArrayView utf8)
+{
+    if (utf8.size() > TailleAuPlus)
+        return std::nullopt;
+    stockage::Source source;
+    source.taille = static_cast<size_t>(utf8.size());
+    source.octets = std::make_unique_for_overwrite<char[]>(source.taille);
+    std::copy(utf8.begin(), utf8.end(), source.octets.get());
+    source.codage = Codage::Utf8;
+    return source;
+}
+
 /// The text of the folder's catalogue: exact where it is there and not stale, else the 8-bit text. Nothing when it is
 /// too large to address; a file that cannot be read is the empty text.
 std::optional<stockage::Source> LireSource(const QString& dossier)
@@ -327,13 +340,15 @@ std::optional<stockage::Source> LireSource(const QString& dossier)
 
     const QByteArrayView huitBits(source.octets.get(), static_cast<qsizetype>(source.taille));
     const TexteExact::Contenu contenu = TexteExact::Lire(dossier, huitBits, QByteArrayView());
-    if (contenu.catalogue && contenu.catalogue->size() <= TailleAuPlus) {
-        source.taille = static_cast<size_t>(contenu.catalogue->size());
-        source.octets = std::make_unique_for_overwrite<char[]>(source.taille);
-        std::memcpy(source.octets.get(), contenu.catalogue->constData(), source.taille);
-        source.codage = Codage::Utf8;
-    }
+    if (contenu.catalogue)
+        if (std::optional<stockage::Source> exacte = SourceExacte(*contenu.catalogue))
+            return exacte;
     return source;
+}
+
+bool Charger(QrtClass& doc, std::optional<stockage::Source> source)
+{
+    return source && Chargement(doc, std::move(*source)).Executer();
 }
 
 } // namespace
@@ -344,10 +359,19 @@ QString ValeurLigne(const QString& ligne)
     return egal < 0 ? ligne : ligne.mid(egal + 1);
 }
 
+bool ChargerDossier(QrtClass& doc)
+{
+    return Charger(doc, LireSource(doc.TmpFolder));
+}
+
+bool ChargerTexteExact(QrtClass& doc, QByteArrayView utf8)
+{
+    return Charger(doc, SourceExacte(utf8));
+}
+
 void ChargerFichier(QrtClass& doc)
 {
-    std::optional<stockage::Source> source = LireSource(doc.TmpFolder);
-    if (source && Chargement(doc, std::move(*source)).Executer())
+    if (ChargerDossier(doc))
         return;
     AfficherMsg(LangMsg(QStringLiteral("msg50"),
                         QStringLiteral("Erreur lors de l'ouverture : le fichier n'est pas un fichier qrt valide")),

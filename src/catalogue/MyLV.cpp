@@ -28,6 +28,7 @@ bool ColumnHeader::SetWidth(float largeur)
 void ColumnHeader::SetTag(const QString& marque)
 {
     m_marque = marque;
+    ++m_table->m_generation;
 }
 
 void ColumnHeader::SetIcon(const QString& icone)
@@ -190,6 +191,7 @@ ChangementsTable MyLV::PrendreChangements()
 void MyLV::Change(bool ChangementsTable::*quoi)
 {
     m_changements.*quoi = true;
+    m_generation += quoi != &ChangementsTable::selection;
     if (m_observateur && !m_averti) {
         m_averti = true;
         m_observateur->TableModifiee();

@@ -240,6 +240,8 @@ public:
     /// The observer (not owned, null for none) and what changed since the last call.
     void Observer(ObservateurTable* observateur);
     ChangementsTable PrendreChangements();
+    /// Grows with every change of what a catalogue file holds of the table; the selection is nothing of it.
+    uint64_t Generation() const { return m_generation; }
 
     /// The bulk door of the reader: takes the file's bytes and one slice an entry, keys "k1" to "kN", in that order;
     /// entries there were are gone. Then orders a sorted table.
@@ -304,6 +306,7 @@ private:
     ObservateurTable* m_observateur = nullptr;
     ChangementsTable m_changements;
     bool m_averti = false;
+    uint64_t m_generation = 0;
 };
 
 /// Brackets an operation that adds entries: those added while it lives go to their places in a sorted table when the

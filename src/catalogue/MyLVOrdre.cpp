@@ -25,6 +25,7 @@ void MyLV::OrdreChange()
 void MyLV::SetSorted(bool trie)
 {
     m_trie = trie;
+    ++m_generation;
     if (trie)
         Ordonner();
 }
@@ -34,6 +35,7 @@ bool MyLV::SetSortKey(int cle)
     if (cle < 0)
         return false;
     m_cleDeTri = cle;
+    ++m_generation;
     if (m_trie)
         Ordonner();
     return true;
@@ -44,6 +46,7 @@ bool MyLV::SetSortOrder(int sens)
     if (sens != 0 && sens != 1)
         return false;
     m_sensDeTri = sens;
+    ++m_generation;
     if (m_trie)
         Ordonner();
     return true;

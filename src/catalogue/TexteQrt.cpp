@@ -4,21 +4,19 @@
 #include "base/Nombres.h"
 #include "platform/PageDeCode.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstring>
+#include <vector>
 
 using stockage::Cellule;
 using stockage::Codage;
 
-namespace {
-
-constexpr size_t TailleTampon = size_t(1) << 18;
-
 /// Collects the text in one buffer, in the encoding asked for, and counts what the code page lacks.
-class Plume
+class PlumeQrt
 {
 public:
-    Plume(Puits& puits, Codage codage) : m_puits(puits), m_codage(codage), m_tampon(TailleTampon) {}
+    PlumeQrt(Puits& puits, Codage codage) : m_puits(puits), m_codage(codage), m_tampon(TailleTampon) {}
 
     /// Bytes that are the same in both encodings, or already in the plume's own.
     void Octets(const char* octets, size_t taille)
@@ -68,6 +66,8 @@ public:
     }
 
 private:
+    static constexpr size_t TailleTampon = size_t(1) << 18;
+
     static bool EstAscii(const Cellule& cellule)
     {
         return std::none_of(cellule.debut, cellule.debut + cellule.taille, [](char c) { return c & 0x80; });
@@ -93,7 +93,9 @@ private:
     bool m_bon = true;
 };
 
-void EcrireEntete(Plume& plume, const QrtClass& doc, const char* version)
+namespace {
+
+void EcrireEntete(PlumeQrt& plume, const QrtClass& doc, const char* version)
 {
     MyLV& table = *doc.MyLV;
     plume.Ascii("[FileInfo]\r\nType=QRT FILE\r\nVersion=");
@@ -124,7 +126,7 @@ void EcrireEntete(Plume& plume, const QrtClass& doc, const char* version)
     plume.Ascii("\r\n\r\n[ListItems]\r\nCount=");
 }
 
-void EcrireChamps(Plume& plume, const stockage::Vue& vue, int colonnes, EntreesEcrites entrees)
+void EcrireChamps(PlumeQrt& plume, const stockage::Vue& vue, int colonnes, EntreesEcrites entrees)
 {
     for (int i = 0; i < colonnes; ++i) {
         if (i > 0)
@@ -139,33 +141,54 @@ void EcrireChamps(Plume& plume, const stockage::Vue& vue, int colonnes, EntreesE
 
 } // namespace
 
-std::optional<qint64> EcrireTexteQrt(const QrtClass& doc, const char* version, EntreesEcrites entrees, Codage codage,
-                                     Puits& puits)
+RedacteurQrt::RedacteurQrt(const QrtClass& doc, const char* version, EntreesEcrites entrees, Codage codage,
+                           Puits& puits)
+    : m_doc(doc), m_entrees(entrees), m_plume(std::make_unique<PlumeQrt>(puits, codage))
 {
-    Plume plume(puits, codage);
-    const MyLV& table = *doc.MyLV;
-    const bool toutes = entrees == EntreesEcrites::Toutes;
-    EcrireEntete(plume, doc, version);
-    plume.Nombre(toutes ? doc.ItemsCount() : doc.SelItemsCount());
-    plume.FinDeLigne();
+    EcrireEntete(*m_plume, doc, version);
+    m_plume->Nombre(entrees == EntreesEcrites::Toutes ? doc.ItemsCount() : doc.SelItemsCount());
+    m_plume->FinDeLigne();
+}
+
+RedacteurQrt::~RedacteurQrt() = default;
+
+bool RedacteurQrt::Avancer(int entrees)
+{
+    PlumeQrt& plume = *m_plume;
+    const MyLV& table = *m_doc.MyLV;
+    const bool toutes = m_entrees == EntreesEcrites::Toutes;
+    const int derniere = static_cast<int>(std::min<qint64>(m_doc.ItemsCount(), qint64(m_suivante) + entrees - 1));
 
     // An entry that was not edited goes out as it came in.
-    const bool memeForme = toutes && table.CodageSource() == codage && table.ColonnesSource() == doc.ColCount();
-    int numero = 0;
-    for (int i = 1; i <= doc.ItemsCount() && plume.Bon(); ++i) {
-        if (!toutes && !table.EstSelectionnee(i))
+    const bool memeForme =
+        toutes && table.CodageSource() == plume.codage() && table.ColonnesSource() == m_doc.ColCount();
+    for (; m_suivante <= derniere && plume.Bon(); ++m_suivante) {
+        if (!toutes && !table.EstSelectionnee(m_suivante))
             continue;
         plume.Octets("It", 2);
-        plume.Nombre(++numero);
+        plume.Nombre(++m_numero);
         plume.Octets("=", 1);
-        const stockage::Vue vue = table.VueEntree(i);
+        const stockage::Vue vue = table.VueEntree(m_suivante);
         if (memeForme && vue.EstReguliere())
             plume.Octets(vue.Tranche().data(), static_cast<size_t>(vue.Tranche().size()));
         else
-            EcrireChamps(plume, vue, doc.ColCount(), entrees);
+            EcrireChamps(plume, vue, m_doc.ColCount(), m_entrees);
         plume.FinDeLigne();
     }
-    return plume.Finir();
+    return plume.Bon() && m_suivante <= m_doc.ItemsCount();
+}
+
+std::optional<qint64> RedacteurQrt::Finir()
+{
+    return m_plume->Finir();
+}
+
+std::optional<qint64> EcrireTexteQrt(const QrtClass& doc, const char* version, EntreesEcrites entrees, Codage codage,
+                                     Puits& puits)
+{
+    RedacteurQrt redacteur(doc, version, entrees, codage, puits);
+    redacteur.Avancer(doc.ItemsCount());
+    return redacteur.Finir();
 }
 
 bool TexteDepasseLaPage(const QrtClass& doc)

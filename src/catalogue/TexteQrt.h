@@ -6,6 +6,9 @@
 #include <QByteArrayView>
 #include <QString>
 
+#include <memory>
+#include <optional>
+
 /// Whose entries are written. A selection is numbered from 1 and has no image field.
 enum class EntreesEcrites { Toutes, Selection };
 
@@ -15,6 +18,32 @@ class Puits
 public:
     virtual ~Puits() = default;
     virtual bool Recevoir(const char* octets, size_t taille) = 0;
+};
+
+class PlumeQrt;
+
+/// Writes the text in steps, for whoever has to let events run in between. The document must not change meanwhile.
+class RedacteurQrt
+{
+public:
+    /// `version` is "2" or "1.4".
+    RedacteurQrt(const QrtClass& doc, const char* version, EntreesEcrites entrees, stockage::Codage codage,
+                 Puits& puits);
+    ~RedacteurQrt();
+    RedacteurQrt(const RedacteurQrt&) = delete;
+    RedacteurQrt& operator=(const RedacteurQrt&) = delete;
+
+    /// Goes on with so many entries. False when all are written or the sink refused.
+    bool Avancer(int entrees);
+    /// Ends the text; as EcrireTexteQrt.
+    std::optional<qint64> Finir();
+
+private:
+    const QrtClass& m_doc;
+    EntreesEcrites m_entrees;
+    std::unique_ptr<PlumeQrt> m_plume;
+    int m_suivante = 1;
+    int m_numero = 0;
 };
 
 /// Writes all lines of the text, in Windows-1252 or in UTF-8, lines ended by CR LF. `version` is "2" or "1.4". Returns

@@ -104,6 +104,32 @@ TEST_F(Ecriture, EntriesGoOutInDisplayOrderAndNumberedByIt)
     EXPECT_LT(Bare().indexOf("Miles"), Bare().indexOf("Abba"));
 }
 
+TEST_F(Ecriture, TheTextWrittenInStepsIsTheSame)
+{
+    struct Page : Puits
+    {
+        QByteArray texte;
+        bool Recevoir(const char* octets, size_t taille) override
+        {
+            texte.append(octets, static_cast<qsizetype>(taille));
+            return true;
+        }
+    } page;
+    TexteDeCatalogue texte = PetitCatalogue();
+    texte.entrees += {"Non|Nougaro||", "Oui|Oum||", "Zut|Piaf||"};
+    d.Charger(texte.Texte());
+    for (const int pas : {1, 2, 3, 5, 2000000000}) {
+        page.texte.clear();
+        RedacteurQrt redacteur(d.doc, "2", EntreesEcrites::Toutes, stockage::Codage::Cp1252, page);
+        int pasFaits = 1;
+        while (redacteur.Avancer(pas))
+            ++pasFaits;
+        EXPECT_EQ(redacteur.Finir(), 0) << pas;
+        EXPECT_EQ(pasFaits, pas >= 5 ? 1 : (5 + pas - 1) / pas) << pas;
+        EXPECT_EQ(page.texte, d.dossier.Lire("Zelvane.qrt")) << pas;
+    }
+}
+
 TEST_F(Ecriture, WithoutColumnsNothingIsTouched)
 {
     sortie.Ecrire("essai.qrt", "ancien");

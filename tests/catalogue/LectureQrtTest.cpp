@@ -105,6 +105,32 @@ TEST(ChargerFichier, AMissingOrEmptyFileIsNoCatalogue)
     EXPECT_EQ(messages.Cles(), QStringList({"msg50", "msg50"}));
 }
 
+TEST(ChargerTexteExact, ReadsATextOutsideTheFolderWithAllItsCharacters)
+{
+    DocumentDeTest d;
+    d.dossier.Ecrire("b.jpg", "x");
+    TexteDeCatalogue texte;
+    texte.entrees = {"TITRE||b.jpg"};
+    const QByteArray utf8 = PageDeCode::VersTexte(texte.Texte()).toUtf8().replace("TITRE", "Пётр и волк");
+
+    ASSERT_TRUE(ChargerTexteExact(d.doc, utf8));
+
+    EXPECT_EQ(d.table.ListItems(1).Text(), "Пётр и волк");
+    EXPECT_EQ(d.table.ListItems(1).SmallIcon(), "ico");
+    EXPECT_EQ(d.doc.IndexColPrete, 2);
+    EXPECT_FALSE(d.dossier.Existe("Zelvane.qrt"));
+}
+
+TEST(ChargerTexteExact, RefusesWhatIsNoCatalogueWithoutAMessage)
+{
+    const FileDeReponses messages;
+    DocumentDeTest d;
+    EXPECT_FALSE(ChargerTexteExact(d.doc, "autre chose"));
+    EXPECT_FALSE(ChargerTexteExact(d.doc, {}));
+    EXPECT_FALSE(ChargerDossier(d.doc)) << "nor does the empty folder hold one";
+    EXPECT_EQ(messages.Cles(), QStringList());
+}
+
 TEST(ChargerFichier, TheVersionLineNeverMatters)
 {
     FileDeReponses messages;

@@ -441,3 +441,46 @@ TEST(MyLVObserver, HearsOfEntriesAddedRemovedAndReordered)
     EXPECT_TRUE(table.PrendreChangements().lignes);
     table.Observer(nullptr);
 }
+
+TEST(MyLVGeneration, GrowsWithEveryChangeOfWhatAFileHolds)
+{
+    MyLV table;
+    MettreColonnes(table, {"A", "B"});
+    AjouterEntrees(table, {{"b", ""}, {"a", ""}});
+    ListItem entree = table.ListItems(1);
+    uint64_t avant = table.Generation();
+    const auto grandit = [&](const char* quoi) {
+        EXPECT_GT(table.Generation(), avant) << quoi;
+        avant = table.Generation();
+    };
+    EXPECT_GT(avant, 0u);
+    entree.SetText("c"), grandit("text");
+    entree.SetSubItems(1, "d"), grandit("cell");
+    entree.SetTag("image.png"), grandit("image");
+    table.ColumnHeaders(1).SetText("C"), grandit("title");
+    table.ColumnHeaders(1).SetWidth(500), grandit("width");
+    table.ColumnHeaders(1).SetTag("x|y"), grandit("pre-recorded texts");
+    table.ColumnHeaders.Add(), grandit("column added");
+    table.ColumnHeaders.Remove(3), grandit("column removed");
+    table.SetGridLines(true), grandit("grid");
+    table.SetSortKey(1), grandit("sort column");
+    table.SetSortOrder(1), grandit("sort order");
+    table.SetSorted(true), grandit("sorted");
+    AjouterEntrees(table, {{"e", ""}}), grandit("entry added");
+    table.ListItems.Remove(1), grandit("entry removed");
+    table.ListItems.Clear(), grandit("cleared");
+}
+
+TEST(MyLVGeneration, StaysWhenOnlyTheSelectionChanges)
+{
+    MyLV table;
+    MettreColonnes(table, {"A"});
+    AjouterEntrees(table, {{"b"}, {"a"}});
+    const uint64_t avant = table.Generation();
+
+    table.Selectionner(1, 2, true);
+    table.ListItems(1).SetSelected(false);
+    table.SetSelectedItem(table.ListItems(2));
+
+    EXPECT_EQ(table.Generation(), avant);
+}
