@@ -1,0 +1,74 @@
+#include "extensions/About.h"
+
+#include "base/Icones.h"
+#include "extensions/Aide.h"
+#include "extensions/LangForm.h"
+#include "extensions/modLang.h"
+#include "ui_About.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int CoteImage = 64;
+constexpr auto Tag = "Tag"; // the address behind a label
+
+QString Traducteur(const QString& cle, const QString& defaut)
+{
+    return DecoderTexte(LireProfil(cle, defaut, u"Traducteur"_s, FichierLangue));
+}
+
+QString Construction()
+{
+    return QStringLiteral(ZELVANE_VERSION).replace(u'.', u'-');
+}
+
+bool EstUnAppui(const QEvent& event)
+{
+    if (event.type() == QEvent::MouseButtonRelease)
+        return static_cast<const QMouseEvent&>(event).button() == Qt::LeftButton;
+    if (event.type() != QEvent::KeyPress)
+        return false;
+    const int touche = static_cast<const QKeyEvent&>(event).key();
+    return touche == Qt::Key_Return || touche == Qt::Key_Enter || touche == Qt::Key_Space;
+}
+
+} // namespace
+
+About::About(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::About>())
+{
+    m_ui->setupUi(this);
+    m_ui->Image1->setPixmap(Icone(u"zelvane"_s).pixmap(CoteImage));
+    m_ui->Command1->setIcon(Icone(u"annuler"_s));
+    connect(m_ui->Command1, &QPushButton::clicked, this, &QDialog::close);
+
+    const QString courrier = u"\n    Email : "_s;
+    Presenter(*m_ui->Label3_0,
+              u"Zelvane by Morvenal"_s + courrier + AdresseDuFabricant + u"\nBuild "_s + Construction(),
+              AdresseDuFabricant);
+    const QString email = Traducteur(u"Email"_s, AdresseDuFabricant);
+    Presenter(*m_ui->Label3_1, m_ui->Label3_1->text() + u' ' + Traducteur(u"Nom"_s, u"--"_s) + courrier + email, email);
+    m_ui->Command1->setFocus();
+    LangForm(*this);
+}
+
+About::~About() = default;
+
+void About::Presenter(QLabel& etiquette, const QString& texte, const QString& adresse)
+{
+    etiquette.setText(texte);
+    etiquette.setProperty(Tag, adresse);
+    etiquette.setCursor(Qt::PointingHandCursor);
+    etiquette.installEventFilter(this);
+}
+
+bool About::eventFilter(QObject* objet, QEvent* event)
+{
+    if (!EstUnAppui(*event))
+        return QDialog::eventFilter(objet, event);
+    EcrireA(objet->property(Tag).toString());
+    return true;
+}

@@ -1,0 +1,16 @@
+// Where a user finds help: the pages that come with the program, the project's home page, the makers' address.
+#pragma once
+
+#include <QString>
+
+/// The project's home page. Who distributes the program puts an own one here.
+inline const QString PageDAccueil = QStringLiteral("https://zelvane.example/");
+/// Where the makers read mail.
+inline const QString AdresseDuFabricant = QStringLiteral("morvenal@zelvane.example");
+
+/// Shows the help that lies in AideQrt below the program's folder. "msg98" when it is not there.
+void AfficherAide();
+/// Shows the home page in the browser.
+void AfficherPageDAccueil();
+/// Begins a mail to `adresse`.
+void EcrireA(const QString& adresse);
