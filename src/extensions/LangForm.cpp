@@ -87,8 +87,11 @@ void TraduireBoutons(const QToolBar& barre, const TextesDeForme& textes)
     const QList<QAction*> actions = barre.actions();
     for (QAction* action : actions) {
         ++bouton; // a separator is a button, too
-        if (const auto texte = textes.InfoBulleBouton(barre.objectName(), bouton, action->toolTip()))
+        if (const auto texte = textes.InfoBulleBouton(barre.objectName(), bouton, action->toolTip())) {
+            if (action->text() == action->toolTip())
+                action->setText(*texte);
             action->setToolTip(*texte);
+        }
     }
 }
 

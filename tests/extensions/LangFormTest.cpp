@@ -141,6 +141,17 @@ TEST_F(LangFormTest, ToolTipsOfButtonsCountFromOneAndSeparatorsCount)
     EXPECT_EQ(sansTexte->toolTip(), "") << "a button without a hint gets none";
 }
 
+TEST_F(LangFormTest, TheNameOfAButtonFollowsTheToolTipThatItRepeats)
+{
+    QToolBar& barre = Ajouter("Toolbar1", m_form.addToolBar("Barre"));
+    const QAction* repete = barre.addAction("Ouvrir");
+    QAction* autre = barre.addAction("Un nom à lui");
+    autre->setToolTip("Imprimer");
+    Traduire("Toolbar1_TT_1=Open\r\nToolbar1_TT_2=Print\r\n");
+    EXPECT_EQ(repete->text(), "Open");
+    EXPECT_EQ(autre->text(), "Un nom à lui");
+}
+
 TEST_F(LangFormTest, MembersOfAControlArrayHaveTheirIndexInTheName)
 {
     QMenu& menu = Ajouter("mOutils", m_form.menuBar()->addMenu("Outils"));
