@@ -200,7 +200,7 @@ void Form1::RedrawAll(bool miseEnPage)
     MontrerComptes();
     m_ui->mAfficherGrille->setChecked(m_table.GridLines());
     if (BarresDuCadre* barres = BarresAutour()) {
-        barres->MontrerEtats(m_ui->mAfficherGrille->isChecked(), m_ui->mAfficherImages->isChecked());
+        barres->MontrerEtats(*this, m_ui->mAfficherGrille->isChecked(), m_ui->mAfficherImages->isChecked());
         m_ui->mGrandesIcones->setEnabled(true);
         m_ui->mGrandesIcones->setChecked(barres->GrandesIcones());
     }

@@ -24,8 +24,11 @@ class BarresDuCadre
 {
 public:
     virtual ~BarresDuCadre() = default;
-    /// Shows the state of the buttons "grille" and "image".
-    virtual void MontrerEtats(bool grille, bool images) = 0;
+    /// Shows the states of a window in the buttons "grille" and "image"; only those of the active one count.
+    virtual void MontrerEtats(const FenetreDocument& fenetre, bool grille, bool images) = 0;
+    /// Pops up the menu of the table and of the picture at a point of the screen: MenuClickDroit with entries selected,
+    /// MenuClickDroit3 without. Its commands work on the active window.
+    virtual void MontrerMenuClickDroit(bool avecSelection, const QPoint& endroit) = 0;
     virtual bool GrandesIcones() const = 0;
     virtual void mGrandesIcones_Click() = 0;
 };

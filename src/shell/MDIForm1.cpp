@@ -5,11 +5,13 @@
 #include "base/Options.h"
 #include "catalogue/OuvrirFichiersQrt.h"
 #include "catalogue/Sauver.h"
+#include "extensions/Aide.h"
 #include "extensions/LangForm.h"
 #include "extensions/modLang.h"
 #include "shell/ArrangerFenetres.h"
-#include "shell/Form1.h"
+#include "shell/IconesDeMenu.h"
 #include "shell/PremierPlan.h"
+#include "shell/Toolbars.h"
 #include "shell/frmPopup.h"
 #include "ui_MDIForm1.h"
 
@@ -70,6 +72,8 @@ MDIForm1::MDIForm1(QWidget* parent) : QMainWindow(parent), m_ui(std::make_unique
     MontrerGrandesIcones(TexteVersBool(LireOption(u"GrandesIcones"_s).toString()));
     ChargerLangue(LireOption(u"QRTLangue"_s).toString());
     m_ui->mPlugin->menuAction()->setVisible(false);
+    DonnerIcones(*this);
+    RelierBarres();
     RelierMenus();
     RelierMenuFenetre();
     SuivreFenetreActive();
@@ -100,6 +104,7 @@ void MDIForm1::langChange()
     for (FenetreDocument* document : Documents())
         if (auto* fenetre = dynamic_cast<Form1*>(document))
             LangForm(*fenetre);
+    LangForm(*m_popup);
 }
 
 MDIForm1::~MDIForm1()
@@ -171,11 +176,14 @@ void MDIForm1::MettreTitreOnglet(const FenetreDocument& fenetre, const QString& 
     m_ui->TabStrip1->MettreTitre(fenetre.Tag, titre);
 }
 
-/// The strip, the menu bar and the list of recent files follow the window that became active.
+/// The strip, the tool bars, the menu bar and the list of recent files follow the window that became active.
 void MDIForm1::SuivreFenetreActive()
 {
-    const FenetreDocument* active = FenetreActive();
+    FenetreDocument* active = FenetreActive();
+    for (BarreOutils* barre : {m_ui->Toolbar1, m_ui->Toolbar2})
+        barre->SuivreDocument(active);
     if (active) {
+        active->RedrawAll();
         const bool actifs = std::exchange(OngletsActifs, false);
         m_ui->TabStrip1->Selectionner(active->Tag);
         OngletsActifs = actifs;
@@ -228,8 +236,38 @@ bool MDIForm1::eventFilter(QObject* objet, QEvent* event)
 
 // ---- Menus and tool bars
 
+void MDIForm1::RelierBarres()
+{
+    m_ui->Toolbar1->Remplir(BoutonsDeToolbar1());
+    m_ui->Toolbar2->Remplir(BoutonsDeToolbar2());
+    for (const BarreOutils* barre : {m_ui->Toolbar1, m_ui->Toolbar2})
+        connect(barre, &BarreOutils::BoutonPresse, this, [this](const QString& cle) { Commande(*this, cle); });
+}
+
+void MDIForm1::MontrerEtats(const FenetreDocument& fenetre, bool grille, bool images)
+{
+    if (&fenetre != FenetreActive())
+        return;
+    for (BarreOutils* barre : {m_ui->Toolbar1, m_ui->Toolbar2}) {
+        barre->MontrerEtat(u"grille"_s, EtatBouton(grille));
+        barre->MontrerEtat(u"image"_s, EtatBouton(images));
+    }
+}
+
+void MDIForm1::MontrerMenuClickDroit(bool avecSelection, const QPoint& endroit)
+{
+    m_popup->MontrerMenuClickDroit(avecSelection, endroit);
+}
+
 void MDIForm1::RelierMenus()
 {
+    const auto commander = [this](const QAction* item, const QString& cle) {
+        connect(item, &QAction::triggered, this, [this, cle] { Commande(*this, cle); });
+    };
+    commander(m_ui->mCategorie, u"addcat"_s);
+    commander(m_ui->mAPropos, u"aide"_s);
+    connect(m_ui->mAideDeZelvane, &QAction::triggered, this, &AfficherAide);
+    connect(m_ui->mZelvaneSurLeWeb, &QAction::triggered, this, &AfficherPageDAccueil);
     connect(m_ui->mOuvrir, &QAction::triggered, this, [this] {
         OuvrirDialogue(*this);
         MajMenuRecents(*this);
@@ -282,12 +320,10 @@ void MDIForm1::MontrerBarRecent(bool visible)
     m_ui->mBarRecent->setVisible(visible);
 }
 
-/// One bar is on show; as long as they have no buttons, their band is not.
 void MDIForm1::MontrerGrandesIcones(bool grandes)
 {
     m_ui->Toolbar1->setVisible(!grandes);
     m_ui->Toolbar2->setVisible(grandes);
-    m_ui->CoolBar1->setVisible(!m_ui->Toolbar1->actions().isEmpty());
     RedrawAll();
 }
 

@@ -3,6 +3,7 @@
 
 #include "catalogue/Cadre.h"
 #include "catalogue/FichierRecent.h"
+#include "shell/Form1.h"
 #include "shell/InstanceClass.h"
 
 #include <QMainWindow>
@@ -16,7 +17,7 @@ namespace Ui {
 class MDIForm1;
 }
 
-class MDIForm1 : public QMainWindow, public Cadre, public MenuRecents
+class MDIForm1 : public QMainWindow, public Cadre, public MenuRecents, public BarresDuCadre
 {
     Q_OBJECT
 
@@ -45,12 +46,14 @@ public:
     FenetreDocument* AmenerOngletRetenu();
 
     /// Whether the tool bar with large icons is the one on show.
-    bool GrandesIcones() const;
+    bool GrandesIcones() const override;
     /// Changes from one tool bar to the other, and remembers that.
-    void mGrandesIcones_Click();
+    void mGrandesIcones_Click() override;
+    void MontrerEtats(const FenetreDocument& fenetre, bool grille, bool images) override;
+    void MontrerMenuClickDroit(bool avecSelection, const QPoint& endroit) override;
     /// Brings the check of mGrandesIcones in step with the tool bars.
     void RedrawAll();
-    /// Applies the language to every open document.
+    /// Applies the language to every open document and to the pop-up menus.
     void langChange();
 
     void MinimiserTout();
@@ -67,6 +70,7 @@ protected:
 
 private:
     void RelierInstance();
+    void RelierBarres();
     void RelierMenus();
     void RelierMenuFenetre();
     void MontrerMenus(const FenetreDocument* active);

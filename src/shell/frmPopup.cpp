@@ -1,58 +1,109 @@
 #include "shell/frmPopup.h"
 
-#include "base/Const_Vrac.h"
-#include "catalogue/Sauver.h"
+#include "base/Fenetres.h"
+#include "entries/mClipBoard.h"
+#include "extensions/LangForm.h"
+#include "shell/IconesDeMenu.h"
 #include "shell/MDIForm1.h"
-
-#include <QMenu>
+#include "shell/Toolbars.h"
+#include "ui_frmPopup.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-void EnregistrerEtTitrer(MDIForm1& cadre, FenetreDocument& fenetre, bool sous)
+void Copier(FenetreDocument& fenetre)
 {
-    Enregistrer(fenetre.myqrt, sous, true);
-    cadre.MettreTitreOnglet(fenetre, NomDeFichier(fenetre.myqrt.CheminReel()));
-    if (auto* menus = dynamic_cast<MenuRecents*>(&fenetre))
-        MajMenuRecents(*menus);
-    MajMenuRecents(cadre);
+    CopierSelection(*fenetre.myqrt.MyLV, fenetre.myqrt.TmpFolder);
+}
+
+void Coller(FenetreDocument& fenetre)
+{
+    // Without a condition, and it is meant: a paste that brings nothing leaves nothing to save.
+    fenetre.myqrt.IlFautSauver = CollerEntrees(*fenetre.myqrt.MyLV, fenetre.myqrt.TmpFolder, 1);
+}
+
+/// The number of an item among its menu's, from 1; separators do not count.
+int NumeroDe(const QMenu& menu, const QAction* choisi)
+{
+    int numero = 0;
+    for (const QAction* item : menu.actions()) {
+        numero += item->isSeparator() ? 0 : 1;
+        if (item == choisi)
+            return numero;
+    }
+    return 0;
 }
 
 } // namespace
 
-frmPopup::frmPopup(MDIForm1& cadre) : QWidget(&cadre), m_cadre(cadre), m_menuMdiTab(new QMenu(this))
+frmPopup::frmPopup(MDIForm1& cadre)
+    : QMainWindow(&cadre), m_cadre(cadre), m_ui(std::make_unique<Ui::frmPopup>()),
+      m_precedent(InstallerPresentateur(this))
 {
-    setObjectName(u"frmPopup"_s);
-    hide();
-    m_menuMdiTab->setObjectName(u"mMenuMdiTab"_s);
+    m_ui->setupUi(this);
+    DonnerIcones(*this);
+    RelierCommandes();
+    RelierOnglets();
+    LangForm(*this);
+}
 
-    // Each command takes the remembered tab's window to the front first.
+frmPopup::~frmPopup()
+{
+    InstallerPresentateur(m_precedent);
+}
+
+/// The items that name their command in the form's file: see Toolbars for the commands.
+void frmPopup::RelierCommandes()
+{
+    for (QAction* item : findChildren<QAction*>(QString(), Qt::FindDirectChildrenOnly)) {
+        const QString cle = item->property("commande").toString();
+        if (cle.isEmpty())
+            continue;
+        item->setEnabled(CommandeDisponible(cle));
+        connect(item, &QAction::triggered, this, [this, cle] { Executer(cle); });
+    }
+}
+
+void frmPopup::Executer(const QString& cle)
+{
+    const bool copier = cle == u"copier";
+    if (!copier && cle != u"coller")
+        Commande(m_cadre, cle);
+    else if (FenetreDocument* active = m_cadre.FenetreActive())
+        (copier ? Copier : Coller)(*active);
+}
+
+/// Each command takes the remembered tab's window to the front first.
+void frmPopup::RelierOnglets()
+{
     const auto surOnglet = [this](QAction* item, auto commande) {
         connect(item, &QAction::triggered, this, [this, commande] {
             if (FenetreDocument* fenetre = m_cadre.AmenerOngletRetenu())
                 commande(*fenetre);
         });
     };
-    surOnglet(Ajouter(u"mRestaurer"_s, u"Restaurer"_s), [](FenetreDocument&) {});
-    surOnglet(Ajouter(u"mEnregistrer"_s, u"Enregistrer"_s),
-              [this](FenetreDocument& fenetre) { EnregistrerEtTitrer(m_cadre, fenetre, false); });
-    surOnglet(Ajouter(u"mEnregistrerSous"_s, u"Enregistrer Sous"_s),
+    surOnglet(m_ui->mRestaurer, [](FenetreDocument&) {});
+    surOnglet(m_ui->mEnregistrer, [this](FenetreDocument& fenetre) { EnregistrerEtTitrer(m_cadre, fenetre, false); });
+    surOnglet(m_ui->mEnregistrerSous,
               [this](FenetreDocument& fenetre) { EnregistrerEtTitrer(m_cadre, fenetre, true); });
-    surOnglet(Ajouter(u"mFemer"_s, u"Fermer"_s), [](FenetreDocument& fenetre) { fenetre.Decharger(); });
-    m_fermerTout = Ajouter(u"mFermerTout"_s, u"Fermer Tout"_s);
-    connect(m_fermerTout, &QAction::triggered, this, [] { ToutFermer(); });
+    surOnglet(m_ui->mFemer, [](FenetreDocument& fenetre) { fenetre.Decharger(); });
+    connect(m_ui->mFermerTout, &QAction::triggered, this, [] { ToutFermer(); });
+}
+
+void frmPopup::MontrerMenuClickDroit(bool avecSelection, const QPoint& endroit)
+{
+    (avecSelection ? m_ui->MenuClickDroit : m_ui->MenuClickDroit3)->popup(endroit);
 }
 
 void frmPopup::MontrerMenuMdiTab(const QPoint& endroit)
 {
-    m_fermerTout->setEnabled(m_cadre.Documents().size() > 1);
-    m_menuMdiTab->popup(endroit);
+    m_ui->mFermerTout->setEnabled(m_cadre.Documents().size() > 1);
+    m_ui->mMenuMdiTab->popup(endroit);
 }
 
-QAction* frmPopup::Ajouter(const QString& nom, const QString& caption)
+int frmPopup::Choisir(const QString& menu, const QPoint& endroit)
 {
-    QAction* item = m_menuMdiTab->addAction(caption);
-    item->setObjectName(nom);
-    return item;
+    auto* surgissant = findChild<QMenu*>(menu);
+    return surgissant ? NumeroDe(*surgissant, surgissant->exec(endroit)) : 0;
 }

@@ -1,27 +1,41 @@
-// The pop-up menus. Of them, the menu of the tabs is here so far.
+// The pop-up menus of the frame, of the document windows and of some dialogs.
 #pragma once
 
-#include <QWidget>
+#include "base/MenuSurgissant.h"
+
+#include <QMainWindow>
+
+#include <memory>
 
 class MDIForm1;
-class QAction;
-class QMenu;
 
-/// Never shown itself: it owns the menus.
-class frmPopup : public QWidget
+namespace Ui {
+class frmPopup;
+}
+
+/// Never shown itself: it owns the menus. What dialogs on lower floors choose from its menus they ask for by way of
+/// ChoisirDansMenu.
+class frmPopup : public QMainWindow, public PresentateurMenus
 {
     Q_OBJECT
 
 public:
     explicit frmPopup(MDIForm1& cadre);
+    ~frmPopup() override;
 
+    /// Pops up the menu of the table and the picture: MenuClickDroit with entries selected, MenuClickDroit3 without.
+    void MontrerMenuClickDroit(bool avecSelection, const QPoint& endroit);
     /// Pops up mMenuMdiTab. Its commands act on the tab on which a mouse button was last released.
     void MontrerMenuMdiTab(const QPoint& endroit);
 
+    int Choisir(const QString& menu, const QPoint& endroit) override;
+
 private:
-    QAction* Ajouter(const QString& nom, const QString& caption);
+    void RelierCommandes();
+    void RelierOnglets();
+    void Executer(const QString& cle);
 
     MDIForm1& m_cadre;
-    QMenu* m_menuMdiTab;
-    QAction* m_fermerTout;
+    std::unique_ptr<Ui::frmPopup> m_ui;
+    PresentateurMenus* m_precedent;
 };

@@ -135,11 +135,15 @@ protected:
             menu->close();
     }
     QMenu& MenuMdiTab() const { return *cadre->findChild<QMenu*>(u"mMenuMdiTab"_s); }
+    QAction* Item(const QString& nom) const
+    {
+        return cadre->findChild<QWidget*>(u"frmPopup"_s)->findChild<QAction*>(nom, Qt::FindDirectChildrenOnly);
+    }
     /// Releases the right button over a tab and chooses an item.
     void Choisir(int onglet, const QString& nom)
     {
         CliquerOnglet(onglet, Qt::RightButton);
-        QAction* item = MenuMdiTab().findChild<QAction*>(nom);
+        QAction* item = Item(nom);
         ASSERT_EQ(QApplication::activePopupWidget(), &MenuMdiTab());
         QTest::mouseClick(&MenuMdiTab(), Qt::LeftButton, {}, MenuMdiTab().actionGeometry(item).center());
         Laisser();
@@ -163,7 +167,7 @@ TEST_F(MenuMdiTabTest, TheRightButtonShowsTheMenuAlsoBesideTheTabs)
     const QPoint aCote(Onglets().tabRect(1).right() + 20, Onglets().height() / 2);
     QTest::mouseRelease(&Onglets(), Qt::RightButton, {}, aCote);
     ASSERT_TRUE(MenuMdiTab().isVisible());
-    MenuMdiTab().findChild<QAction*>(u"mFemer"_s)->trigger();
+    Item(u"mFemer"_s)->trigger();
     Laisser();
     EXPECT_EQ(Titres(), QStringList{u"b.qrt"_s}) << "it acts on the tab last stored";
 }
@@ -217,7 +221,7 @@ TEST_F(MenuMdiTabTest, ClosingAllNeedsTwoTabs)
     Montrer();
     Ouvrir(u"a.qrt"_s);
     CliquerOnglet(1, Qt::RightButton);
-    EXPECT_FALSE(MenuMdiTab().findChild<QAction*>(u"mFermerTout"_s)->isEnabled());
+    EXPECT_FALSE(Item(u"mFermerTout"_s)->isEnabled());
     MenuMdiTab().close();
     Ouvrir(u"b.qrt"_s);
     Choisir(1, u"mFermerTout"_s);

@@ -9,7 +9,8 @@ namespace {
 class CadreAvecBarres : public QMainWindow, public BarresDuCadre
 {
 public:
-    void MontrerEtats(bool grille, bool images) override { etats = {grille, images}; }
+    void MontrerEtats(const FenetreDocument&, bool grille, bool images) override { etats = {grille, images}; }
+    void MontrerMenuClickDroit(bool, const QPoint&) override {}
     bool GrandesIcones() const override { return grandes; }
     void mGrandesIcones_Click() override { grandes = !grandes; }
 

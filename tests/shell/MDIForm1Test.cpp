@@ -52,10 +52,10 @@ TEST_F(MDIForm1Test, ItemsWithoutACommandAreDisabled)
 {
     Montrer();
     for (const QString& nom :
-         {u"mCategorie"_s, u"mScriptDEdition"_s, u"mImporter"_s, u"mComparer2Cat"_s, u"mConfiguration"_s, u"mLangue"_s,
-          u"mAideDeZelvane"_s, u"mZelvaneSurLeWeb"_s, u"mAPropos"_s})
+         {u"mScriptDEdition"_s, u"mImporter"_s, u"mComparer2Cat"_s, u"mConfiguration"_s, u"mLangue"_s})
         EXPECT_FALSE(Menu(nom).isEnabled()) << nom.toStdString();
-    for (const QString& nom : {u"mOuvrir"_s, u"mQuitter"_s, u"mGrandesIcones"_s})
+    for (const QString& nom : {u"mCategorie"_s, u"mOuvrir"_s, u"mQuitter"_s, u"mGrandesIcones"_s, u"mAideDeZelvane"_s,
+                               u"mZelvaneSurLeWeb"_s, u"mAPropos"_s})
         EXPECT_TRUE(Menu(nom).isEnabled()) << nom.toStdString();
 }
 
@@ -196,13 +196,6 @@ TEST_F(MDIForm1Test, ARefreshTakesTheCheckFromTheBars)
     Menu(u"mGrandesIcones"_s).setChecked(true);
     cadre->RedrawAll();
     EXPECT_FALSE(Menu(u"mGrandesIcones"_s).isChecked());
-}
-
-TEST_F(MDIForm1Test, TheBandIsOnShowOnlyWhenThereAreButtons)
-{
-    Montrer();
-    const bool boutons = !cadre->findChild<QToolBar*>(u"Toolbar1"_s)->actions().isEmpty();
-    EXPECT_EQ(Barre(u"CoolBar1"_s).isVisible(), boutons);
 }
 
 // ---- Load and end
