@@ -25,10 +25,14 @@ public:
 
     /// Asks for a password. Empty: none was given. See ExtraireArchive for the text that goes with it.
     virtual QString DemanderMotDePasse(const QString& titre, const QString& invite) = 0;
+
+    /// Asks for a line of text; `defaut` stands there at first, and is the answer when the user gives none. Who cannot
+    /// ask answers with it.
+    virtual QString SaisirTexte(const QString& libelle, const QString& defaut);
 };
 
-/// Installs the presenter (not owned) and returns the one before. Without any, every message is answered RepAnnuler
-/// and every password is empty.
+/// Installs the presenter (not owned) and returns the one before. Without any, every message is answered RepAnnuler,
+/// every password is empty and every line of text is the one proposed.
 PresentateurMessages* InstallerPresentateur(PresentateurMessages* presentateur);
 
 /// Shows `message` modally and returns the button's number. `genre`: 0 one button (answer 1), 1 two buttons (1, 2),
@@ -37,3 +41,6 @@ int AfficherMsg(const Message& message, int genre, const QString& titre);
 
 /// Asks the presenter for a password; empty when the user gives none.
 QString DemanderMotDePasse(const QString& titre, const QString& invite);
+
+/// Asks the presenter for a line of text. What the user validated, the empty text too; `defaut` when he cancels.
+QString SaisirTexte(const QString& libelle, const QString& defaut);

@@ -1,6 +1,7 @@
 #include "extensions/MessagesEnFenetre.h"
 
 #include "extensions/FenetreDessous.h"
+#include "extensions/frmInputText.h"
 #include "extensions/frmMotDePasse.h"
 #include "extensions/frmMsg.h"
 
@@ -23,4 +24,11 @@ QString MessagesEnFenetre::DemanderMotDePasse(const QString& titre, const QStrin
     frmMotDePasse boite(titre, invite, FenetreDessous());
     boite.exec();
     return boite.MotDePasse();
+}
+
+QString MessagesEnFenetre::SaisirTexte(const QString& libelle, const QString& defaut)
+{
+    frmInputText boite(libelle, defaut, FenetreDessous());
+    boite.exec();
+    return boite.Valide ? boite.Texte() : defaut;
 }

@@ -13,6 +13,7 @@ public:
 
     int Afficher(const Message& message, int genre, const QString& titre) override;
     QString DemanderMotDePasse(const QString& titre, const QString& invite) override;
+    QString SaisirTexte(const QString& libelle, const QString& defaut) override;
 
 private:
     PresentateurMessages* m_precedent;

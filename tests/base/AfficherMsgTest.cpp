@@ -32,6 +32,7 @@ TEST(AfficherMsg, IsCancelledWithoutAPresenter)
 
     EXPECT_EQ(AfficherMsg(QStringLiteral("x"), MsgOuiNon, QString()), RepAnnuler);
     EXPECT_EQ(DemanderMotDePasse("t", "i"), "");
+    EXPECT_EQ(SaisirTexte("l", "d"), "d");
 
     InstallerPresentateur(avant);
 }
@@ -42,6 +43,33 @@ TEST(DemanderMotDePasse, AsksThePresenter)
     reponses.PreparerMotDePasse("zelvane");
 
     EXPECT_EQ(DemanderMotDePasse("t", "i"), "zelvane");
+}
+
+TEST(SaisirTexte, AsksThePresenter)
+{
+    FileDeReponses reponses;
+    reponses.PreparerTexte("Jazz");
+    reponses.PreparerTexte("");
+    reponses.PreparerTexte(std::nullopt);
+
+    EXPECT_EQ(SaisirTexte("Texte", "Rock"), "Jazz");
+    EXPECT_EQ(SaisirTexte("Texte", "Rock"), "");
+    EXPECT_EQ(SaisirTexte("Texte", "Rock"), "Rock") << "cancelled";
+    EXPECT_EQ(reponses.TextesDemandes(), (QList<std::pair<QString, QString>>(3, {"Texte", "Rock"})));
+}
+
+TEST(SaisirTexte, IsTheTextProposedWhereNobodyCanAsk)
+{
+    struct : PresentateurMessages
+    {
+        int Afficher(const Message&, int, const QString&) override { return RepOk; }
+        QString DemanderMotDePasse(const QString&, const QString&) override { return QString(); }
+    } muet;
+    PresentateurMessages* const avant = InstallerPresentateur(&muet);
+
+    EXPECT_EQ(SaisirTexte("Texte", "Rock"), "Rock");
+
+    InstallerPresentateur(avant);
 }
 
 TEST(Message, KeepsItsKeyWhenATextIsPutTogether)

@@ -9,6 +9,7 @@ FileDeReponses::~FileDeReponses()
     InstallerPresentateur(m_precedent);
     EXPECT_TRUE(m_reponses.isEmpty()) << m_reponses.size() << " prepared answers were never asked for";
     EXPECT_TRUE(m_motsDePasse.isEmpty()) << m_motsDePasse.size() << " prepared passwords were never asked for";
+    EXPECT_TRUE(m_textes.isEmpty()) << m_textes.size() << " prepared texts were never asked for";
 }
 
 QStringList FileDeReponses::Cles() const
@@ -39,4 +40,14 @@ QString FileDeReponses::DemanderMotDePasse(const QString&, const QString&)
         return QString();
     }
     return m_motsDePasse.takeFirst();
+}
+
+QString FileDeReponses::SaisirTexte(const QString& libelle, const QString& defaut)
+{
+    m_textesDemandes.append({libelle, defaut});
+    if (m_textes.isEmpty()) {
+        ADD_FAILURE() << "a text asked for that was not prepared: " << libelle.toStdString();
+        return defaut;
+    }
+    return m_textes.takeFirst().value_or(defaut);
 }
