@@ -42,6 +42,8 @@ class AnInstallation(unittest.TestCase):
     def test_what_the_program_s_folder_holds_for_everybody_is_there(self):
         self.assertEqual((self.prefix / "share/zelvane/astuces.txt").read_bytes(),
                          (SOURCES / "data/astuces.txt").read_bytes())
+        self.assertEqual((self.prefix / "share/zelvane/AideQrt/aideZelvane.html").read_bytes(),
+                         (SOURCES / "data/AideQrt/aideZelvane.html").read_bytes())
 
     def test_the_document_icon_has_all_sizes(self):
         sizes = subprocess.run(["identify", "-format", "%w %m\n", self.prefix / "share/zelvane/IcoFile.ico"], check=True,
