@@ -26,6 +26,17 @@ QString Construction()
     return QStringLiteral(ZELVANE_VERSION).replace(u'.', u'-');
 }
 
+/// Like a link, the label under the pointer or with the focus is underlined.
+void Souligner(QLabel& etiquette)
+{
+    QFont police = etiquette.font();
+    const bool souligne = etiquette.hasFocus() || etiquette.underMouse();
+    if (police.underline() == souligne)
+        return;
+    police.setUnderline(souligne);
+    etiquette.setFont(police);
+}
+
 bool EstUnAppui(const QEvent& event)
 {
     if (event.type() == QEvent::MouseButtonRelease)
@@ -67,8 +78,11 @@ void About::Presenter(QLabel& etiquette, const QString& texte, const QString& ad
 
 bool About::eventFilter(QObject* objet, QEvent* event)
 {
-    if (!EstUnAppui(*event))
-        return QDialog::eventFilter(objet, event);
-    EcrireA(objet->property(Tag).toString());
-    return true;
+    if (EstUnAppui(*event)) {
+        EcrireA(objet->property(Tag).toString());
+        return true;
+    }
+    if (auto* etiquette = qobject_cast<QLabel*>(objet))
+        Souligner(*etiquette);
+    return QDialog::eventFilter(objet, event);
 }

@@ -88,6 +88,20 @@ TEST_F(AboutTest, AClickOrEnterOnAPersonBeginsAMail)
     EXPECT_EQ(m_plateforme.programmes.adresses.size(), 3);
 }
 
+TEST_F(AboutTest, ThePersonThatHasTheFocusIsUnderlinedLikeALink)
+{
+    About form;
+    form.show();
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    EXPECT_FALSE(Etiquette(form, 0).font().underline());
+    QTest::keyClick(&form, Qt::Key_Tab);
+    EXPECT_TRUE(Etiquette(form, 0).font().underline());
+    QTest::keyClick(&form, Qt::Key_Tab);
+    EXPECT_FALSE(Etiquette(form, 0).font().underline());
+    EXPECT_TRUE(Etiquette(form, 1).font().underline());
+}
+
 TEST_F(AboutTest, WithoutAMailProgramTheAddressIsTold)
 {
     m_plateforme.programmes.reponse = false;
