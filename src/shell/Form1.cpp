@@ -4,12 +4,14 @@
 #include "base/Options.h"
 #include "catalogue/Sauver.h"
 #include "catalogue/TriDeTable.h"
+#include "extensions/LangForm.h"
 #include "extensions/modLang.h"
 #include "images/FichierImage.h"
 #include "shell/Infobulle.h"
 #include "shell/PoliceDeTable.h"
 #include "ui_Form1.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHeaderView>
@@ -53,8 +55,9 @@ Form1::Form1(QWidget* parent) : QMainWindow(parent), m_ui(std::make_unique<Ui::F
     myqrt.wait = m_ui->wait;
     myqrt.Ouvrir = m_ui->fOuvrir;
     BrancherTable();
-    BrancherMenus();
+    FaireMenus();
     setFocusProxy(m_ui->ListView1);
+    LangForm(*this);
     RedrawAll(true);
 }
 
@@ -93,10 +96,7 @@ void Form1::BrancherTable()
     connect(vue, &VueTable::EntreeCliquee, this, &Form1::MontrerComptes);
     connect(vue, &VueTable::EnteteCliquee, this, &Form1::EntetePressee);
     connect(vue, &VueTable::ToucheDeCommande, this, &Form1::ToucheDeCommande);
-    connect(vue, &VueTable::EntreeDoubleCliquee, this, [this] {
-        if (myqrt.SelItemsCount() == 1)
-            emit VoirEntree(m_table.PremiereSelection());
-    });
+    connect(vue, &VueTable::EntreeDoubleCliquee, this, &Form1::DoubleClicTable);
     connect(m_ui->Img, &PanneauImage::DoubleClic, this, &Form1::DoubleClicImage);
     connect(m_ui->Img, &PanneauImage::ClicDroit, this, [this] { RedrawAll(true); });
 
@@ -198,11 +198,11 @@ void Form1::SupprimerTmpFolder()
 void Form1::RedrawAll(bool miseEnPage)
 {
     MontrerComptes();
-    m_ui->mAfficherGrille->setChecked(m_table.GridLines());
+    AccorderMenus();
+    ItemNomme(u"mAfficherGrille"_s).setChecked(m_table.GridLines());
     if (BarresDuCadre* barres = BarresAutour()) {
-        barres->MontrerEtats(*this, m_ui->mAfficherGrille->isChecked(), m_ui->mAfficherImages->isChecked());
-        m_ui->mGrandesIcones->setEnabled(true);
-        m_ui->mGrandesIcones->setChecked(barres->GrandesIcones());
+        barres->MontrerEtats(*this, m_table.GridLines(), ImagesMontrees());
+        ItemNomme(u"mGrandesIcones"_s).setChecked(barres->GrandesIcones());
     }
     const bool reduite = parentWidget() && parentWidget()->isMinimized();
     if (miseEnPage && reduite)
@@ -222,10 +222,15 @@ void Form1::MontrerComptes()
     m_choisies->setText(LangMsg(u"msg95"_s, u"%1 selectionnée(s)"_s).Remplacer(u"%1"_s, compte(myqrt.SelItemsCount())));
 }
 
+bool Form1::ImagesMontrees() const
+{
+    return ItemNomme(u"mAfficherImages"_s).isChecked();
+}
+
 void Form1::MettreEnPage()
 {
     m_ui->Img->Vider();
-    m_ui->Img->setVisible(m_ui->mAfficherImages->isChecked());
+    m_ui->Img->setVisible(ImagesMontrees());
 }
 
 void Form1::AppliquerPolice()
@@ -245,7 +250,7 @@ void Form1::AppliquerPolice()
 void Form1::AfficheImageEnCours(int index)
 {
     const ListItem entree = m_table.ListItems(index);
-    const QString nom = entree && m_ui->mAfficherImages->isChecked() ? entree.Tag() : QString();
+    const QString nom = entree && ImagesMontrees() ? entree.Tag() : QString();
     MontrerImage(FichierImage(myqrt.TmpFolder, nom));
 }
 
@@ -273,29 +278,4 @@ void Form1::EntetePressee(int colonne)
 {
     if (TrierParColonne(myqrt, colonne))
         RedrawAll(true);
-}
-
-/// A command stands in the menus, and is disabled there as long as it cannot run.
-void Form1::ToucheDeCommande(VueTable::Touche touche)
-{
-    switch (touche) {
-    case VueTable::Touche::Editer:
-        m_ui->mModifierEnree->trigger();
-        break;
-    case VueTable::Touche::Voir:
-        emit VoirEntree(m_table.SelectedItem().Index());
-        break;
-    case VueTable::Touche::Supprimer:
-        m_ui->mSupprimerEntree->trigger();
-        break;
-    case VueTable::Touche::Ajouter:
-        m_ui->mEntree->trigger();
-        break;
-    }
-}
-
-void Form1::DoubleClicImage()
-{
-    if (myqrt.SelItemsCount() == 1)
-        m_ui->mModifierEnree->trigger();
 }

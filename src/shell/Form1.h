@@ -6,6 +6,7 @@
 #include "catalogue/FichierRecent.h"
 #include "shell/VueTable.h"
 
+#include <QList>
 #include <QMainWindow>
 
 #include <memory>
@@ -13,7 +14,9 @@
 class Cadre;
 class Infobulle;
 class PanneauImage;
+class QAction;
 class QLabel;
+class QMenu;
 
 namespace Ui {
 class Form1;
@@ -65,10 +68,6 @@ public:
 
     VueTable& ListView1() const;
 
-signals:
-    /// The user asks to see an entry (from 1) large.
-    void VoirEntree(int index);
-
 protected:
     /// Closes only when no save runs and the changes are saved or given up. The document's folder goes then, unless
     /// the document asks to keep it.
@@ -80,7 +79,6 @@ protected:
 private:
     void FaireLigneDEtat();
     void BrancherTable();
-    void BrancherMenus();
     void BrancherCadre();
 
     void EtatChange(Qt::WindowStates avant, Qt::WindowStates apres);
@@ -90,22 +88,54 @@ private:
 
     void MontrerComptes();
     void AccorderMenus();
+    bool ImagesMontrees() const;
     void MettreEnPage();
     void AppliquerPolice();
 
     void EntetePressee(int colonne);
     void ToucheDeCommande(VueTable::Touche touche);
+    void DoubleClicTable();
     void DoubleClicImage();
+
+    struct Item;
+    struct Menu;
+    struct Menus;
+    void FaireMenus();
+    void Decorer();
+    QMenu* FaireMenu(const Menu& menu);
+    QAction* FaireItem(const Item& item);
+    QAction& ItemNomme(const QString& nom) const;
+    QAction* ItemDuCadre(const QAction& item) const;
+    void MajRecents();
     void Sauvegarder(bool sous);
-    void OuvrirRecent(int index);
-    void Quitter();
-    void Actualiser();
+
+    void SansEffet();
+    void mCategorie_Click();
+    void mOuvrir_Click();
+    void mRecent_Click(int index);
+    void mEnregistrer_Click();
+    void mEnregistrerSous_Click();
+    void mEnregistrerTout_Click();
+    void mFermerTout_Click();
+    void mQuitter_Click();
+    void mEntree_Click();
+    void mModifierEnree_Click();
+    void mSupprimerEntree_Click();
+    void mVoir_Click();
+    void mFusionner2Categories_Click();
+    void GrilleBasculee();
+    void ImagesBasculees();
+    void GrandesIconesBasculees();
+    void mActualiser_Click();
+    void mRedimentionAutomatique_Click();
+    void mRedimAuto2_Click();
 
     Cadre* CadreAutour() const;
     BarresDuCadre* BarresAutour() const;
 
     MyLV m_table;
     std::unique_ptr<Ui::Form1> m_ui;
+    QList<QAction*> m_itemsDuCadre; ///< items that stand for the frame's of the same name
     QLabel* m_nombre = nullptr;
     QLabel* m_choisies = nullptr;
     QLabel* m_bulle = nullptr;

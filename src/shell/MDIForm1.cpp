@@ -11,6 +11,7 @@
 #include "shell/ArrangerFenetres.h"
 #include "shell/IconesDeMenu.h"
 #include "shell/PremierPlan.h"
+#include "shell/StyleDeMenus.h"
 #include "shell/Toolbars.h"
 #include "shell/frmPopup.h"
 #include "ui_MDIForm1.h"
@@ -66,6 +67,7 @@ MDIForm1::MDIForm1(QWidget* parent) : QMainWindow(parent), m_ui(std::make_unique
     m_ui->setupUi(this);
     m_menusDuCadre = m_ui->Menus->actions();
     setWindowIcon(Icone(u"zelvane"_s));
+    StyleDeMenus::Donner(*m_ui->Menus);
     ColorierFond();
     InstallerFenetres(this);
     InitialiserTempFolder();

@@ -122,9 +122,7 @@ TEST_F(ImagesTest, AnEntryThatIsNotThereClearsThePanel)
 TEST_F(ImagesTest, ADoubleClickOnThePictureEditsTheOneSelectedEntry)
 {
     const Form1& fenetre = Ouvrir();
-    QAction& editer = Commande(fenetre, u"mModifierEnree"_s);
-    editer.setEnabled(true);
-    QSignalSpy lancee(&editer, &QAction::triggered);
+    const QSignalSpy lancee(&Commande(fenetre, u"mModifierEnree"_s), &QAction::triggered);
     QTest::mouseDClick(&Img(fenetre), Qt::LeftButton);
     EXPECT_EQ(lancee.count(), 0) << "nothing is selected";
     CliquerEntree(fenetre, 1);

@@ -1,6 +1,12 @@
 // The menus of a document.
 #include "Form1EnFenetre.h"
 
+#include "extensions/modLang.h"
+#include "shell/BandeOnglets.h"
+
+#include <QMenu>
+#include <QSignalSpy>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -24,8 +30,8 @@ TEST_F(Form1Test, TheMenusOfADocumentTakeThePlaceOfTheFrames)
 {
     const QStringList duCadre = BarreDuCadre();
     Form1& fenetre = Ouvrir();
-    EXPECT_EQ(BarreDuCadre(), QStringList({"&Fichier", "&Edition", "&Affichage", "Ou&tils", u"&Prêt"_s, "&Options",
-                                           u"Fe&nêtre"_s, "A&ide"}));
+    EXPECT_EQ(BarreDuCadre(), QStringList({"&Fichier", "&Edition", "&Affichage", "Ou&tils", u"P&rêt"_s, "&Plugins",
+                                           "&Options", u"Fe&nêtre"_s, "A&ide"}));
     EXPECT_FALSE(fenetre.menuBar()->isVisible());
     fenetre.Decharger();
     Passer();
@@ -60,6 +66,9 @@ TEST_F(Form1Test, SavingUnderAnotherNameChangesTheCaption)
     Commande(fenetre, u"mEnregistrerSous"_s).trigger();
     EXPECT_TRUE(dossier.Existe(u"autre.qrt"_s));
     EXPECT_EQ(fenetre.Caption(), "autre.qrt");
+    EXPECT_EQ(cadre.findChild<BandeOnglets*>()->Titre(1), "autre.qrt");
+    const auto* recentDuCadre = cadre.findChild<QAction*>(u"mRecent_0"_s, Qt::FindDirectChildrenOnly);
+    EXPECT_EQ(recentDuCadre->data().toString(), dossier.Fichier(u"autre.qrt"_s));
     EXPECT_EQ(Commande(fenetre, u"mRecent_0"_s).data().toString(), dossier.Fichier(u"autre.qrt"_s));
 }
 
@@ -138,19 +147,203 @@ TEST_F(Form1Test, LargeIconsAreAStateOfTheFrame)
 TEST_F(Form1Test, ItemsWhoseCommandIsNotBuiltStandDisabled)
 {
     const Form1& fenetre = Ouvrir();
-    for (const QString& nom : {u"mOuvrir"_s, u"mImporter"_s, u"mExporter"_s, u"mImprimer"_s, u"mRemplacer"_s,
-                               u"mModifierEnree"_s, u"mEntree"_s, u"mSupprimerEntree"_s, u"mStatistiques"_s})
+    for (const QString& nom :
+         {u"mExporter"_s, u"mImprimer"_s, u"mCopier"_s, u"mColler"_s, u"mCopieParLot"_s, u"mRechercher"_s,
+          u"mModifierCategorie"_s, u"mTxtPreEnregistre"_s, u"mFusionner2Colonnes"_s, u"mSeparer1ColonneEn2"_s,
+          u"mDupliquerUneColonne"_s, u"mComparer2Categories"_s, u"mStatistiques"_s, u"mMarquerCommePrete"_s,
+          u"mMarquerCommerendu"_s, u"mOrganiserSesContacts"_s, u"mEnvoyerMailAvertissement"_s, u"mPlusPlugins"_s})
         EXPECT_FALSE(Commande(fenetre, nom).isEnabled()) << nom.toStdString();
 }
 
 TEST_F(Form1Test, AShortcutOfADisabledItemDoesNothing)
 {
     const Form1& fenetre = Ouvrir();
-    QTest::keyClick(&fenetre.ListView1(), Qt::Key_E, Qt::ControlModifier);
-    QTest::keyClick(&fenetre.ListView1(), Qt::Key_Delete);
-    QTest::keyClick(&fenetre.ListView1(), Qt::Key_Return);
-    EXPECT_EQ(fenetre.myqrt.ItemsCount(), 3);
+    const QSignalSpy lancee(&Commande(fenetre, u"mModifierCategorie"_s), &QAction::triggered);
+    QTest::keyClick(&fenetre.ListView1(), Qt::Key_M, Qt::ControlModifier);
+    EXPECT_EQ(lancee.count(), 0);
+}
+
+TEST_F(Form1Test, ItemsWithoutACommandStayAndDoNothing)
+{
+    const Form1& fenetre = Ouvrir();
+    for (const QString& nom : {u"mImporter"_s, u"mRemplacer"_s, u"mScriptDEdition"_s}) {
+        EXPECT_TRUE(Commande(fenetre, nom).isEnabled()) << nom.toStdString();
+        Commande(fenetre, nom).trigger();
+    }
+    EXPECT_EQ(cadre.Documents().size(), 1);
+    EXPECT_EQ(Titres(fenetre), QStringList({"Abbey Road", "Dummy", "Takk"}));
     EXPECT_FALSE(fenetre.myqrt.IlFautSauver);
+    EXPECT_TRUE(reponses.Affiches().isEmpty());
+}
+
+TEST_F(Form1Test, MergingTwoCategoriesIsNotDone)
+{
+    const Form1& fenetre = Ouvrir();
+    Commande(fenetre, u"mFusionner2Categories"_s).trigger();
+    EXPECT_EQ(reponses.Cles(), QStringList({"Pas fait"})) << "in no language but this one";
+}
+
+TEST_F(Form1Test, EditingAnEntryNeedsOneAndLookingAtItNeedsOneSelected)
+{
+    const Form1& vide = Ouvrir(u"vide.qrt"_s, {});
+    EXPECT_FALSE(Commande(vide, u"mModifierEnree"_s).isEnabled());
+    EXPECT_TRUE(Commande(vide, u"mEntree"_s).isEnabled());
+    const Form1& fenetre = Ouvrir();
+    const QAction& voir = Commande(fenetre, u"mVoir"_s);
+    EXPECT_TRUE(Commande(fenetre, u"mModifierEnree"_s).isEnabled());
+    EXPECT_FALSE(voir.isEnabled());
+    CliquerEntree(fenetre, 2);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(voir.isEnabled());
+    fenetre.ListView1().selectAll();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(voir.isEnabled());
+}
+
+TEST_F(Form1Test, OpeningFromTheMenuShowsTheDialogAndTheFileIsRecent)
+{
+    const Form1& fenetre = Ouvrir();
+    const QString autre = dossier.Ecrire(u"autre.qrt"_s, TexteDeCatalogue().Texte());
+    fichiers.Preparer({autre}, 2);
+    Commande(fenetre, u"mOuvrir"_s).trigger();
+    EXPECT_EQ(cadre.Documents().size(), 2);
+    EXPECT_EQ(Commande(fenetre, u"mRecent_0"_s).data().toString(), autre);
+}
+
+TEST_F(Form1Test, ANewlyOpenedDocumentListsItsFileAtOnce)
+{
+    const Form1& fenetre = Ouvrir();
+    EXPECT_EQ(Commande(fenetre, u"mRecent_0"_s).data().toString(), dossier.Fichier(u"disques.qrt"_s));
+}
+
+TEST_F(Form1Test, SaveAllWritesEveryDocument)
+{
+    Form1& premiere = Ouvrir(u"a.qrt"_s);
+    Form1& seconde = Ouvrir(u"b.qrt"_s);
+    premiere.myqrt.MyLV->ListItems(1).SetText(u"Premier"_s);
+    seconde.myqrt.MyLV->ListItems(1).SetText(u"Second"_s);
+    EXPECT_TRUE(Commande(seconde, u"mEnregistrerTout"_s).isEnabled());
+    Commande(seconde, u"mEnregistrerTout"_s).trigger();
+    EXPECT_TRUE(dossier.Lire(u"a.qrt"_s).contains("Premier"));
+    EXPECT_TRUE(dossier.Lire(u"b.qrt"_s).contains("Second"));
+    EXPECT_EQ(Commande(seconde, u"mRecent_0"_s).data().toString(), dossier.Fichier(u"b.qrt"_s));
+}
+
+TEST_F(Form1Test, WithOneDocumentLeftSaveAllAndCloseAllAreDisabledAgain)
+{
+    const Form1& premiere = Ouvrir(u"a.qrt"_s);
+    Form1& seconde = Ouvrir(u"b.qrt"_s);
+    cadre.AmenerDevant(*cadre.Documents()[0]);
+    EXPECT_TRUE(Commande(premiere, u"mFermerTout"_s).isEnabled());
+    seconde.Decharger();
+    Passer();
+    QCoreApplication::processEvents();
+    for (const QString& nom : {u"mFermerTout"_s, u"mEnregistrerTout"_s}) {
+        emit premiere.findChild<QMenu*>(u"mFichier"_s)->aboutToShow();
+        EXPECT_FALSE(Commande(premiere, nom).isEnabled()) << nom.toStdString();
+    }
+}
+
+// ---- commands of the frame
+
+TEST_F(Form1Test, CommandsOfTheFrameAreReachedFromTheMenusOfADocument)
+{
+    const Form1& fenetre = Ouvrir();
+    int duCadre = 0;
+    for (const QString& nom : {u"mConfiguration"_s, u"mLangue"_s, u"mEnCascade"_s, u"mMosaiqueHorizontale"_s,
+                               u"mMosaiqueVerticale"_s, u"mArrangeIcones"_s, u"mMinimiserTout"_s, u"mRestaurerTout"_s,
+                               u"mAideDeZelvane"_s, u"mZelvaneSurLeWeb"_s, u"mAPropos"_s}) {
+        auto* modele = cadre.findChild<QAction*>(nom, Qt::FindDirectChildrenOnly);
+        ASSERT_TRUE(modele) << nom.toStdString();
+        modele->disconnect();
+        const QSignalSpy lancee(modele, &QAction::triggered);
+        QAction& item = Commande(fenetre, nom);
+        for (const bool possible : {false, true}) {
+            modele->setEnabled(possible);
+            emit qobject_cast<QMenu*>(item.associatedObjects().constFirst())->aboutToShow();
+            EXPECT_EQ(item.isEnabled(), possible) << nom.toStdString();
+        }
+        item.trigger();
+        duCadre += lancee.count();
+        EXPECT_EQ(item.text(), modele->text());
+    }
+    EXPECT_EQ(duCadre, 11);
+}
+
+TEST_F(Form1Test, WindowsAreArrangedFromTheMenusOfADocument)
+{
+    Ouvrir(u"a.qrt"_s);
+    const Form1& fenetre = Ouvrir(u"b.qrt"_s);
+    Commande(fenetre, u"mMinimiserTout"_s).trigger();
+    for (const FenetreDocument* document : cadre.Documents())
+        EXPECT_TRUE(dynamic_cast<const Form1&>(*document).parentWidget()->isMinimized());
+    Commande(fenetre, u"mRestaurerTout"_s).trigger();
+    for (const FenetreDocument* document : cadre.Documents())
+        EXPECT_FALSE(dynamic_cast<const Form1&>(*document).parentWidget()->isMinimized());
+}
+
+// ---- looks
+
+TEST_F(Form1Test, NoTwoItemsOfAMenuShareALetterAndNoTwoCommandsAKey)
+{
+    const Form1& fenetre = Ouvrir();
+    QStringList touches;
+    for (const QMenu* menu : fenetre.findChildren<QMenu*>()) {
+        QString lettres;
+        for (const QAction* item : menu->actions()) {
+            const QString texte = item->text();
+            const auto marque = texte.indexOf(u'&');
+            if (marque < 0 || !item->isVisible() || item->objectName().startsWith(u"mRecent"_s))
+                continue;
+            const QChar lettre = texte.at(marque + 1).toLower();
+            EXPECT_FALSE(lettres.contains(lettre)) << menu->objectName().toStdString() << ": " << texte.toStdString();
+            lettres.append(lettre);
+            if (!item->shortcut().isEmpty())
+                touches.append(item->shortcut().toString());
+        }
+    }
+    EXPECT_EQ(touches.removeDuplicates(), 0) << touches.join(u' ').toStdString();
+    EXPECT_TRUE(touches.contains(u"Ctrl+E"_s));
+    EXPECT_TRUE(touches.contains(u"Ctrl+M"_s));
+}
+
+TEST_F(Form1Test, ItemsShowTheKeysThatTheTableActsOn)
+{
+    const Form1& fenetre = Ouvrir();
+    EXPECT_EQ(Commande(fenetre, u"mModifierEnree"_s).shortcut(), QKeySequence(Qt::Key_Enter));
+    EXPECT_EQ(Commande(fenetre, u"mSupprimerEntree"_s).shortcut(), QKeySequence(Qt::Key_Delete));
+    const QSignalSpy lancee(&Commande(fenetre, u"mSupprimerEntree"_s), &QAction::triggered);
+    QTest::keyClick(fenetre.parentWidget(), Qt::Key_Delete);
+    EXPECT_EQ(lancee.count(), 0) << "the key belongs to the table alone";
+}
+
+TEST_F(Form1Test, ThreeMenusHaveAPictureInTheBarBesideTheirCaption)
+{
+    const int sansDocument = cadre.menuBar()->actionGeometry(cadre.menuBar()->actions().constFirst()).height();
+    const Form1& fenetre = Ouvrir();
+    const QList<QAction*> menus = cadre.menuBar()->actions();
+    for (int place = 1; place <= menus.size(); ++place) {
+        QAction& menu = *menus.at(place - 1);
+        EXPECT_EQ(!menu.icon().isNull(), place == 2 || place == 3 || place == 5) << place;
+        if (menu.icon().isNull())
+            continue;
+        const QRect avec = cadre.menuBar()->actionGeometry(&menu);
+        EXPECT_GT(avec.width(), cadre.menuBar()->fontMetrics().size(Qt::TextShowMnemonic, menu.text()).width() + 12);
+        EXPECT_EQ(avec.height(), sansDocument);
+    }
+    EXPECT_FALSE(fenetre.findChild<QMenu*>(u"mPlugin"_s)->menuAction()->isVisible()) << "there are no plug-ins";
+}
+
+TEST_F(Form1Test, TheWindowSpeaksTheLanguageInForce)
+{
+    dossier.Ecrire(u"en.ini"_s, "[Form1]\r\nmFichier_C=&File\r\nmEntree_C=&Add an entry\r\n"
+                                "lblOuvrir_C=Loading...\r\n");
+    FichierLangue = dossier.Fichier(u"en.ini"_s);
+    const Form1& fenetre = Ouvrir();
+    EXPECT_EQ(fenetre.findChild<QMenu*>(u"mFichier"_s)->title(), "&File");
+    EXPECT_EQ(Commande(fenetre, u"mEntree"_s).text(), "&Add an entry");
+    EXPECT_EQ(fenetre.findChild<QLabel*>(u"lblOuvrir"_s)->text(), "Loading...");
+    EXPECT_EQ(fenetre.Caption(), "disques.qrt");
 }
 
 TEST_F(Form1Test, ColumnsAreFittedToTheirCellsAndTitles)

@@ -51,37 +51,18 @@ TEST_F(Form1Test, AClickOnAnEntryCountsIt)
 TEST_F(Form1Test, ADoubleClickAsksToSeeTheOneSelectedEntry)
 {
     const Form1& fenetre = Ouvrir();
-    QSignalSpy voir(&fenetre, &Form1::VoirEntree);
+    const QSignalSpy voir(&Commande(fenetre, u"mVoir"_s), &QAction::triggered);
     CliquerEntree(fenetre, 2);
     QTest::mouseDClick(fenetre.ListView1().viewport(), Qt::LeftButton, Qt::NoModifier, Milieu(fenetre, 2));
-    ASSERT_EQ(voir.count(), 1);
-    EXPECT_EQ(voir[0][0].toInt(), 2);
+    EXPECT_EQ(voir.count(), 1);
 }
 
 TEST_F(Form1Test, ADoubleClickAmongSeveralSelectedEntriesShowsNone)
 {
     const Form1& fenetre = Ouvrir();
-    QSignalSpy voir(&fenetre, &Form1::VoirEntree);
+    const QSignalSpy voir(&Commande(fenetre, u"mVoir"_s), &QAction::triggered);
     fenetre.ListView1().selectAll();
     QTest::mouseDClick(fenetre.ListView1().viewport(), Qt::LeftButton, Qt::ControlModifier, Milieu(fenetre, 2));
-    EXPECT_EQ(voir.count(), 0);
-}
-
-TEST_F(Form1Test, ShiftAndEnterAskToSeeTheEntryWithTheFocus)
-{
-    const Form1& fenetre = Ouvrir();
-    QSignalSpy voir(&fenetre, &Form1::VoirEntree);
-    CliquerEntree(fenetre, 3);
-    QTest::keyClick(&fenetre.ListView1(), Qt::Key_Return, Qt::ShiftModifier);
-    ASSERT_EQ(voir.count(), 1);
-    EXPECT_EQ(voir[0][0].toInt(), 3);
-}
-
-TEST_F(Form1Test, ShiftAndEnterInAnEmptyTableAskForNothing)
-{
-    const Form1& fenetre = Ouvrir(u"vide.qrt"_s, {});
-    QSignalSpy voir(&fenetre, &Form1::VoirEntree);
-    QTest::keyClick(&fenetre.ListView1(), Qt::Key_Return, Qt::ShiftModifier);
     EXPECT_EQ(voir.count(), 0);
 }
 
@@ -96,8 +77,7 @@ TEST_F(Form1Test, KeysOfCommandsReachTheirMenuItems)
     };
     for (const auto& [touche, avec, nom] : touches) {
         QAction& commande = Commande(fenetre, nom);
-        QSignalSpy lancee(&commande, &QAction::triggered);
-        commande.setEnabled(true);
+        const QSignalSpy lancee(&commande, &QAction::triggered);
         QTest::keyClick(&fenetre.ListView1(), touche, avec);
         EXPECT_EQ(lancee.count(), 1) << nom.toStdString();
     }
@@ -106,8 +86,7 @@ TEST_F(Form1Test, KeysOfCommandsReachTheirMenuItems)
 TEST_F(Form1Test, APlusThatIsTypedIsNoCommand)
 {
     const Form1& fenetre = Ouvrir();
-    Commande(fenetre, u"mEntree"_s).setEnabled(true);
-    QSignalSpy lancee(&Commande(fenetre, u"mEntree"_s), &QAction::triggered);
+    const QSignalSpy lancee(&Commande(fenetre, u"mEntree"_s), &QAction::triggered);
     QTest::keyClick(&fenetre.ListView1(), Qt::Key_Plus);
     QTest::keyClick(&fenetre.ListView1(), Qt::Key_Plus, Qt::KeypadModifier | Qt::ControlModifier);
     EXPECT_EQ(lancee.count(), 0);
