@@ -3,6 +3,7 @@
 
 #include "base/Fenetres.h"
 #include "catalogue/QrtClass.h"
+#include "catalogue/SecoursDuDocument.h"
 
 #include <QString>
 
@@ -13,6 +14,7 @@ class FenetreDocument : public FenetreOuverte
 public:
     QrtClass myqrt;
     QString Tag; ///< key of the window, drawn when it is loaded: see NouveauTag
+    SecoursDuDocument Secours;
 
     virtual QString Caption() const = 0;
     virtual void SetCaption(const QString& titre) = 0;

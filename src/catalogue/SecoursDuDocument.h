@@ -1,0 +1,62 @@
+// When the rescue copy of one document is written: after changes, while the user pauses, and not too often.
+#pragma once
+
+#include "catalogue/CopieDeSecours.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+class QrtClass;
+
+/// Milliseconds of a clock that only goes forward.
+struct MomentDeSecours
+{
+    qint64 maintenant = 0;
+    qint64 derniereTouche = 0; ///< when the user last touched a key or the mouse
+};
+
+class SecoursDuDocument
+{
+public:
+    static constexpr qint64 Pause = 2000;       ///< without touches and without changes
+    static constexpr qint64 Intervalle = 30000; ///< between two copies, and between two tries on a full disk
+
+    /// Does what there is to do, a few milliseconds long: a copy of unsaved changes, or, once they are saved, no more
+    /// than whose folder it is. `nom`: the window's caption. True when it has more to do at once.
+    bool Avancer(const QrtClass& doc, const QString& nom, const MomentDeSecours& moment);
+
+    /// Writes the copy of unsaved changes whole, whenever the last one was. False when that fails.
+    bool EcrireMaintenant(const QrtClass& doc, const QString& nom);
+
+    /// The user has given the changes up as the session ends; should it go on after all, they are changes again.
+    bool Abandonne = false;
+
+private:
+    /// What a copy was made of; a document that shows another one has changed.
+    struct Etat
+    {
+        uint64_t generation = 0;
+        int dependante = 0;
+        QString chemin;
+        QString type;
+        QString nom;
+        bool operator==(const Etat&) const = default;
+    };
+    static Etat EtatDe(const QrtClass& doc, const QString& nom);
+
+    void Oublier();
+    void TenirIdentite(const QrtClass& doc, const QString& nom);
+    bool Continuer(const QrtClass& doc, const QString& nom, qint64 maintenant);
+    void Finir(EcritureDeSecours::Etat issue);
+
+    Etat m_vu;
+    qint64 m_vuDepuis = 0;
+    std::optional<Etat> m_copie;    ///< what the copy on the disk holds
+    std::optional<Etat> m_identite; ///< the same, for one without a text
+    std::optional<qint64> m_derniere;
+    std::unique_ptr<EcritureDeSecours> m_ecriture;
+    bool m_perimee = false; ///< what is being written is of no use any more
+};
