@@ -67,6 +67,17 @@ void MontrerCommentaires(FenetreDocument& fenetre)
 
 } // namespace
 
+void MontrerDocument(FenetreDocument& fenetre)
+{
+    if (LireOption(u"AffImg"_s).toString() == u"0"_s)
+        fenetre.mAfficherImages_Click();
+    MontrerCommentaires(fenetre);
+    // Nothing that happened so far is to be saved: a loan column added by the reader is not, and comments that were
+    // changed just now are not either. That is meant.
+    fenetre.myqrt.IlFautSauver = false;
+    fenetre.myqrt.Ouvrir->Montrer(false);
+}
+
 bool OuvrirFichier(Cadre& cadre, const QString& chemin, int type, bool montrerMessages)
 {
     if (FenetreDocument* dejaLa = FenetreDe(cadre, chemin)) {
@@ -96,13 +107,7 @@ bool OuvrirFichier(Cadre& cadre, const QString& chemin, int type, bool montrerMe
         return false;
     }
     NoterRecent(fenetre, chemin);
-    if (LireOption(u"AffImg"_s).toString() == u"0"_s)
-        fenetre.mAfficherImages_Click();
-    MontrerCommentaires(fenetre);
-    // Nothing that happened so far is to be saved: a loan column added by the reader is not, and comments that were
-    // changed just now are not either. That is meant.
-    doc.IlFautSauver = false;
-    doc.Ouvrir->Montrer(false);
+    MontrerDocument(fenetre);
     return true;
 }
 

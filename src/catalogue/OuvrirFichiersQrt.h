@@ -5,6 +5,7 @@
 #include <QStringList>
 
 class Cadre;
+class FenetreDocument;
 
 /// File types, which are also the positions in the open dialog's list.
 enum TypeOuverture {
@@ -24,12 +25,15 @@ enum TypeOuverture {
 /// A file that opened becomes the most recent one; one that does not exist leaves the list.
 bool OuvrirFichier(Cadre& cadre, const QString& chemin, int type, bool montrerMessages);
 
+/// Shows a document that has just been filled, in the view that the settings tell and with its comments where they
+/// tell so, as one without unsaved changes.
+void MontrerDocument(FenetreDocument& fenetre);
+
 /// Plug-ins that open files, by file type: the first goes with PremierTypePlugIn. One empty element stands behind the
 /// last. Rebuilt by OuvrirDialogue; no plug-in is looked for yet.
 extern QStringList PlugIns;
 
 /// Shows the open dialog ("msg71") and opens what the user chooses. The dialog comes back after the type "*.*"
 /// ("msg46") and after a single file that did not open; of several files each is tried, and those that did not open are
-/// told
-/// ("msg47"). The folder is remembered.
+/// told ("msg47"). The folder is remembered.
 void OuvrirDialogue(Cadre& cadre);
