@@ -12,6 +12,11 @@ FenetresOuvertes* InstallerFenetres(FenetresOuvertes* fenetres)
     return std::exchange(s_fenetres, fenetres);
 }
 
+FenetresOuvertes* FenetresInstallees()
+{
+    return s_fenetres;
+}
+
 void ToutFermer()
 {
     if (!s_fenetres)

@@ -22,6 +22,8 @@ public:
 
 /// Installs the list (not owned) and returns the one before. Without any, no window is open.
 FenetresOuvertes* InstallerFenetres(FenetresOuvertes* fenetres);
+/// The installed list; null without any.
+FenetresOuvertes* FenetresInstallees();
 
 /// Unloads every document window, in the order of the window list. One that refuses stays, and the others still go.
 void ToutFermer();

@@ -29,3 +29,6 @@ public:
         return {documents.begin(), documents.end()};
     }
 };
+
+/// The window that the user works in, as the installed frame knows it; null when there is none.
+FenetreDocument* FenetreActive();
