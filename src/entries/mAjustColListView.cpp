@@ -10,28 +10,38 @@ constexpr double BarreEtBords = 340;
 
 } // namespace
 
-void AjusterColonnes(MyLV& table, const MesuresDeColonnes& mesures)
+void AjusterColonnes(ColumnHeaders& colonnes, const MesuresDeColonnes& mesures)
 {
-    for (int i = 1; i <= table.ColumnHeaders.Count(); ++i) {
-        ColumnHeader& colonne = table.ColumnHeaders(i);
+    for (int i = 1; i <= colonnes.Count(); ++i) {
+        ColumnHeader& colonne = colonnes(i);
         const float contenu = mesures.LargeurDuContenu(i);
         const float titre = mesures.LargeurDuTitre(colonne.Text()) + AutourDuTitre;
         colonne.SetWidth(titre > contenu ? titre : contenu);
     }
 }
 
-void RedimensionnerColonnes(MyLV& table, double largeur)
+void AjusterColonnes(MyLV& table, const MesuresDeColonnes& mesures)
 {
-    if (table.ListItems.Count() == 0)
+    AjusterColonnes(table.ColumnHeaders, mesures);
+}
+
+void RedimensionnerColonnes(ColumnHeaders& colonnes, int lignes, double largeur)
+{
+    if (lignes == 0)
         return;
-    float ligne = 0;
-    for (int i = 1; i <= table.ColumnHeaders.Count(); ++i)
-        ligne += table.ColumnHeaders(i).Width();
-    if (ligne <= 0 || largeur <= BarreEtBords)
+    float somme = 0;
+    for (int i = 1; i <= colonnes.Count(); ++i)
+        somme += colonnes(i).Width();
+    if (somme <= 0 || largeur <= BarreEtBords)
         return;
-    const double facteur = (largeur - BarreEtBords) / ligne;
-    for (int i = 1; i <= table.ColumnHeaders.Count(); ++i) {
-        ColumnHeader& colonne = table.ColumnHeaders(i);
+    const double facteur = (largeur - BarreEtBords) / somme;
+    for (int i = 1; i <= colonnes.Count(); ++i) {
+        ColumnHeader& colonne = colonnes(i);
         colonne.SetWidth(static_cast<float>(colonne.Width() * facteur));
     }
+}
+
+void RedimensionnerColonnes(MyLV& table, double largeur)
+{
+    RedimensionnerColonnes(table.ColumnHeaders, table.ListItems.Count(), largeur);
 }

@@ -3,6 +3,7 @@
 
 #include <QString>
 
+class ColumnHeaders;
 class MyLV;
 
 /// Measures for the columns of a table, in units of 1/1440 inch. The list that shows the table implements it.
@@ -17,8 +18,11 @@ public:
 };
 
 /// Fits each column to its contents; a title gets room around it.
+void AjusterColonnes(ColumnHeaders& colonnes, const MesuresDeColonnes& mesures);
 void AjusterColonnes(MyLV& table, const MesuresDeColonnes& mesures);
 
-/// Scales all columns by one factor, so that together they fill a control of the width `largeur` (1/1440 inch) less
-/// the room of its scroll bar. Nothing happens in a table without entries, or when there is nothing to scale.
+/// Scales all columns of a list with `lignes` rows by one factor, so that together they fill a control of the width
+/// `largeur` (1/1440 inch) less the room of its scroll bar. Nothing happens in a list without rows, or when there is
+/// nothing to scale.
+void RedimensionnerColonnes(ColumnHeaders& colonnes, int lignes, double largeur);
 void RedimensionnerColonnes(MyLV& table, double largeur);

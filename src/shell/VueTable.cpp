@@ -1,5 +1,6 @@
 #include "shell/VueTable.h"
 
+#include "extensions/UnitesEcran.h"
 #include "shell/DelegueEntrees.h"
 #include "shell/ModeleTable.h"
 #include "shell/SaisieRapide.h"
@@ -20,8 +21,6 @@
 
 namespace {
 
-constexpr double UnitesParPouce = 1440;
-constexpr double LargeurMax = 100'000;  // pixels; beyond it a header takes no width
 constexpr float PresenceGrille = 0.16F; // of the text's colour in the lines
 
 std::chrono::milliseconds DelaiDeFrappe()
@@ -101,12 +100,12 @@ void VueTable::RendreVisible(int ligne)
 
 int VueTable::PixelsDe(double unites) const
 {
-    return qRound(std::clamp(unites * logicalDpiX() / UnitesParPouce, 0.0, LargeurMax));
+    return ::PixelsDe(*this, unites);
 }
 
 double VueTable::UnitesDe(int pixels) const
 {
-    return pixels * UnitesParPouce / logicalDpiX();
+    return ::UnitesDe(*this, pixels);
 }
 
 // ---- what the table tells
