@@ -1,8 +1,14 @@
 // Sorting a document's table at the user's request.
 #pragma once
 
+#include <QString>
+
 class MyLV;
 class QrtClass;
+
+/// The marker of the column that a list is sorted by. It says where the next click leads: "up" while the order is
+/// descending.
+QString MarqueDeTri(bool descendant);
 
 /// A click on the title of column `colonne` (from 1): sorts by it, ascending, or turns the order round when it is the
 /// column sorted by already. Its title alone then carries a marker. Entries with equal texts keep the order they had.

@@ -1,0 +1,215 @@
+#include "entries/VueDeListe.h"
+
+#include "catalogue/MyLV.h"
+#include "entries/PlusLarge.h"
+#include "extensions/UnitesEcran.h"
+
+#include <QAccessible>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int AirEnHauteur = 7;
+constexpr qsizetype LongueurVisible = 2000; // characters; no column shows more
+// A highlight of more runs than this is not carried along by a sort: every row drawn looks through all of them.
+constexpr size_t PlagesMax = 4096;
+
+/// The rest of a very long text need not be laid out.
+QString PartieVisible(const QString& texte)
+{
+    return texte.left(LongueurVisible);
+}
+
+class DelegueDeListe : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QString displayText(const QVariant& valeur, const QLocale&) const override
+    {
+        return PartieVisible(valeur.toString());
+    }
+};
+
+/// Runs of true, counted from 1.
+std::vector<std::pair<int, int>> PlagesDe(const std::vector<bool>& oui)
+{
+    std::vector<std::pair<int, int>> plages;
+    for (size_t i = 0; i < oui.size(); ++i) {
+        const int ligne = static_cast<int>(i) + 1;
+        if (oui[i] && (i == 0 || !oui[i - 1]))
+            plages.emplace_back(ligne, ligne);
+        else if (oui[i])
+            plages.back().second = ligne;
+    }
+    return plages;
+}
+
+} // namespace
+
+VueDeListe::VueDeListe(QWidget* parent) : QTableView(parent)
+{
+    setItemDelegate(new DelegueDeListe(this));
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(ExtendedSelection);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    setWordWrap(false);
+    setShowGrid(false);
+    setCornerButtonEnabled(false);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setVerticalScrollMode(ScrollPerPixel);
+
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setMinimumSectionSize(1);
+
+    QHeaderView* titres = horizontalHeader();
+    titres->setHighlightSections(false);
+    titres->setSectionsClickable(true);
+    titres->setMinimumSectionSize(0);
+    connect(titres, &QHeaderView::sectionResized, this,
+            [this](int section, int, int pixels) { LargeurTiree(section, pixels); });
+    connect(titres, &QHeaderView::sectionClicked, this, [this](int section) { emit EnteteCliquee(section + 1); });
+    AppliquerHauteur();
+}
+
+void VueDeListe::Afficher(QAbstractItemModel& modele, ColumnHeaders& colonnes)
+{
+    m_colonnes = &colonnes;
+    setModel(&modele);
+    // The titles would look through every highlighted row, for each title drawn, to find out whether it is highlighted.
+    for (QHeaderView* entete : {horizontalHeader(), verticalHeader()})
+        entete->setSelectionModel(new QItemSelectionModel(&modele, entete));
+    connect(&modele, &QAbstractItemModel::modelReset, this, &VueDeListe::AppliquerLargeurs);
+    AppliquerLargeurs();
+}
+
+// ---- widths
+
+void VueDeListe::AppliquerLargeurs()
+{
+    const QScopedValueRollback garde(m_largeursEnCours, true);
+    for (int i = 1; i <= qMin(m_colonnes->Count(), model()->columnCount()); ++i)
+        setColumnWidth(i - 1, PixelsDe(*this, (*m_colonnes)(i).Width()));
+}
+
+/// The user drags: what the program sets itself, rounded to pixels, is not written back.
+void VueDeListe::LargeurTiree(int section, int pixels)
+{
+    if (!m_largeursEnCours && m_colonnes && m_colonnes->Existe(section + 1))
+        (*m_colonnes)(section + 1).SetWidth(static_cast<float>(UnitesDe(*this, pixels)));
+}
+
+float VueDeListe::LargeurDuContenu(int colonne) const
+{
+    PlusLarge plusLarge(fontMetrics());
+    plusLarge.Voir((*m_colonnes)(colonne).Text());
+    for (int ligne = 0; ligne < model()->rowCount(); ++ligne)
+        plusLarge.Voir(PartieVisible(model()->index(ligne, colonne - 1).data().toString()));
+    // What a cell holds beside its text: margins, a check box.
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    const QModelIndex premiere = model()->index(0, colonne - 1);
+    const int autour = premiere.isValid()
+                           ? itemDelegate()->sizeHint(option, premiere).width() -
+                                 fontMetrics().horizontalAdvance(PartieVisible(premiere.data().toString()))
+                           : 0;
+    return static_cast<float>(UnitesDe(*this, plusLarge.Largeur() + autour + 1));
+}
+
+float VueDeListe::LargeurDuTitre(const QString& titre) const
+{
+    return static_cast<float>(UnitesDe(*this, window()->fontMetrics().horizontalAdvance(titre)));
+}
+
+void VueDeListe::AppliquerHauteur()
+{
+    const int hauteur = qMax(fontMetrics().height(), style()->pixelMetric(QStyle::PM_IndicatorHeight)) + AirEnHauteur;
+    verticalHeader()->setDefaultSectionSize(hauteur);
+    // As high as a row, so that the titles do not move when one of them gets a marker.
+    horizontalHeader()->setMinimumHeight(hauteur);
+}
+
+void VueDeListe::changeEvent(QEvent* event)
+{
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        AppliquerHauteur();
+}
+
+// ---- keys
+
+void VueDeListe::keyPressEvent(QKeyEvent* event)
+{
+    const bool controle = event->modifiers() == Qt::ControlModifier;
+    if (controle && event->key() == Qt::Key_R) {
+        AjusterColonnes(*m_colonnes, *this);
+        AppliquerLargeurs();
+    } else if (controle && event->key() == Qt::Key_D) {
+        RedimensionnerColonnes(*m_colonnes, model()->rowCount(), UnitesDe(*this, width()));
+        AppliquerLargeurs();
+    } else if (event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier) {
+        BasculerCoche();
+    } else {
+        QTableView::keyPressEvent(event);
+    }
+}
+
+void VueDeListe::BasculerCoche()
+{
+    const QModelIndex coche = currentIndex().siblingAtColumn(0);
+    if (!coche.isValid() || !(coche.flags() & Qt::ItemIsUserCheckable))
+        return;
+    const bool cochee = coche.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    model()->setData(coche, cochee ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+}
+
+// ---- highlights
+
+std::vector<std::pair<int, int>> VueDeListe::Surlignees() const
+{
+    std::vector<std::pair<int, int>> plages;
+    for (const QItemSelectionRange& plage : selectionModel()->selection())
+        plages.emplace_back(plage.top() + 1, plage.bottom() + 1);
+    return plages;
+}
+
+void VueDeListe::SuivreOrdre(const std::vector<int>& avant)
+{
+    std::vector<bool> avantSurlignees(avant.size() + 1);
+    for (const auto& [premiere, derniere] : Surlignees())
+        std::fill(avantSurlignees.begin() + premiere, avantSurlignees.begin() + derniere + 1, true);
+    std::vector<bool> surlignees(avant.size());
+    std::transform(avant.begin(), avant.end(), surlignees.begin(),
+                   [&](int ligne) { return avantSurlignees[static_cast<size_t>(ligne)]; });
+
+    const auto focus = std::find(avant.begin(), avant.end(), currentIndex().row() + 1);
+    if (focus != avant.end())
+        selectionModel()->setCurrentIndex(
+            model()->index(static_cast<int>(focus - avant.begin()), currentIndex().column()),
+            QItemSelectionModel::NoUpdate);
+    Surligner(PlagesDe(surlignees));
+}
+
+void VueDeListe::Surligner(const std::vector<std::pair<int, int>>& plages)
+{
+    QItemSelection selection;
+    if (plages.size() <= PlagesMax)
+        for (const auto& [premiere, derniere] : plages)
+            selection.append(
+                {model()->index(premiere - 1, 0), model()->index(derniere - 1, model()->columnCount() - 1)});
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+}
+
+/// Not the base's, which makes an index of every cell that was highlighted.
+void VueDeListe::selectionChanged(const QItemSelection&, const QItemSelection&)
+{
+    viewport()->update();
+    QAccessibleEvent evenement(this, QAccessible::SelectionWithin);
+    QAccessible::updateAccessibility(&evenement);
+}

@@ -1,0 +1,111 @@
+#include "entries/frmSuppr.h"
+
+#include "base/Const_Vrac.h"
+#include "base/Icones.h"
+#include "base/Options.h"
+#include "catalogue/Dependance.h"
+#include "catalogue/QrtClass.h"
+#include "entries/MenuSupprimer.h"
+#include "entries/ModeleASupprimer.h"
+#include "extensions/LangForm.h"
+#include "images/SupprimerImage.h"
+#include "ui_frmSuppr.h"
+
+using namespace Qt::StringLiterals;
+
+frmSuppr::frmSuppr(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::frmSuppr>())
+{
+    m_ui->setupUi(this);
+    m_ui->btAjouter->setIcon(Icone(u"delentree"_s));
+    m_ui->Annuler->setIcon(Icone(u"annuler"_s));
+    m_ui->ckDependant->setChecked(OptionEgale(LireOption(u"SupprDependant"_s), 1));
+    LangForm(*this);
+}
+
+frmSuppr::~frmSuppr()
+{
+    // The view looks at the rows to its last moment.
+    delete m_ui->ListView1;
+}
+
+bool frmSuppr::Lancer(QrtClass& doc)
+{
+    m_doc = &doc;
+    const ColumnHeaders& colonnes = doc.MyLV->ColumnHeaders;
+    for (int i = 1; i <= colonnes.Count(); ++i)
+        m_colonnes.ColumnHeaders.Add(0, colonnes(i).Text()).SetWidth(colonnes(i).Width());
+    m_liste = std::make_unique<ListeASupprimer>(doc);
+    m_modele = std::make_unique<ModeleASupprimer>(*m_liste, m_colonnes.ColumnHeaders);
+    m_ui->ListView1->Afficher(*m_modele, m_colonnes.ColumnHeaders);
+    m_ui->ckDependant->setEnabled(EstDependante(doc));
+    Brancher();
+    RemplirListe();
+    m_ui->ListView1->setFocus();
+    exec();
+    return Supprime;
+}
+
+void frmSuppr::Brancher()
+{
+    connect(m_modele.get(), &ModeleASupprimer::CochesChangees, this,
+            [this] { m_ui->Lcount->setText(u"%1 / %2"_s.arg(m_liste->NbCoches()).arg(m_liste->Count())); });
+    const auto brancher = [this](const QPushButton* bouton, auto&& action) {
+        connect(bouton, &QPushButton::clicked, this, std::forward<decltype(action)>(action));
+    };
+    brancher(m_ui->btTout, [this] { m_modele->Cocher(1, m_liste->Count(), true); });
+    brancher(m_ui->btRien, [this] { m_modele->Cocher(1, m_liste->Count(), false); });
+    brancher(m_ui->btInverser, [this] { m_modele->Inverser(); });
+    brancher(m_ui->btCSel, [this] { CocherSurlignees(true); });
+    brancher(m_ui->btUSel, [this] { CocherSurlignees(false); });
+    brancher(m_ui->btAjouter, [this] { Supprimer(); });
+    brancher(m_ui->Annuler, [this] { reject(); });
+    connect(m_ui->ckDependant, &QCheckBox::clicked, this, [this](bool cochee) {
+        RemplirListe();
+        EcrireOption(u"SupprDependant"_s, cochee);
+    });
+    connect(m_ui->ListView1, &VueDeListe::EnteteCliquee, this,
+            [this](int colonne) { m_ui->ListView1->SuivreOrdre(m_modele->Trier(colonne)); });
+    connect(m_ui->ListView1, &QWidget::customContextMenuRequested, this, &frmSuppr::MontrerMenu);
+}
+
+void frmSuppr::RemplirListe()
+{
+    m_modele->Remplir(m_ui->ckDependant->isEnabled() && m_ui->ckDependant->isChecked());
+}
+
+void frmSuppr::CocherSurlignees(bool cochees)
+{
+    for (const auto& [premiere, derniere] : m_ui->ListView1->Surlignees())
+        m_modele->Cocher(premiere, derniere, cochees);
+}
+
+void frmSuppr::MontrerMenu(const QPoint& place)
+{
+    switch (DemanderMenuSupprimer(m_ui->ListView1->viewport()->mapToGlobal(place))) {
+    case ChoixSupprimer::Cocher:
+        m_ui->btCSel->click();
+        break;
+    case ChoixSupprimer::Decocher:
+        m_ui->btUSel->click();
+        break;
+    case ChoixSupprimer::ToutCocher:
+        m_ui->btTout->click();
+        break;
+    case ChoixSupprimer::ToutDecocher:
+        m_ui->btRien->click();
+        break;
+    case ChoixSupprimer::Inverser:
+        m_ui->btInverser->click();
+        break;
+    case ChoixSupprimer::Aucun:
+        break;
+    }
+}
+
+void frmSuppr::Supprimer()
+{
+    int mode = 0; // one answer may stand for all images of this batch
+    m_modele->Supprimer(*m_doc, [&mode](const QString& fichier) { SupprimerImage(fichier, mode); });
+    Supprime = true;
+    accept();
+}
