@@ -1,3 +1,17 @@
 #include "entries/NouvelleCategorie.h"
 
-void NouvelleCategorie(Cadre& /*cadre*/) {}
+#include "entries/CreerCategorie.h"
+#include "entries/frmAddCategorie2.h"
+#include "extensions/FenetreDessous.h"
+
+void NouvelleCategorie(Cadre& cadre)
+{
+    NouveauQrt(cadre);
+}
+
+void NouveauQrt(Cadre& cadre)
+{
+    frmAddCategorie2 form(FenetreDessous());
+    if (form.exec() == QDialog::Accepted)
+        CreerCategorie(cadre, form.Colonnes.Titres(), form.Colonnes.Dependante());
+}

@@ -17,7 +17,8 @@ inline QStringList ControlesSansNom(const QWidget& form)
 {
     QStringList sans;
     for (QWidget* controle : form.findChildren<QWidget*>()) {
-        if (controle->focusPolicy() != Qt::NoFocus && !controle->isHidden() && NomAccessible(*controle).isEmpty())
+        if (controle->focusPolicy() != Qt::NoFocus && controle->isVisibleTo(&form) &&
+            NomAccessible(*controle).isEmpty())
             sans.append(controle->objectName());
     }
     return sans;
