@@ -1,38 +1,14 @@
 #include "images/PanneauImage.h"
 
+#include "images/LireImage.h"
+
 #include <QFileInfo>
-#include <QImageReader>
 #include <QMouseEvent>
 #include <QPainter>
 
 namespace {
 
 constexpr int Marge = 4;
-
-/// The largest size of these proportions inside `place`; a small picture is not blown up.
-QSize TailleMontree(const QSize& image, const QSize& place)
-{
-    if (image.width() <= place.width() && image.height() <= place.height())
-        return image;
-    return image.scaled(place, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
-}
-
-QImage Lire(const QString& fichier, const QSize& place)
-{
-    QImageReader lecteur(fichier);
-    lecteur.setAutoTransform(true);
-    // The bytes tell the format: covers are often named for another one.
-    lecteur.setDecideFormatFromContent(true);
-    const QSize taille = lecteur.size();
-    if (taille.isValid()) {
-        const bool couchee = lecteur.transformation() & QImageIOHandler::TransformationRotate90;
-        lecteur.setScaledSize(TailleMontree(taille, couchee ? place.transposed() : place));
-    }
-    const QImage image = lecteur.read();
-    if (image.isNull() || (image.width() <= place.width() && image.height() <= place.height()))
-        return image;
-    return image.scaled(place, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-}
 
 } // namespace
 
@@ -44,7 +20,7 @@ bool PanneauImage::Charger(const QString& fichier)
     const Lecture lecture{fichier, info.lastModified(), info.size()};
     const QSize place = Place() * devicePixelRatioF();
     if (lecture != m_lecture || place != m_place) {
-        const QImage image = Lire(fichier, place);
+        const QImage image = LireImage(fichier, place);
         if (image.isNull())
             return false;
         m_lecture = lecture;
@@ -55,6 +31,12 @@ bool PanneauImage::Charger(const QString& fichier)
     m_montree = true;
     update();
     return true;
+}
+
+void PanneauImage::ChargerOuVider(const QString& fichier)
+{
+    if (fichier.isEmpty() || !Charger(fichier))
+        Vider();
 }
 
 void PanneauImage::Vider()

@@ -1,4 +1,5 @@
-// The images panel beside a document's table: one picture, as large as the panel allows, its proportions kept.
+// One picture, as large as the panel allows, its proportions kept: the images panel beside a document's table, the
+// previews of the dialogs.
 #pragma once
 
 #include <QDateTime>
@@ -16,6 +17,8 @@ public:
     /// stays as it was.
     bool Charger(const QString& fichier);
     void Vider();
+    /// Shows the picture, or nothing when `fichier` is empty or cannot be loaded.
+    void ChargerOuVider(const QString& fichier);
 
     /// The picture as it is drawn; null for an empty panel.
     QPixmap Image() const { return m_montree ? m_image : QPixmap(); }
