@@ -1,6 +1,13 @@
 #include "images/ChoisirImage.h"
 
-QString ChoisirImage(const QString& /*dossier*/, const QString& /*nomActuel*/)
+#include "extensions/FenetreDessous.h"
+#include "images/frmChangeImage.h"
+
+QString ChoisirImage(const QString& dossier, const QString& nomActuel)
 {
-    return {};
+    frmChangeImage form(FenetreDessous());
+    form.Dossier = dossier;
+    form.Remplir(nomActuel);
+    form.exec();
+    return form.Resultat;
 }

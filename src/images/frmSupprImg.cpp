@@ -8,13 +8,13 @@ frmSupprImg::frmSupprImg(const QString& chemin, QWidget* parent)
 {
     m_ui->setupUi(this);
     m_ui->Img->Charger(chemin);
-    // What a screen reader says first.
-    setAccessibleDescription(m_ui->Label1->text());
     connect(m_ui->btOui, &QPushButton::clicked, this, [this] { Repondre(SupprImgOui); });
     connect(m_ui->btOuiAll, &QPushButton::clicked, this, [this] { Repondre(SupprImgOuiTous); });
     connect(m_ui->btNon, &QPushButton::clicked, this, [this] { Repondre(SupprImgNon); });
     connect(m_ui->btNonAll, &QPushButton::clicked, this, [this] { Repondre(SupprImgNonTous); });
     LangForm(*this);
+    // What a screen reader says first.
+    setAccessibleDescription(m_ui->Label1->text());
     m_ui->btNon->setFocus();
 }
 

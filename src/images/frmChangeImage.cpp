@@ -1,0 +1,133 @@
+#include "images/frmChangeImage.h"
+
+#include "base/AfficherMsg.h"
+#include "base/Const_Vrac.h"
+#include "base/DialogueFichier.h"
+#include "base/Icones.h"
+#include "base/Options.h"
+#include "extensions/LangForm.h"
+#include "extensions/modLang.h"
+#include "images/Bibliotheque.h"
+#include "images/DelegueVignettes.h"
+#include "images/FichierImage.h"
+#include "images/SupprimerImage.h"
+#include "images/Vignettes.h"
+#include "images/frmRemplacerImg.h"
+#include "ui_frmChangeImage.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QShortcut>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int CoteVignette = 48;
+
+/// Lets the windows draw themselves. Keys and clicks wait: the caller's document must not go meanwhile.
+void LaisserDessiner()
+{
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+} // namespace
+
+frmChangeImage::frmChangeImage(QWidget* parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::frmChangeImage>()),
+      m_vignettes(new Vignettes(CoteVignette, devicePixelRatioF(), this))
+{
+    m_ui->setupUi(this);
+    m_ui->btAnnuler->setIcon(Icone(u"annuler"_s));
+    m_ui->btAjouter->setIcon(Icone(u"addentree"_s));
+    m_ui->Command1->setIcon(Icone(u"delentree"_s));
+    m_ui->Command2->setIcon(Icone(u"delentree"_s));
+    m_ui->List1->setItemDelegate(new DelegueVignettes(*m_vignettes, m_ui->List1));
+    connect(m_vignettes, &Vignettes::Prete, m_ui->List1->viewport(), qOverload<>(&QWidget::update));
+
+    connect(m_ui->List1, &QListWidget::itemSelectionChanged, this, &frmChangeImage::MontrerChoisi);
+    connect(m_ui->List1, &QListWidget::itemDoubleClicked, this, [this] { Fermer(NomChoisi()); });
+    connect(m_ui->btOK, &QPushButton::clicked, this, [this] { Fermer(NomChoisi()); });
+    connect(m_ui->btAnnuler, &QPushButton::clicked, this, &QDialog::reject);
+    connect(m_ui->btAjouter, &QPushButton::clicked, this, &frmChangeImage::Ajouter);
+    connect(m_ui->Command1, &QPushButton::clicked, this, &frmChangeImage::SupprimerChoisi);
+    connect(m_ui->Command2, &QPushButton::clicked, this, [this] { Fermer(u"#"_s); });
+    auto* suppr = new QShortcut(QKeySequence(Qt::Key_Delete), m_ui->List1);
+    suppr->setContext(Qt::WidgetShortcut);
+    connect(suppr, &QShortcut::activated, this, &frmChangeImage::SupprimerChoisi);
+    LangForm(*this);
+}
+
+frmChangeImage::~frmChangeImage() = default;
+
+void frmChangeImage::Remplir(const QString& nomActuel)
+{
+    m_vignettes->SetDossier(Dossier);
+    m_ui->List1->addItems(ListerImages(Dossier, LaisserDessiner));
+    m_ui->Img->ChargerOuVider(FichierImage(Dossier, nomActuel));
+}
+
+void frmChangeImage::Fermer(const QString& resultat)
+{
+    Resultat = resultat;
+    accept();
+}
+
+/// Empty when no line is selected. The current line is another matter: the list has one as soon as it has the focus.
+QString frmChangeImage::NomChoisi() const
+{
+    const QList<QListWidgetItem*> lignes = m_ui->List1->selectedItems();
+    return lignes.isEmpty() ? QString() : lignes.first()->text();
+}
+
+void frmChangeImage::MontrerChoisi()
+{
+    const QString nom = NomChoisi();
+    m_ui->Command1->setEnabled(!nom.isEmpty());
+    m_ui->Img->ChargerOuVider(FichierImage(Dossier, nom));
+}
+
+/// Entries that name the file keep their image name, and show no picture from then on.
+void frmChangeImage::SupprimerChoisi()
+{
+    int mode = 0;
+    if (SupprimerImage(FichierImage(Dossier, NomChoisi()), mode))
+        delete m_ui->List1->selectedItems().first();
+}
+
+/// A failure ends this without a word, and the dialog stays as it was.
+void frmChangeImage::Ajouter()
+{
+    const auto choix = DialogueOuvrir({m_ui->btAjouter->text().remove(u'&'), LireOption(u"ImgInitDir"_s).toString(),
+                                       TypesDuFiltre(u"Images|*.bmp;*.jpg;*.gif;*.jpeg;*.jpe"_s)});
+    if (!choix || choix->fichiers.isEmpty())
+        return;
+    const QString fichier = choix->fichiers.first();
+    EcrireOption(u"ImgInitDir"_s, fichier.chopped(NomDeFichier(fichier).size()));
+
+    const QString nom = NomTenable(fichier);
+    if (!QFileInfo(Dossier + nom).isFile()) {
+        if (CopierImage(fichier, Dossier + nom, SiLeFichierExiste::Echouer))
+            Fermer(nom);
+        return;
+    }
+    if (const std::optional<QString> ajoute = RemplacerOuRenommer(fichier, nom))
+        Fermer(*ajoute);
+}
+
+/// Where the category has a file of that name: the name under which the new one is there now. Empty when the user wants
+/// neither; nothing when it could not be copied.
+std::optional<QString> frmChangeImage::RemplacerOuRenommer(const QString& fichier, const QString& nom)
+{
+    frmRemplacerImg question(Dossier + nom, fichier, this);
+    question.exec();
+    QString sous = nom;
+    if (!question.Resultat) {
+        const Message renommer = LangMsg(u"msg27"_s, u"Voulez vous que l'image a ajouter soit renomée?"_s);
+        if (AfficherMsg(renommer, MsgOuiNonAnnuler, QString()) != RepOui)
+            return QString();
+        sous = NomLibre(Dossier, nom, LaisserDessiner);
+    }
+    const auto siExiste = question.Resultat ? SiLeFichierExiste::Remplacer : SiLeFichierExiste::Echouer;
+    return CopierImage(fichier, Dossier + sous, siExiste) ? std::optional(sous) : std::nullopt;
+}
