@@ -3,17 +3,22 @@
 
 #include "base/AfficherMsg.h"
 #include "base/Const_Vrac.h"
+#include "catalogue/Evenements.h"
 #include "catalogue/FichierDuDossier.h"
 #include "catalogue/TexteExact.h"
 #include "catalogue/TexteQrt.h"
 #include "catalogue/ccZip.h"
 #include "extensions/modLang.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+
+#include <unistd.h>
+
+#include <optional>
+#include <utility>
 
 using stockage::Codage;
 
@@ -85,12 +90,22 @@ bool EcrireTextes(const QrtClass& doc, EntreesEcrites entrees)
     return true;
 }
 
+/// Makes room for the new file. What is there and no file, such as a folder or a device, is never deleted.
+bool SupprimerAncien(const QString& chemin)
+{
+    const QFileInfo ancien(chemin);
+    if (!ancien.exists() && !ancien.isSymLink())
+        return true;
+    return (ancien.isFile() || !ancien.exists()) && QFile::remove(chemin);
+}
+
 /// Puts all of the folder into a new archive; false when something of it is not in there at the end.
-bool EcrireArchive(const QrtClass& doc)
+bool EcrireArchive(QrtClass& doc, Origine origine)
 {
     ccZip zip;
     zip.Init(doc.CheminReel());
-    zip.Level = 5;
+    zip.Level = NiveauDesCatalogues;
+    zip.Reprendre(std::move(origine));
     zip.Comm = QStringLiteral("Zelvane v2.2 by Morvenal");
     bool bon = true;
     const QStringList noms =
@@ -100,9 +115,11 @@ bool EcrireArchive(const QrtClass& doc)
         // A folder has no place in an archive of bare names; it is not a loss, as nothing of the category lies there.
         const bool dossier = QFileInfo(doc.TmpFolder + nom).isDir();
         bon = (zip.AddFile(doc.TmpFolder + nom, 0, true) < 2 || dossier) && bon;
-        QCoreApplication::processEvents();
+        LaisserPasserEvenements();
     }
-    return zip.Fermer() < 2 && bon;
+    bon = zip.Fermer() < 2 && bon;
+    doc.Archive = zip.Connue;
+    return bon;
 }
 
 bool EcrireTexte14(const QrtClass& doc, bool selection, QFileDevice& fichier)
@@ -129,10 +146,23 @@ bool EcrireFichier(QrtClass& doc, bool selection)
         return false;
     if (!EcrireTextes(doc, Entrees(selection)))
         return false;
-    if (QFileInfo::exists(doc.CheminReel()))
-        QFile::remove(doc.CheminReel());
-    doc.DossierAGarder = !EcrireArchive(doc);
+    Origine origine = OuvrirOrigine(doc.Archive); // before its name goes
+    if (!SupprimerAncien(doc.CheminReel()))
+        return false;
+    doc.DossierAGarder = !EcrireArchive(doc, std::move(origine));
+    doc.ArchiveAForcer = doc.DossierAGarder ? QString() : doc.CheminReel();
     return true;
+}
+
+bool ForcerArchive(QrtClass& doc)
+{
+    QFile archive(std::exchange(doc.ArchiveAForcer, QString()));
+    // Where it is gone by now, there is nothing left to do.
+    if (archive.fileName().isEmpty() || !archive.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return true;
+    const bool bon = fsync(archive.handle()) == 0;
+    doc.DossierAGarder = doc.DossierAGarder || !bon;
+    return bon;
 }
 
 void MsgArchiveIncomplete(const QrtClass& doc)

@@ -16,6 +16,7 @@ bool ExtraireArchive(QrtClass& doc)
                     MsgOk, QString());
         return false;
     }
+    doc.Archive.reset();
     archive->Init(doc.CheminReel());
     if (archive->Decompress(doc.TmpFolder, QString()) > ZipAvertissement) {
         AfficherMsg(
@@ -24,5 +25,6 @@ bool ExtraireArchive(QrtClass& doc)
         doc.ClearLV();
         return false;
     }
+    doc.Archive = archive->Connue;
     return true;
 }

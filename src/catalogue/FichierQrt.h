@@ -23,12 +23,18 @@ bool ChargerDossier(QrtClass& doc);
 bool ChargerTexteExact(QrtClass& doc, QByteArrayView utf8);
 
 /// Writes the text into TmpFolder and rebuilds the archive at CheminReel from the whole folder. False, with nothing
-/// touched, when there are no columns; also when the text could not be written, before the old archive is deleted.
+/// touched, when there are no columns; also, with the old archive left alone, when the text could not be written or the
+/// old archive not be deleted. Files that did not change are not compressed again. Events run meanwhile, those of the
+/// user excepted.
 /// When the archive fails the result is true, as the data live in TmpFolder then, and DossierAGarder is set: whoever
 /// calls tells the user (MsgArchiveIncomplete). `selection` writes the selected entries alone, without images.
 bool EcrireFichier(QrtClass& doc, bool selection);
 /// Tells that the archive is not whole and where the data are.
 void MsgArchiveIncomplete(const QrtClass& doc);
+
+/// Has every byte of the archive that EcrireFichier wrote on the disk; before that the folder must not go. False, with
+/// DossierAGarder set, when the disk refuses.
+bool ForcerArchive(QrtClass& doc);
 
 /// Writes the bare text of form 1.4 at CheminReel. False when there are no columns or the text could not be written.
 bool EcrireFichier14(QrtClass& doc, bool selection);

@@ -6,6 +6,9 @@
 #include <QString>
 
 #include <cstdint>
+#include <memory>
+
+struct ArchiveConnue;
 
 /// A waiting panel of the document window ("Chargement Veuillez patienter....").
 class PanneauAttente
@@ -62,6 +65,11 @@ public:
 
     /// Set when a write failed after the old file was gone: the folder is then kept when the window goes.
     bool DossierAGarder = false;
+    /// The archive that the folder was last read from or written to, where a save may find unchanged files compressed;
+    /// null when there is none such.
+    std::shared_ptr<const ArchiveConnue> Archive;
+    /// Path of an archive that was written and may not have reached the disk yet; empty for none. See ForcerArchive.
+    QString ArchiveAForcer;
 
 private:
     QString m_cheminReel;

@@ -15,6 +15,7 @@ using namespace zipinterne;
 
 struct ccZip::Prive
 {
+    std::optional<EtatFichier> etat; ///< of the archive before it was opened
     ArchiveOuverte lue;
     std::vector<NomLu> noms;
 
@@ -57,8 +58,10 @@ void ccZip::Init(const QString& chemin)
     m_infos.clear();
     Col.clear();
     Comm.clear();
-    Level = 5;
+    Level = NiveauDesCatalogues;
+    Connue.reset();
 
+    m_prive->etat = EtatPasse(chemin);
     m_prive->lue = OuvrirArchive(chemin);
     zip_t* archive = m_prive->lue.archive.get();
     if (!archive)
@@ -148,9 +151,12 @@ int ccZip::Fermer()
         return ZipFait;
     m_infos.clear();
     const QByteArray niveau = QByteArray::number(Level).left(1);
-    const std::vector<Ajout> ajouts = std::move(m_prive->ajouts);
+    std::vector<Ajout> ajouts = std::move(m_prive->ajouts);
     m_prive = std::make_unique<Prive>();
-    return Ecrire(m_nom, ajouts, Comm, niveau == "-" ? 5 : niveau.toInt(), m_infos);
+    Ecrit ecrit = Ecrire(m_nom, std::move(ajouts), Comm, niveau == "-" ? NiveauDesCatalogues : niveau.toInt(),
+                         std::move(m_origine), m_infos);
+    Connue = std::move(ecrit.connue);
+    return ecrit.resultat;
 }
 
 int ccZip::Decompress(const QString& cible, const QString& masque)
@@ -162,5 +168,12 @@ int ccZip::Decompress(const QString& cible, const QString& masque)
         m_infos = Ligne(m_nom, QStringLiteral("not an archive that can be opened"));
         return m_prive->lue.resultat;
     }
-    return Extraire(m_prive->lue.archive.get(), m_prive->noms, cible, masque, Limites, m_infos);
+    Extrait extrait = Extraire(m_prive->lue.archive.get(), m_prive->noms, cible, masque, Limites, m_infos);
+    Connue.reset();
+    // Files are those of the archive only if it was the same one all the time. What level it was written with does not
+    // show: the usual one.
+    if (extrait.resultat <= ZipAvertissement && m_prive->etat && EtatDe(m_nom) == m_prive->etat)
+        Connue = std::make_shared<ArchiveConnue>(
+            ArchiveConnue{m_nom, *m_prive->etat, NiveauDesCatalogues, std::move(extrait.fichiers)});
+    return extrait.resultat;
 }

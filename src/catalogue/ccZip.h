@@ -1,6 +1,8 @@
 // Catalogue archives: one object lists an archive, adds files to it, or extracts it.
 #pragma once
 
+#include "catalogue/ccZipReprise.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -29,6 +31,8 @@ enum ResultatZip {
     ZipMotDePasse = 82,   ///< no password was given, or a wrong one
 };
 
+constexpr int NiveauDesCatalogues = 5; ///< deflate level
+
 /// Bounds of an extraction, in bytes. They are what keeps a bomb from filling the disk.
 struct LimitesExtraction
 {
@@ -46,10 +50,12 @@ public:
     ccZip(const ccZip&) = delete;
     ccZip& operator=(const ccZip&) = delete;
 
-    QStringList Col;           ///< names of the archive's entries: listed by Init, then those that AddFile took
-    QString Comm;              ///< the archive comment; read by Init, written when it is not empty
-    int Level = 5;             ///< deflate level, its first digit counts; 0 stores
-    LimitesExtraction Limites; ///< for Decompress
+    QStringList Col;                 ///< names of the archive's entries: listed by Init, then those that AddFile took
+    QString Comm;                    ///< the archive comment; read by Init, written when it is not empty
+    int Level = NiveauDesCatalogues; ///< deflate level, its first digit counts; 0 stores
+    LimitesExtraction Limites;       ///< for Decompress
+    /// The archive that Decompress has read or Fermer has written; null where it cannot be known again.
+    std::shared_ptr<const ArchiveConnue> Connue;
 
     int count() const { return static_cast<int>(Col.size()); }
     const QString& Name() const { return m_nom; }
@@ -60,8 +66,11 @@ public:
     /// it holds, links to folders excepted; `junk`: without folder names. 0: taken; 1: nothing to take, such as a
     /// folder without `recurse`; 2 or more: not to be read. The bytes are read and written by Fermer.
     int AddFile(const QString& fichier, int recurse, bool junk);
-    /// Writes what AddFile took beside the archive, lists it again, and only then puts it in the archive's place: on
-    /// 2 or more nothing has changed on the disk. 0 when all was written, or nothing was taken.
+    /// Where Fermer finds files that did not change compressed already.
+    void Reprendre(Origine origine) { m_origine = std::move(origine); }
+    /// Writes what AddFile took, and lists it again. A new archive is written where it stands, and goes again when that
+    /// fails; one that is there is added to beside its place: on 2 or more nothing has changed on the disk. 0 when all
+    /// was written, or nothing was taken. Events run meanwhile, those of the user excepted.
     int Fermer();
     /// The name at a 1-based index of Col; empty outside.
     QString GetFile(int index) const;
@@ -75,6 +84,7 @@ public:
 private:
     struct Prive;
     std::unique_ptr<Prive> m_prive;
+    Origine m_origine;
     QString m_nom;
     QString m_infos;
 };

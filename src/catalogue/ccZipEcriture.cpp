@@ -1,8 +1,13 @@
-// Writing: a new archive is built beside the place where it will stand, read again, and put there by a rename.
+// Writing: a new archive is built where it will stand, an old one is added to beside its place and put there by a
+// rename; what was written is listed again.
+#include "catalogue/ccZipCible.h"
 #include "catalogue/ccZipInterne.h"
+
+#include "catalogue/Evenements.h"
 
 #include "platform/PageDeCode.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
@@ -84,28 +89,33 @@ std::vector<Attendu> Inventaire(zip_t* archive)
 }
 
 /// Where the bytes of an entry come from; null when they cannot be had.
-struct Origine
+struct Provenance
 {
     zip_source_t* source;
     int methode; ///< what the library is to do with them
 };
 
-Origine OrigineDe(zip_t* archive, const Ajout& ajout, int niveau)
+Provenance ProvenanceDe(zip_t* archive, Ajout& ajout, int niveau, const OrigineZip* origine)
 {
-    constexpr qint64 vautLaPeine = qint64(64) << 10;
-    constexpr qint64 tientEnMemoire = qint64(512) << 20;
-    const qint64 taille = QFileInfo(ajout.fichier).size();
+    constexpr off_t vautLaPeine = off_t(64) << 10;
+    constexpr off_t tientEnMemoire = off_t(512) << 20;
+    struct stat fichier;
+    if (stat(QFile::encodeName(ajout.fichier).constData(), &fichier) != 0 || !S_ISREG(fichier.st_mode))
+        return {nullptr, ZIP_CM_STORE};
+    if (niveau == 0 || fichier.st_size == 0)
+        return {CreerSourceFichier(archive, ajout, fichier), ZIP_CM_STORE};
+    if (zip_source_t* source = origine ? origine->Source(archive, ajout, fichier, niveau) : nullptr)
+        return {source, ZIP_CM_DEFAULT};
     if constexpr (ZELVANE_LIBDEFLATE) {
-        if (niveau > 0 && taille >= vautLaPeine && taille <= tientEnMemoire)
-            return {CreerSourceDeflate(archive, ajout.fichier, niveau), ZIP_CM_DEFAULT};
+        if (fichier.st_size >= vautLaPeine && fichier.st_size <= tientEnMemoire)
+            return {CreerSourceDeflate(archive, ajout, fichier, niveau), ZIP_CM_DEFAULT};
     }
     // Deflate is named on purpose: the library's default method forgets the level.
-    return {zip_source_file(archive, QFile::encodeName(ajout.fichier).constData(), 0, 0),
-            niveau > 0 && taille > 0 ? ZIP_CM_DEFLATE : ZIP_CM_STORE};
+    return {CreerSourceFichier(archive, ajout, fichier), ZIP_CM_DEFLATE};
 }
 
 /// Hands one file to the archive.
-ResultatZip Poser(zip_t* archive, const Ajout& ajout, int niveau)
+ResultatZip Poser(zip_t* archive, Ajout& ajout, int niveau, const OrigineZip* origine)
 {
     const char* nom = ajout.nom.constData();
     // The library cannot replace an entry by one of the same method: it forgets the new level.
@@ -115,7 +125,7 @@ ResultatZip Poser(zip_t* archive, const Ajout& ajout, int niveau)
     if (ajout.nom.endsWith('/'))
         return zip_dir_add(archive, nom, ZIP_FL_ENC_UTF_8) >= 0 ? ZipFait : ZipEcriture;
 
-    const auto [source, methode] = OrigineDe(archive, ajout, niveau);
+    const auto [source, methode] = ProvenanceDe(archive, ajout, niveau, origine);
     if (!source)
         return ZipLecture;
     const zip_int64_t index = zip_file_add(archive, nom, source, ZIP_FL_ENC_UTF_8);
@@ -152,46 +162,135 @@ bool EstComplet(const QString& chemin, const std::vector<Attendu>& attendus, con
            (commentaire.isEmpty() || LireCommentaire(ecrite.archive.get()) == PageDeCode::VersTexte(commentaire));
 }
 
-ResultatZip Construire(const QString& chemin, const std::vector<Ajout>& ajouts, const QByteArray& commentaire,
-                       int niveau, QString& infos)
+/// The archive to write into: the new one, or the copy of an old one.
+Archive OuvrirPourEcrire(const QString& chemin)
 {
-    Archive archive(zip_open(QFile::encodeName(chemin).constData(), ZIP_CREATE, nullptr));
+    if (QFile::exists(chemin))
+        return Archive(zip_open(QFile::encodeName(chemin).constData(), 0, nullptr));
+    zip_source_t* cible = CreerCible(chemin);
+    Archive archive(cible ? zip_open_from_source(cible, ZIP_CREATE, nullptr) : nullptr);
+    if (!archive && cible)
+        zip_source_free(cible);
+    return archive;
+}
+
+/// Keeps windows alive while an archive is being written.
+class Respiration
+{
+public:
+    explicit Respiration(zip_t* archive)
+    {
+        constexpr double pas = 0.0005; // of the whole
+        zip_register_progress_callback_with_state(archive, pas, Avance, nullptr, this);
+        m_depuis.start();
+    }
+
+private:
+    static void Avance(zip_t*, double, void* moi) { static_cast<Respiration*>(moi)->Souffler(); }
+    void Souffler()
+    {
+        constexpr qint64 intervalle = 50; // milliseconds
+        if (m_depuis.elapsed() < intervalle)
+            return;
+        LaisserPasserEvenements();
+        m_depuis.start();
+    }
+
+    QElapsedTimer m_depuis;
+};
+
+class Ecrivain
+{
+public:
+    Ecrivain(const QString& commentaire, int niveau, QString& infos)
+        : m_commentaire(OctetsDuCommentaire(commentaire)), m_niveau(niveau), m_infos(infos)
+    {
+    }
+    /// Writes a new archive, or adds to the one that is there; on failure a new one is gone again.
+    ResultatZip Construire(const QString& chemin, std::vector<Ajout>& ajouts, const OrigineZip* origine);
+
+private:
+    ResultatZip Clore(Archive archive, const QString& chemin);
+
+    QByteArray m_commentaire;
+    int m_niveau;
+    QString& m_infos;
+};
+
+ResultatZip Ecrivain::Construire(const QString& chemin, std::vector<Ajout>& ajouts, const OrigineZip* origine)
+{
+    Archive archive = OuvrirPourEcrire(chemin);
     if (!archive)
         return QFile::exists(chemin) ? ZipFormat : ZipCreation;
-    for (const Ajout& ajout : ajouts) {
-        const ResultatZip pose = Poser(archive.get(), ajout, niveau);
+    for (Ajout& ajout : ajouts) {
+        ajout.etat.reset();
+        const ResultatZip pose = Poser(archive.get(), ajout, m_niveau, origine);
         if (pose != ZipFait) {
-            infos += Ligne(ajout.fichier, Texte(*zip_get_error(archive.get())));
+            m_infos += Ligne(ajout.fichier, Texte(*zip_get_error(archive.get())));
             return pose;
         }
     }
-    const auto longueur = static_cast<zip_uint16_t>(commentaire.size());
+    return Clore(std::move(archive), chemin);
+}
+
+ResultatZip Ecrivain::Clore(Archive archive, const QString& chemin)
+{
+    const auto longueur = static_cast<zip_uint16_t>(m_commentaire.size());
     const bool ascii =
-        commentaire.isEmpty() || zip_set_archive_comment(archive.get(), commentaire.constData(), longueur) == 0;
+        m_commentaire.isEmpty() || zip_set_archive_comment(archive.get(), m_commentaire.constData(), longueur) == 0;
     if (!ascii)
         zip_set_archive_comment(archive.get(), QByteArray(longueur, '?').constData(), longueur);
 
     const std::vector<Attendu> attendus = Inventaire(archive.get());
+    const Respiration respiration(archive.get());
     if (zip_close(archive.get()) != 0) {
-        infos += Ligne(chemin, Texte(*zip_get_error(archive.get())));
+        m_infos += Ligne(chemin, Texte(*zip_get_error(archive.get())));
         return ResultatEcriture(*zip_get_error(archive.get()));
     }
     static_cast<void>(archive.release()); // closed
-    const bool complet = (ascii || PoserCommentaire(chemin, commentaire)) && EstComplet(chemin, attendus, commentaire);
-    return complet ? ZipFait : ZipEcriture;
+    if ((ascii || PoserCommentaire(chemin, m_commentaire)) && EstComplet(chemin, attendus, m_commentaire))
+        return ZipFait;
+    QFile::remove(chemin);
+    return ZipEcriture;
+}
+
+/// What is to be known of a new archive.
+std::shared_ptr<const ArchiveConnue> Connaitre(const QString& chemin, const std::vector<Ajout>& ajouts, int niveau)
+{
+    const std::optional<EtatFichier> ecrite = EtatDe(chemin), passee = EtatPasse(chemin);
+    if (!ecrite || ecrite != passee)
+        return nullptr;
+    auto connue = std::make_shared<ArchiveConnue>(ArchiveConnue{chemin, *passee, niveau, {}});
+    connue->fichiers.reserve(static_cast<qsizetype>(ajouts.size()));
+    for (size_t i = 0; i < ajouts.size(); ++i) {
+        if (ajouts[i].etat)
+            connue->fichiers.insert(ajouts[i].nom, {i, *ajouts[i].etat});
+    }
+    return connue;
 }
 
 } // namespace
 
-ResultatZip Ecrire(const QString& chemin, const std::vector<Ajout>& ajouts, const QString& commentaire, int niveau,
-                   QString& infos)
+Ecrit Ecrire(const QString& chemin, std::vector<Ajout> ajouts, const QString& commentaire, int niveau, Origine origine,
+             QString& infos)
 {
-    const FichierProvisoire provisoire(chemin);
-    if (QFile::exists(chemin) && !QFile::copy(chemin, provisoire.Chemin()))
-        return ZipCreation;
-    const ResultatZip resultat =
-        Construire(provisoire.Chemin(), ajouts, OctetsDuCommentaire(commentaire), niveau, infos);
-    return resultat == ZipFait ? provisoire.Deposer() : resultat;
+    Ecrivain ecrivain(commentaire, niveau, infos);
+    if (QFile::exists(chemin)) {
+        const FichierProvisoire provisoire(chemin);
+        if (!QFile::copy(chemin, provisoire.Chemin()))
+            return {ZipCreation, nullptr};
+        const ResultatZip resultat = ecrivain.Construire(provisoire.Chemin(), ajouts, nullptr);
+        return {resultat == ZipFait ? provisoire.Deposer() : resultat, nullptr};
+    }
+    ResultatZip resultat = ecrivain.Construire(chemin, ajouts, origine.get());
+    if (origine && (resultat != ZipFait || !origine->EstIntacte())) {
+        // Somebody wrote to the old archive, or it takes the place that the new one needs: all comes from the folder.
+        if (resultat == ZipFait)
+            QFile::remove(chemin);
+        origine.reset();
+        resultat = ecrivain.Construire(chemin, ajouts, nullptr);
+    }
+    return {resultat, resultat == ZipFait ? Connaitre(chemin, ajouts, niveau) : nullptr};
 }
 
 } // namespace zipinterne

@@ -1,5 +1,6 @@
 // Extraction into one folder. Nothing of an archive is believed: names lose their folders, files are made anew so that
 // no link is followed, sizes are added up before the first byte is written and hold while it is.
+#include "catalogue/ccZipDescripteur.h"
 #include "catalogue/ccZipInterne.h"
 
 #include "catalogue/mZipDLLProc.h"
@@ -21,37 +22,6 @@ namespace zipinterne {
 
 namespace {
 
-/// A file descriptor that closes itself.
-class Descripteur
-{
-public:
-    explicit Descripteur(int numero) : m_numero(numero) {}
-    ~Descripteur() { Fermer(); }
-    Descripteur(const Descripteur&) = delete;
-    Descripteur& operator=(const Descripteur&) = delete;
-
-    explicit operator bool() const { return m_numero >= 0; }
-    int Numero() const { return m_numero; }
-    /// False when the system found a late write error.
-    bool Fermer() { return m_numero < 0 || close(std::exchange(m_numero, -1)) == 0; }
-
-private:
-    int m_numero;
-};
-
-bool EcrireTout(int descripteur, std::span<const char> octets)
-{
-    while (!octets.empty()) {
-        const ssize_t n = write(descripteur, octets.data(), octets.size());
-        if (n < 0 && errno == EINTR)
-            continue;
-        if (n <= 0)
-            return false;
-        octets = octets.subspan(static_cast<size_t>(n));
-    }
-    return true;
-}
-
 /// An entry that is to be extracted.
 struct Choix
 {
@@ -69,6 +39,7 @@ public:
     }
 
     ResultatZip Vers(const QString& cible, const std::vector<NomLu>& noms, const QString& masque);
+    QHash<QByteArray, ArchiveConnue::Fichier> PrendreFichiers() { return std::move(m_fichiers); }
 
 private:
     static constexpr size_t TailleTampon = 256 * 1024;
@@ -79,6 +50,7 @@ private:
     ResultatZip ExtraireUn(const Choix& choix);
     ResultatZip EssayerMotsDePasse(const Choix& choix);
     ResultatZip Essayer(const Choix& choix, const QByteArray* motDePasse);
+    void Dater(int sortie, const Choix& choix);
     ResultatZip Copier(zip_file_t* source, int sortie, const Choix& choix);
     ResultatZip EchecDeLecture(zip_error_t& erreur, const Choix& choix);
     void Dire(const QString& nom, const QString& quoi) { m_infos += Ligne(nom, quoi); }
@@ -91,6 +63,7 @@ private:
     std::optional<Descripteur> m_dossier;
     std::vector<Choix> m_choisis;
     std::vector<QByteArray> m_extraits;
+    QHash<QByteArray, ArchiveConnue::Fichier> m_fichiers;
     std::optional<QByteArray> m_motDePasse; ///< the last one that fitted
     uint64_t m_reserve = 0;                 ///< what the disk keeps free
     uint64_t m_ecritsDepuisControle = 0;
@@ -222,20 +195,31 @@ ResultatZip Extraction::Essayer(const Choix& choix, const QByteArray* motDePasse
     const int dossier = m_dossier->Numero();
     const char* nom = choix.fichier.constData();
     unlinkat(dossier, nom, 0);
+    m_fichiers.remove(choix.fichier);
     Descripteur sortie(openat(dossier, nom, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
     if (!sortie) {
         Dire(choix, QStringLiteral("cannot be created"));
         return ZipDisque;
     }
     ResultatZip resultat = Copier(source.get(), sortie.Numero(), choix);
-    const timespec date{choix.etat.mtime, 0};
-    const timespec dates[2] = {date, date};
-    futimens(sortie.Numero(), dates);
+    Dater(sortie.Numero(), choix);
     if (!sortie.Fermer() && resultat == ZipFait)
         resultat = ZipDisque;
     if (resultat != ZipFait)
         unlinkat(dossier, nom, 0);
     return resultat;
+}
+
+/// Gives the file the entry's date. It is an old one, so that every later write shows in it, and the file can be known
+/// again from here on.
+void Extraction::Dater(int sortie, const Choix& choix)
+{
+    const timespec date{choix.etat.mtime, 0};
+    const timespec dates[2] = {date, date};
+    if (futimens(sortie, dates) != 0)
+        return;
+    if (const std::optional<EtatFichier> etat = EtatDe(sortie))
+        m_fichiers.insert(choix.fichier, {choix.etat.index, *etat});
 }
 
 /// Writes an entry's bytes, never more than it announces.
@@ -284,10 +268,12 @@ ResultatZip Extraction::EchecDeLecture(zip_error_t& erreur, const Choix& choix)
 
 } // namespace
 
-ResultatZip Extraire(zip_t* archive, const std::vector<NomLu>& noms, const QString& cible, const QString& masque,
-                     const LimitesExtraction& limites, QString& infos)
+Extrait Extraire(zip_t* archive, const std::vector<NomLu>& noms, const QString& cible, const QString& masque,
+                 const LimitesExtraction& limites, QString& infos)
 {
-    return Extraction(archive, limites, infos).Vers(cible, noms, masque);
+    Extraction extraction(archive, limites, infos);
+    const ResultatZip resultat = extraction.Vers(cible, noms, masque);
+    return {resultat, extraction.PrendreFichiers()};
 }
 
 } // namespace zipinterne

@@ -2,13 +2,17 @@
 #pragma once
 
 #include "catalogue/ccZip.h"
+#include "catalogue/ccZipDescripteur.h"
+#include "catalogue/ccZipReprise.h"
 
 #include <QByteArray>
 #include <QString>
 
+#include <sys/stat.h>
 #include <zip.h>
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace zipinterne {
@@ -51,21 +55,56 @@ QString NomNu(const QString& nom);
 /// Whether the whole name matches a mask of literal characters, * and ?.
 bool CorrespondAuMasque(QStringView nom, QStringView masque);
 
+struct Extrait
+{
+    ResultatZip resultat = ZipFait;
+    QHash<QByteArray, ArchiveConnue::Fichier> fichiers; ///< those that can be known again
+};
 /// Extracts; see ccZip::Decompress. What there is to say is added to `infos`.
-ResultatZip Extraire(zip_t* archive, const std::vector<NomLu>& noms, const QString& cible, const QString& masque,
-                     const LimitesExtraction& limites, QString& infos);
-
-/// A file that fits into memory as a source of deflated bytes; null when it cannot be had. Where libdeflate is.
-zip_source_t* CreerSourceDeflate(zip_t* archive, const QString& chemin, int niveau);
+Extrait Extraire(zip_t* archive, const std::vector<NomLu>& noms, const QString& cible, const QString& masque,
+                 const LimitesExtraction& limites, QString& infos);
 
 /// A file (or, when the name ends in "/", a folder) that goes into an archive.
 struct Ajout
 {
     QString fichier;
-    QByteArray nom; ///< in the archive, UTF-8
+    QByteArray nom;                                 ///< in the archive, UTF-8
+    std::optional<EtatFichier> etat = std::nullopt; ///< of the file whose bytes went in, where it can be known again
 };
-/// Adds files to an archive, a new one if there is none; see ccZip::Fermer.
-ResultatZip Ecrire(const QString& chemin, const std::vector<Ajout>& ajouts, const QString& commentaire, int niveau,
-                   QString& infos);
+
+/// A file as a source of its bytes; null when it cannot be had. The library keeps the reference while it writes.
+zip_source_t* CreerSourceFichier(zip_t* archive, Ajout& ajout, const struct stat& fichier);
+/// The same of deflated bytes, for a file that fits into memory. Where libdeflate is.
+zip_source_t* CreerSourceDeflate(zip_t* archive, Ajout& ajout, const struct stat& fichier, int niveau);
+
+struct Ecrit
+{
+    ResultatZip resultat = ZipFait;
+    std::shared_ptr<const ArchiveConnue> connue; ///< the new archive, where it can be known again
+};
+/// Adds files to an archive, a new one if there is none; see ccZip::Fermer. Takes compressed bytes over from `origine`,
+/// which may be null.
+Ecrit Ecrire(const QString& chemin, std::vector<Ajout> ajouts, const QString& commentaire, int niveau, Origine origine,
+             QString& infos);
 
 } // namespace zipinterne
+
+class OrigineZip
+{
+public:
+    OrigineZip(std::shared_ptr<const ArchiveConnue> connue, zipinterne::Descripteur fichier,
+               zipinterne::Archive archive)
+        : m_connue(std::move(connue)), m_fichier(std::move(fichier)), m_archive(std::move(archive))
+    {
+    }
+
+    /// The bytes of an unchanged file, deflated at this level, as they lie there; null when there are no such.
+    zip_source_t* Source(zip_t* archive, zipinterne::Ajout& ajout, const struct stat& fichier, int niveau) const;
+    /// Whether nobody has written to the archive since it was known.
+    bool EstIntacte() const;
+
+private:
+    std::shared_ptr<const ArchiveConnue> m_connue;
+    zipinterne::Descripteur m_fichier;
+    zipinterne::Archive m_archive;
+};

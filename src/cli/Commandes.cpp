@@ -132,7 +132,7 @@ bool EcrireDans(QrtClass& doc, const QString& chemin, FormeFichier forme)
     doc.SetCheminReel(chemin);
     if (forme == TexteSeul)
         return EcrireFichier14(doc, false);
-    return EcrireFichier(doc, false) && !doc.DossierAGarder;
+    return EcrireFichier(doc, false) && ForcerArchive(doc) && !doc.DossierAGarder;
 }
 
 /// Writes the document beside `cible` and puts it in its place once it is whole.

@@ -1,0 +1,9 @@
+#include "catalogue/Evenements.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+
+void LaisserPasserEvenements()
+{
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
+}

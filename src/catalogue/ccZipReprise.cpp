@@ -1,0 +1,171 @@
+#include "catalogue/ccZipReprise.h"
+
+#include "catalogue/ccZipInterne.h"
+
+#include <QFile>
+
+#include <fcntl.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <memory>
+#include <vector>
+
+using namespace zipinterne;
+
+namespace {
+
+/// An archive for reading, in large pieces: the library asks for small ones and seeks ahead of each.
+class SourceArchive
+{
+public:
+    explicit SourceArchive(int fichier, uint64_t taille) : m_fichier(fichier), m_taille(taille)
+    {
+        zip_error_init(&m_erreur);
+    }
+    ~SourceArchive() { zip_error_fini(&m_erreur); }
+    SourceArchive(const SourceArchive&) = delete;
+    SourceArchive& operator=(const SourceArchive&) = delete;
+
+    static zip_int64_t Commande(void* source, void* donnees, zip_uint64_t taille, zip_source_cmd_t commande);
+
+private:
+    static constexpr size_t TailleTampon = size_t(256) << 10;
+
+    zip_int64_t Lire(std::span<char> vers);
+    zip_int64_t Aller(void* ou, zip_uint64_t taille);
+    zip_int64_t Decrire(zip_stat_t& etat) const;
+
+    int m_fichier; ///< not owned
+    uint64_t m_taille;
+    zip_error_t m_erreur;
+    std::vector<char> m_tampon;
+    uint64_t m_debut = 0; ///< where the buffer's first byte stands
+    uint64_t m_position = 0;
+};
+
+zip_int64_t SourceArchive::Lire(std::span<char> vers)
+{
+    if (m_position < m_debut || m_position >= m_debut + m_tampon.size()) {
+        m_tampon.resize(TailleTampon);
+        const ssize_t lus = LireA(m_fichier, m_tampon, m_position);
+        m_tampon.resize(lus > 0 ? static_cast<size_t>(lus) : 0);
+        m_debut = m_position;
+        if (lus < 0) {
+            zip_error_set(&m_erreur, ZIP_ER_READ, errno);
+            return -1;
+        }
+    }
+    const std::span<const char> reste = std::span(m_tampon).subspan(static_cast<size_t>(m_position - m_debut));
+    const size_t rendus = std::min(vers.size(), reste.size());
+    std::copy_n(reste.begin(), rendus, vers.begin());
+    m_position += rendus;
+    return static_cast<zip_int64_t>(rendus);
+}
+
+zip_int64_t SourceArchive::Aller(void* ou, zip_uint64_t taille)
+{
+    const zip_int64_t vers = zip_source_seek_compute_offset(m_position, m_taille, ou, taille, &m_erreur);
+    if (vers < 0)
+        return -1;
+    m_position = static_cast<uint64_t>(vers);
+    return 0;
+}
+
+zip_int64_t SourceArchive::Decrire(zip_stat_t& etat) const
+{
+    zip_stat_init(&etat);
+    etat.size = m_taille;
+    etat.valid = ZIP_STAT_SIZE;
+    return sizeof(etat);
+}
+
+zip_int64_t SourceArchive::Commande(void* source, void* donnees, zip_uint64_t taille, zip_source_cmd_t commande)
+{
+    auto* moi = static_cast<SourceArchive*>(source);
+    switch (commande) {
+    case ZIP_SOURCE_OPEN:
+        moi->m_position = 0;
+        return 0;
+    case ZIP_SOURCE_READ:
+        return moi->Lire({static_cast<char*>(donnees), static_cast<size_t>(taille)});
+    case ZIP_SOURCE_CLOSE:
+        return 0;
+    case ZIP_SOURCE_STAT:
+        return moi->Decrire(*static_cast<zip_stat_t*>(donnees));
+    case ZIP_SOURCE_SEEK:
+        return moi->Aller(donnees, taille);
+    case ZIP_SOURCE_TELL:
+        return static_cast<zip_int64_t>(moi->m_position);
+    case ZIP_SOURCE_ERROR:
+        return zip_error_to_data(&moi->m_erreur, donnees, taille);
+    case ZIP_SOURCE_FREE:
+        delete moi;
+        return 0;
+    case ZIP_SOURCE_SUPPORTS:
+        return ZIP_SOURCE_SUPPORTS_SEEKABLE;
+    default:
+        zip_error_set(&moi->m_erreur, ZIP_ER_OPNOTSUPP, 0);
+        return -1;
+    }
+}
+
+Archive OuvrirDescripteur(int fichier, uint64_t taille)
+{
+    auto lecteur = std::make_unique<SourceArchive>(fichier, taille);
+    zip_source_t* source = zip_source_function_create(SourceArchive::Commande, lecteur.get(), nullptr);
+    if (!source)
+        return nullptr;
+    static_cast<void>(lecteur.release()); // the library frees it
+    Archive archive(zip_open_from_source(source, ZIP_RDONLY, nullptr));
+    if (!archive)
+        zip_source_free(source);
+    return archive;
+}
+
+} // namespace
+
+void FermerOrigine::operator()(OrigineZip* origine) const
+{
+    delete origine;
+}
+
+Origine OuvrirOrigine(std::shared_ptr<const ArchiveConnue> connue)
+{
+    if (!connue || connue->fichiers.isEmpty())
+        return nullptr;
+    Descripteur fichier(open(QFile::encodeName(connue->chemin).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!fichier || EtatDe(fichier.Numero()) != connue->etat)
+        return nullptr;
+    Archive archive = OuvrirDescripteur(fichier.Numero(), connue->etat.taille);
+    if (!archive)
+        return nullptr;
+    return Origine(new OrigineZip(std::move(connue), std::move(fichier), std::move(archive)));
+}
+
+zip_source_t* OrigineZip::Source(zip_t* archive, Ajout& ajout, const struct stat& fichier, int niveau) const
+{
+    const auto connu = m_connue->fichiers.constFind(ajout.nom);
+    if (niveau != m_connue->niveau || connu == m_connue->fichiers.cend() || connu->etat != VersEtat(fichier))
+        return nullptr;
+    zip_stat_t etat;
+    if (zip_stat_index(m_archive.get(), connu->index, 0, &etat) != 0)
+        return nullptr;
+    const bool reprenable =
+        etat.comp_method == ZIP_CM_DEFLATE && etat.encryption_method == ZIP_EM_NONE && etat.size == connu->etat.taille;
+    if (!reprenable)
+        return nullptr;
+    zip_source_t* source = zip_source_zip(archive, m_archive.get(), connu->index, ZIP_FL_COMPRESSED, 0, -1);
+    if (source)
+        ajout.etat = connu->etat;
+    return source;
+}
+
+bool OrigineZip::EstIntacte() const
+{
+    // The time of the last change is no help here: the deletion of the name is one.
+    std::optional<EtatFichier> etat = EtatDe(m_fichier.Numero());
+    if (etat)
+        etat->change = m_connue->etat.change;
+    return etat == m_connue->etat;
+}

@@ -1,0 +1,47 @@
+// What is known of an archive and of the folder files that it holds: a save takes their compressed bytes over from
+// there instead of compressing them again.
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QString>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+/// One state of a file on the disk. Where it is the same as before, so are the bytes: every write moves the time of the
+/// last change, which no program can set.
+struct EtatFichier
+{
+    uint64_t peripherique = 0;
+    uint64_t inode = 0;
+    uint64_t taille = 0; ///< bytes
+    int64_t modifie = 0; ///< time of the last write, nanoseconds; programs may set it
+    int64_t change = 0;  ///< time of the last change of anything, its name and rights included
+    friend bool operator==(const EtatFichier&, const EtatFichier&) = default;
+};
+
+/// An archive, and the files that it holds as they lay in the folder when it was read or written.
+struct ArchiveConnue
+{
+    struct Fichier
+    {
+        uint64_t index; ///< of the entry, from 0
+        EtatFichier etat;
+    };
+    QString chemin;
+    EtatFichier etat;
+    int niveau = 0;                      ///< deflate level of its entries
+    QHash<QByteArray, Fichier> fichiers; ///< by name in the archive, UTF-8
+};
+
+/// A known archive that is held open: it stays readable when its name goes.
+class OrigineZip;
+struct FermerOrigine
+{
+    void operator()(OrigineZip* origine) const;
+};
+using Origine = std::unique_ptr<OrigineZip, FermerOrigine>;
+/// Opens a known archive; null when nothing is known, or it is not to be had any more, or another one by now.
+Origine OuvrirOrigine(std::shared_ptr<const ArchiveConnue> connue);
