@@ -13,8 +13,10 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QScopeGuard>
 
 #include <cstdio>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -62,8 +64,12 @@ Issue DireRienEnregistre(Issue issue)
 /// Writes the archive. One that is not whole is told: its data are in the document's folder, which is kept.
 Issue EcrireArchiveEtDire(QrtClass& doc)
 {
-    if (!EcrireFichier(doc, false))
+    // Events run while the archive is written: a change that comes with one is not in it, and is still to be saved.
+    const bool modifie = std::exchange(doc.IlFautSauver, false);
+    if (!EcrireFichier(doc, false)) {
+        doc.IlFautSauver = doc.IlFautSauver || modifie;
         return DireErreurDEnregistrement();
+    }
     if (doc.DossierAGarder)
         MsgArchiveIncomplete(doc);
     return Issue::Reussie;
@@ -74,7 +80,10 @@ Issue EcrireTexteEtDire(QrtClass& doc)
 {
     if (!AccepterPerteDeCaracteres(doc))
         return Issue::Manquee;
-    return EcrireFichier14(doc, false) ? Issue::Reussie : DireErreurDEnregistrement();
+    if (!EcrireFichier14(doc, false))
+        return DireErreurDEnregistrement();
+    doc.IlFautSauver = false;
+    return Issue::Reussie;
 }
 
 // ---- Save As
@@ -182,12 +191,14 @@ void Sauvegarder(QrtClass& doc)
     if (!toujours && doc.NbSauv() != u"0")
         return;
     doc.SetNbSauv(QString::number(doc.NbSauv().toInt() + 1));
-    // The backup before stays until the new one is whole.
-    const QString copie = doc.CheminReel() + u".bak"_s, neuve = copie + u'~';
+    // The backup before stays until the new one is whole. The name of the copy is short: the other one may be as long
+    // as a name can be.
+    const QString copie = doc.CheminReel() + u".bak"_s;
+    const QString neuve = QFileInfo(copie).absolutePath() + u"/.zelvane-bak~"_s;
     QFile::remove(neuve);
-    if (QFile::copy(doc.CheminReel(), neuve))
-        std::rename(QFile::encodeName(neuve).constData(), QFile::encodeName(copie).constData());
-    else
+    const bool faite = QFile::copy(doc.CheminReel(), neuve) &&
+                       std::rename(QFile::encodeName(neuve).constData(), QFile::encodeName(copie).constData()) == 0;
+    if (!faite)
         QFile::remove(neuve);
 }
 
@@ -225,10 +236,8 @@ Issue Ecrire(QrtClass& doc, bool saveAs)
     if (!sous)
         return Issue::Manquee;
     const Issue issue = doc.CheminReel().isEmpty() || *sous ? EnregistrerSous(doc) : EnregistrerSurPlace(doc);
-    if (issue == Issue::Reussie) {
-        doc.IlFautSauver = false;
+    if (issue == Issue::Reussie)
         AjouterRecent(doc.CheminReel());
-    }
     return issue;
 }
 
@@ -249,6 +258,13 @@ QString FiltreDesCatalogues()
 
 bool Enregistrer(QrtClass& doc, bool saveAs, bool sansQuestion)
 {
+    // The flag of the windows will not do here: it may stay up after a save.
+    static bool enregistre = false;
+    if (enregistre)
+        return false;
+    enregistre = true;
+    const auto fini = qScopeGuard([] { enregistre = false; });
+
     EnCoursDeSauvegarde = true;
     if (!sansQuestion) {
         if (!doc.IlFautSauver && !saveAs)
@@ -269,7 +285,11 @@ bool PeutFermer(QrtClass& doc)
     if (EnCoursDeSauvegarde)
         return false;
     // A save may leave the flag up: the window then waits for one that ends in order.
-    return !doc.IlFautSauver || (Enregistrer(doc, false, false) && !EnCoursDeSauvegarde);
+    if (doc.IlFautSauver && (!Enregistrer(doc, false, false) || EnCoursDeSauvegarde))
+        return false;
+    if (!ForcerArchive(doc))
+        MsgArchiveIncomplete(doc);
+    return true;
 }
 
 void EnregistrerTout(Cadre& cadre)

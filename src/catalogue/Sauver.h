@@ -15,10 +15,12 @@ QString FiltreDesCatalogues();
 /// Saves `doc`. `saveAs`: asks for a path and a type first, as a document without a path always does. Without
 /// `sansQuestion` an unchanged document is left alone, and a changed one asks whether to save it.
 /// True when the caller may go on: saved, nothing to do, or the changes are to be dropped. Messages: "msg59" to
-/// "msg63", "msg46", "msg72"; "msgArchive" when the archive could not be written in full.
+/// "msg63", "msg46", "msg72"; "msgArchive" when the archive could not be written in full. Asked for again by an event
+/// while it runs, it does nothing and returns false.
 bool Enregistrer(QrtClass& doc, bool saveAs, bool sansQuestion);
 
 /// Whether the window of `doc` may close: no save runs, and its changes are saved or to be dropped. Asks about them.
+/// What was saved is on the disk then: the folder may go.
 bool PeutFermer(QrtClass& doc);
 
 /// Saves every open document without a question, changed or not, oldest window first; one without a path goes through
