@@ -2,14 +2,16 @@
 
 #include "base/Const_Vrac.h"
 #include "base/Icones.h"
+#include "base/MenuSurgissant.h"
 #include "base/Options.h"
 #include "catalogue/Dependance.h"
 #include "catalogue/QrtClass.h"
-#include "entries/MenuSupprimer.h"
 #include "entries/ModeleASupprimer.h"
 #include "extensions/LangForm.h"
 #include "images/SupprimerImage.h"
 #include "ui_frmSuppr.h"
+
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -79,27 +81,13 @@ void frmSuppr::CocherSurlignees(bool cochees)
         m_modele->Cocher(premiere, derniere, cochees);
 }
 
+/// The items of the menu are the buttons, in another order.
 void frmSuppr::MontrerMenu(const QPoint& place)
 {
-    switch (DemanderMenuSupprimer(m_ui->ListView1->viewport()->mapToGlobal(place))) {
-    case ChoixSupprimer::Cocher:
-        m_ui->btCSel->click();
-        break;
-    case ChoixSupprimer::Decocher:
-        m_ui->btUSel->click();
-        break;
-    case ChoixSupprimer::ToutCocher:
-        m_ui->btTout->click();
-        break;
-    case ChoixSupprimer::ToutDecocher:
-        m_ui->btRien->click();
-        break;
-    case ChoixSupprimer::Inverser:
-        m_ui->btInverser->click();
-        break;
-    case ChoixSupprimer::Aucun:
-        break;
-    }
+    QPushButton* const boutons[] = {m_ui->btCSel, m_ui->btUSel, m_ui->btTout, m_ui->btRien, m_ui->btInverser};
+    const int choix = ChoisirDansMenu(u"mMenuSupprimer"_s, m_ui->ListView1->viewport()->mapToGlobal(place));
+    if (choix >= 1 && choix <= std::ssize(boutons))
+        boutons[choix - 1]->click();
 }
 
 void frmSuppr::Supprimer()

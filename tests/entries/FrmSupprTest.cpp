@@ -1,7 +1,7 @@
 #include "entries/frmSuppr.h"
 
 #include "base/Const_Vrac.h"
-#include "entries/MenuSupprimer.h"
+#include "base/MenuSurgissant.h"
 #include "entries/VueDeListe.h"
 #include "extensions/modLang.h"
 #include "support/Accessibilite.h"
@@ -9,7 +9,9 @@
 #include "support/PlateformeDeTest.h"
 #include "support/TableDeTest.h"
 
+#include <QApplication>
 #include <QCheckBox>
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QImage>
 #include <QLabel>
@@ -263,24 +265,35 @@ TEST_F(FrmSupprTest, TheHighlightedRowsAreCheckedAndUnchecked)
 TEST_F(FrmSupprTest, ThePopUpMenuDoesWhatTheButtonsDo)
 {
     Entrees({"a", "b", "c"});
-    ChoixSupprimer choix = ChoixSupprimer::Aucun;
-    const MenuSupprimer avant = InstallerMenuSupprimer([&](const QPoint&) { return choix; });
+    struct : PresentateurMenus
+    {
+        int Choisir(const QString& menu, const QPoint& endroit) override
+        {
+            EXPECT_EQ(menu, "mMenuSupprimer");
+            EXPECT_EQ(endroit, attendu);
+            return choix;
+        }
+        QPoint attendu;
+        int choix = 0;
+    } menus;
+    PresentateurMenus* avant = InstallerPresentateur(&menus);
     Lancer([&](QWidget& form) {
-        const auto choisir = [&](ChoixSupprimer lequel) {
-            choix = lequel;
-            emit Liste(form).customContextMenuRequested(QPoint(5, 5));
+        const auto choisir = [&](int item) {
+            menus.choix = item;
+            menus.attendu = Liste(form).viewport()->mapToGlobal(QPoint(5, 5));
+            QContextMenuEvent demande(QContextMenuEvent::Mouse, QPoint(5, 5), menus.attendu);
+            QApplication::sendEvent(Liste(form).viewport(), &demande);
             return Coches(form);
         };
         CliquerSurLigne(form, 2);
-        EXPECT_EQ(choisir(ChoixSupprimer::Decocher), "x-x");
-        EXPECT_EQ(choisir(ChoixSupprimer::Inverser), "-x-");
-        EXPECT_EQ(choisir(ChoixSupprimer::ToutCocher), "xxx");
-        EXPECT_EQ(choisir(ChoixSupprimer::ToutDecocher), "---");
-        EXPECT_EQ(choisir(ChoixSupprimer::Cocher), "-x-");
-        EXPECT_EQ(choisir(ChoixSupprimer::Aucun), "-x-");
+        EXPECT_EQ(choisir(2), "x-x") << "mDecocher";
+        EXPECT_EQ(choisir(5), "-x-") << "mInverser";
+        EXPECT_EQ(choisir(3), "xxx") << "mToutCocher";
+        EXPECT_EQ(choisir(4), "---") << "mToutDecocher";
+        EXPECT_EQ(choisir(1), "-x-") << "mCocher";
+        EXPECT_EQ(choisir(0), "-x-") << "left without a choice";
     });
-    InstallerMenuSupprimer(avant);
-    EXPECT_EQ(DemanderMenuSupprimer(QPoint()), ChoixSupprimer::Aucun) << "without a menu";
+    InstallerPresentateur(avant);
 }
 
 // ---- dependants
