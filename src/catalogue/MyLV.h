@@ -114,6 +114,9 @@ public:
     QStringList Valeurs() const;
     /// Writes one value a column, from the first, at once.
     void EcrireValeurs(const QStringList& valeurs);
+    /// Writes the values that are given, from the first column, and the image if one is given, at once; the others
+    /// stay.
+    void Modifier(const std::vector<std::optional<QString>>& valeurs, const std::optional<QString>& image);
 
     QString Key() const;
     /// False when another entry has the key; it stays then.

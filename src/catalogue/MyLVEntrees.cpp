@@ -188,6 +188,20 @@ void ListItem::EcrireValeurs(const QStringList& valeurs)
     m_table->Reecrire(m_rang, rangee);
 }
 
+void ListItem::Modifier(const std::vector<std::optional<QString>>& valeurs, const std::optional<QString>& image)
+{
+    Rangee rangee = m_table->Vue(m_rang).Lire();
+    for (size_t i = 0; i < valeurs.size(); ++i) {
+        if (!valeurs[i])
+            continue;
+        if (rangee.cellules.size() <= i)
+            rangee.cellules.resize(i + 1);
+        rangee.cellules[i] = valeurs[i];
+    }
+    rangee.image = image.value_or(rangee.image);
+    m_table->Reecrire(m_rang, rangee);
+}
+
 QString ListItem::Key() const
 {
     return m_table->m_cles.CleDe(m_rang);
