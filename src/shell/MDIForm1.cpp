@@ -268,6 +268,7 @@ void MDIForm1::RelierMenus()
     };
     commander(m_ui->mCategorie, u"addcat"_s);
     commander(m_ui->mAPropos, u"aide"_s);
+    // mImporter has no command, and it is meant: plug-ins import, from menus of their own.
     connect(m_ui->mAideDeZelvane, &QAction::triggered, this, &AfficherAide);
     connect(m_ui->mZelvaneSurLeWeb, &QAction::triggered, this, &AfficherPageDAccueil);
     connect(m_ui->mOuvrir, &QAction::triggered, this, [this] {

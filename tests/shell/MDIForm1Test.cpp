@@ -1,6 +1,9 @@
 // The frame: its menus, tool bars, load and end.
 #include "CadreEnFenetre.h"
 
+#include "extensions/Aide.h"
+#include "support/FermeModales.h"
+
 #include <QDir>
 #include <QToolBar>
 
@@ -8,7 +11,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using MDIForm1Test = CadreEnFenetre;
+class MDIForm1Test : public CadreEnFenetre
+{
+protected:
+    /// Opens a menu of the bar and clicks on an item.
+    void Choisir(const QString& menu, const QString& item) const
+    {
+        auto& ouvert = *cadre->findChild<QMenu*>(menu);
+        ouvert.popup(cadre->mapToGlobal(QPoint(0, 30)));
+        QTest::mouseClick(&ouvert, Qt::LeftButton, {}, ouvert.actionGeometry(&Menu(item)).center());
+    }
+};
 
 /// Keeps a window from being closed.
 struct Refus : QObject
@@ -51,11 +64,10 @@ TEST_F(MDIForm1Test, TheMenusCarryTheirItemsAndCaptions)
 TEST_F(MDIForm1Test, ItemsWithoutACommandAreDisabled)
 {
     Montrer();
-    for (const QString& nom :
-         {u"mScriptDEdition"_s, u"mImporter"_s, u"mComparer2Cat"_s, u"mConfiguration"_s, u"mLangue"_s})
+    for (const QString& nom : {u"mScriptDEdition"_s, u"mComparer2Cat"_s, u"mConfiguration"_s, u"mLangue"_s})
         EXPECT_FALSE(Menu(nom).isEnabled()) << nom.toStdString();
-    for (const QString& nom : {u"mCategorie"_s, u"mOuvrir"_s, u"mQuitter"_s, u"mGrandesIcones"_s, u"mAideDeZelvane"_s,
-                               u"mZelvaneSurLeWeb"_s, u"mAPropos"_s})
+    for (const QString& nom : {u"mCategorie"_s, u"mOuvrir"_s, u"mImporter"_s, u"mQuitter"_s, u"mGrandesIcones"_s,
+                               u"mAideDeZelvane"_s, u"mZelvaneSurLeWeb"_s, u"mAPropos"_s})
         EXPECT_TRUE(Menu(nom).isEnabled()) << nom.toStdString();
 }
 
@@ -97,6 +109,51 @@ TEST_F(MDIForm1Test, TheMenusOfTheActiveWindowTakeTheFramesPlaceUntilTheLastIsCl
     fenetre.Decharger();
     Laisser();
     EXPECT_EQ(MenusVisibles(), duCadre);
+}
+
+TEST_F(MDIForm1Test, ItemsHaveTheirPictures)
+{
+    Montrer();
+    for (const QString& nom : {u"mCategorie"_s, u"mOuvrir"_s, u"mQuitter"_s, u"mComparer2Cat"_s, u"mConfiguration"_s,
+                               u"mLangue"_s, u"mAideDeZelvane"_s, u"mZelvaneSurLeWeb"_s, u"mAPropos"_s})
+        EXPECT_FALSE(Menu(nom).icon().isNull()) << nom.toStdString();
+}
+
+TEST_F(MDIForm1Test, ImportDoesNothing)
+{
+    Montrer();
+    Menu(u"mImporter"_s).trigger();
+    EXPECT_TRUE(reponses.Affiches().isEmpty());
+    EXPECT_TRUE(dialogues.Demandes().isEmpty());
+    EXPECT_TRUE(cadre->Documents().empty());
+}
+
+TEST_F(MDIForm1Test, AboutShowsTheAboutBox)
+{
+    Montrer();
+    const FermeModales modales;
+    Choisir(u"mAide"_s, u"mAPropos"_s);
+    EXPECT_EQ(modales.fenetres, QStringList{u"About"_s});
+}
+
+TEST_F(MDIForm1Test, HelpIsThatOfTheProgramsFolderByMenuAndByKey)
+{
+    Montrer();
+    ProgrammesNotes& programmes = PlateformeDeTest::Courante().programmes;
+    const QString aide = DossierProgramme() + u"AideQrt/aideZelvane.html"_s;
+    Choisir(u"mAide"_s, u"mAideDeZelvane"_s);
+    QTest::keyClick(cadre.get(), Qt::Key_F1);
+    EXPECT_EQ(programmes.fichiers, QStringList({aide, aide}));
+    programmes.reponse = false;
+    QTest::keyClick(cadre.get(), Qt::Key_F1);
+    EXPECT_EQ(reponses.Cles(), QStringList{u"msg98"_s});
+}
+
+TEST_F(MDIForm1Test, TheWebIsTheHomePage)
+{
+    Montrer();
+    Choisir(u"mAide"_s, u"mZelvaneSurLeWeb"_s);
+    EXPECT_EQ(PlateformeDeTest::Courante().programmes.adresses, QStringList{PageDAccueil});
 }
 
 // ---- Recent files
