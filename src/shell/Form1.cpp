@@ -92,13 +92,13 @@ void Form1::BrancherTable()
     vue->installEventFilter(this);
     connect(vue, &VueTable::TableRafraichie, this, [this] { RedrawAll(); });
     connect(vue, &VueTable::ToucheRelachee, this, [this] { RedrawAll(); });
-    connect(vue, &VueTable::ClicDroit, this, [this] { RedrawAll(); });
+    connect(vue, &VueTable::ClicDroit, this, &Form1::ClicDroitTable);
     connect(vue, &VueTable::EntreeCliquee, this, &Form1::MontrerComptes);
     connect(vue, &VueTable::EnteteCliquee, this, &Form1::EntetePressee);
     connect(vue, &VueTable::ToucheDeCommande, this, &Form1::ToucheDeCommande);
     connect(vue, &VueTable::EntreeDoubleCliquee, this, &Form1::DoubleClicTable);
     connect(m_ui->Img, &PanneauImage::DoubleClic, this, &Form1::DoubleClicImage);
-    connect(m_ui->Img, &PanneauImage::ClicDroit, this, [this] { RedrawAll(true); });
+    connect(m_ui->Img, &PanneauImage::ClicDroit, this, &Form1::ClicDroitImage);
 
     m_bulle = new QLabel(m_ui->Contenu);
     m_bulle->setObjectName(u"myToolTipText"_s);
@@ -163,6 +163,13 @@ bool Form1::eventFilter(QObject* objet, QEvent* event)
     if (objet == m_ui->ListView1 && event->type() == QEvent::FocusIn) {
         RedrawAll();
         MajMenuRecents(*this);
+    }
+    // A key asks for the menu as well as the mouse does; its place is that of the entry with the focus.
+    if (objet == m_ui->ListView1 && event->type() == QEvent::ContextMenu &&
+        static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard) {
+        ClicDroitTable(
+            ListView1().viewport()->mapToGlobal(ListView1().visualRect(ListView1().currentIndex()).center()));
+        return true;
     }
     return QMainWindow::eventFilter(objet, event);
 }

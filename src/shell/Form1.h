@@ -96,6 +96,9 @@ private:
     void ToucheDeCommande(VueTable::Touche touche);
     void DoubleClicTable();
     void DoubleClicImage();
+    void MontrerMenuClickDroit(bool avecSelection, const QPoint& place);
+    void ClicDroitTable(const QPoint& place);
+    void ClicDroitImage(const QPoint& place);
 
     struct Item;
     struct Menu;

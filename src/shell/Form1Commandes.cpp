@@ -155,6 +155,25 @@ void Form1::DoubleClicImage()
         ItemNomme(u"mModifierEnree"_s).trigger();
 }
 
+void Form1::MontrerMenuClickDroit(bool avecSelection, const QPoint& place)
+{
+    if (BarresDuCadre* barres = BarresAutour())
+        barres->MontrerMenuClickDroit(avecSelection, place);
+}
+
+void Form1::ClicDroitTable(const QPoint& place)
+{
+    MontrerMenuClickDroit(myqrt.SelItemsCount() > 0, place);
+    RedrawAll();
+}
+
+/// The menu of a selection, whether there is one or not. That is meant.
+void Form1::ClicDroitImage(const QPoint& place)
+{
+    RedrawAll(true);
+    MontrerMenuClickDroit(true, place);
+}
+
 // ---- the category
 
 void Form1::mModifierCategorie_Click()

@@ -15,6 +15,7 @@
 #include "support/TableDeTest.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QHeaderView>
 #include <QImage>
 #include <QLabel>
@@ -91,6 +92,15 @@ protected:
         for (const QAction* menu : cadre.menuBar()->actions())
             menus.append(menu->text());
         return menus;
+    }
+    /// Closes the menu that has popped up, and tells its name; empty when none has.
+    static QString MenuSurgi()
+    {
+        QWidget* menu = QApplication::activePopupWidget();
+        const QString nom = menu ? menu->objectName() : QString();
+        if (menu)
+            menu->close();
+        return nom;
     }
     static void Passer() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 

@@ -129,3 +129,12 @@ TEST_F(ImagesTest, ADoubleClickOnThePictureEditsTheOneSelectedEntry)
     QTest::mouseDClick(&Img(fenetre), Qt::LeftButton);
     EXPECT_EQ(lancee.count(), 1);
 }
+
+TEST_F(ImagesTest, TheRightButtonOnThePanelPopsUpTheMenuOfASelection)
+{
+    const Form1& fenetre = Ouvrir();
+    EcrireOption(u"FontBold"_s, true);
+    QTest::mouseClick(&Img(fenetre), Qt::RightButton);
+    EXPECT_TRUE(fenetre.ListView1().font().bold()) << "the layout is redone first";
+    EXPECT_EQ(MenuSurgi(), "MenuClickDroit") << "also with nothing selected";
+}

@@ -1,6 +1,7 @@
 // A document's table: sorting, counts, clicks and keys.
 #include "Form1EnFenetre.h"
 
+#include <QContextMenuEvent>
 #include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
@@ -100,9 +101,41 @@ TEST_F(Form1Test, AnyKeyReleasedRefreshesTheCounts)
     EXPECT_EQ(Panneau(fenetre, 1), u"3 entrée(s)"_s);
 }
 
-TEST_F(Form1Test, TheRightButtonRefreshesTheCounts)
+TEST_F(Form1Test, TheRightButtonPopsUpTheMenuOfTheSelectionAndRefreshesTheCounts)
 {
     const Form1& fenetre = Ouvrir();
     CliquerEntree(fenetre, 1, Qt::RightButton);
+    EXPECT_EQ(MenuSurgi(), "MenuClickDroit");
     EXPECT_EQ(Panneau(fenetre, 2), u"1 selectionnée(s)"_s);
+}
+
+TEST_F(Form1Test, WithNothingSelectedTheMenuIsTheShorterOne)
+{
+    const Form1& fenetre = Ouvrir();
+    QWidget& vide = *fenetre.ListView1().viewport();
+    CliquerEntree(fenetre, 1);
+    QTest::mouseClick(&vide, Qt::RightButton, Qt::NoModifier, vide.rect().bottomLeft() + QPoint(20, -10));
+    EXPECT_EQ(MenuSurgi(), "MenuClickDroit3");
+    EXPECT_EQ(Panneau(fenetre, 2), u"0 selectionnée(s)"_s) << "the click below the entries takes the selection away";
+}
+
+TEST_F(Form1Test, SeveralSelectedEntriesKeepTheMenuOfOne)
+{
+    const Form1& fenetre = Ouvrir();
+    fenetre.ListView1().selectAll();
+    CliquerEntree(fenetre, 2, Qt::RightButton);
+    EXPECT_EQ(MenuSurgi(), "MenuClickDroit");
+    EXPECT_EQ(Panneau(fenetre, 2), u"3 selectionnée(s)"_s);
+}
+
+TEST_F(Form1Test, AKeyPopsUpTheMenuAtTheEntryWithTheFocus)
+{
+    const Form1& fenetre = Ouvrir();
+    CliquerEntree(fenetre, 2);
+    const QPoint place = fenetre.ListView1().viewport()->mapToGlobal(Milieu(fenetre, 2));
+    QContextMenuEvent touche(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QCoreApplication::sendEvent(&fenetre.ListView1(), &touche);
+    ASSERT_TRUE(QApplication::activePopupWidget());
+    EXPECT_LE((QApplication::activePopupWidget()->pos() - place).manhattanLength(), 4);
+    EXPECT_EQ(MenuSurgi(), "MenuClickDroit");
 }
