@@ -67,3 +67,23 @@ TEST_F(Form1Test, OneDocumentThatRefusesKeepsTheProgram)
     EXPECT_EQ(cadre.Documents().size(), 1);
     fenetre.myqrt.IlFautSauver = false;
 }
+
+TEST_F(Form1Test, AfterTheOlderFormTheWindowStaysUntilASaveUnderAnotherNameHasEnded)
+{
+    Form1& fenetre = Ouvrir();
+    fichiers.Preparer({dossier.Fichier(u"vieux.qrt"_s)}, 3);
+    reponses.Preparer(RepNon);
+    Commande(fenetre, u"mEnregistrerSous"_s).trigger();
+    EXPECT_TRUE(dossier.Existe(u"vieux.qrt"_s));
+    Commande(fenetre, u"mEnregistrer"_s).trigger();
+    EXPECT_EQ(reponses.Cles().last(), "msg63");
+    fenetre.Decharger();
+    EXPECT_EQ(cadre.Documents().size(), 1);
+    EXPECT_TRUE(fenetre.findChild<QWidget*>(u"wait"_s)->isVisible());
+
+    fichiers.Preparer({dossier.Fichier(u"neuf.qrt"_s)}, 2);
+    Commande(fenetre, u"mEnregistrerSous"_s).trigger();
+    EXPECT_EQ(fenetre.Caption(), "neuf.qrt");
+    fenetre.Decharger();
+    EXPECT_TRUE(cadre.Documents().empty());
+}

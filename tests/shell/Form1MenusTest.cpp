@@ -3,6 +3,7 @@
 
 #include "extensions/modLang.h"
 #include "shell/BandeOnglets.h"
+#include "support/GardeModale.h"
 
 #include <QMenu>
 #include <QSignalSpy>
@@ -242,6 +243,16 @@ TEST_F(Form1Test, WithOneDocumentLeftSaveAllAndCloseAllAreDisabledAgain)
         emit premiere.findChild<QMenu*>(u"mFichier"_s)->aboutToShow();
         EXPECT_FALSE(Commande(premiere, nom).isEnabled()) << nom.toStdString();
     }
+}
+
+TEST_F(Form1Test, TheCommandForANewCategoryAsksForItsColumns)
+{
+    const Form1& fenetre = Ouvrir();
+    const GardeModale garde([](QWidget& form) {
+        EXPECT_EQ(form.objectName(), "frmAddCategorie2");
+        form.close();
+    });
+    Commande(fenetre, u"mCategorie"_s).trigger();
 }
 
 // ---- commands of the frame
