@@ -1,5 +1,6 @@
 """Opening a catalogue from the command line, seen from outside."""
 import shutil
+import zipfile
 
 from zelvane_e2e import EXAMPLES, ProgramTest, read_catalogue, wait_until
 
@@ -9,6 +10,7 @@ class OpeningACatalogue(ProgramTest):
     def test_the_catalogue_is_shown_with_its_titles_entries_and_counts(self):
         titles, entries = read_catalogue(EXAMPLES / "discotheque.qrt")
         program = self.start(EXAMPLES / "discotheque.qrt")
+        program.close_comments()
 
         table = program.table()
 
@@ -26,15 +28,53 @@ class OpeningACatalogue(ProgramTest):
         path = self.folder() / "ma belle  collection.qrt"
         shutil.copy(EXAMPLES / "bibliotheque.qrt", path)
         program = self.start(*str(path).split(" "))
+        program.close_comments()
 
         self.assertEqual(program.table().titles(), read_catalogue(path)[0])
 
     def test_a_click_selects_an_entry_and_counts_it(self):
         program = self.start(EXAMPLES / "discotheque.qrt")
+        program.close_comments()
 
         program.table().cell(2, 0).click()
 
         program.find(name="1 selectionnée(s)")
+
+    def test_the_comments_greet_until_the_user_has_read_enough_of_them(self):
+        program = self.start(EXAMPLES / "discotheque.qrt")
+
+        text = program.comments().find(role="text").text
+        program.comments().find(name="Afficher les commentaires lors de l'ouverture.").click()
+        program.close_comments()
+
+        with zipfile.ZipFile(EXAMPLES / "discotheque.qrt") as archive:
+            self.assertEqual(text, archive.read("Zelvane.txt").decode("cp1252").replace("\r\n", "\n"))
+        self.assertEqual(program.settings()["commentatstartup"], "0")
+        program.close()
+        program = self.start(EXAMPLES / "discotheque.qrt", home=program.home)
+        program.table()
+        program.find(name="624 entrée(s)")
+        self.assertEqual(program.find_all(role="dialog"), [])
+        program.menu("Edition", "Commentaires")
+        self.assertEqual(program.close_comments(), text)
+
+    def test_comments_that_were_typed_are_saved_with_the_catalogue(self):
+        path = self.folder() / "disques.qrt"
+        shutil.copy(EXAMPLES / "discotheque.qrt", path)
+        program = self.start(path)
+        program.close_comments()
+
+        program.menu("Edition", "Commentaires")
+        program.comments()
+        program.key("ctrl+Home")
+        program.type("Lu. ")
+        program.close_comments()
+        program.key("ctrl+s")
+
+        def saved():
+            with zipfile.ZipFile(path) as archive:
+                return archive.read("Zelvane.txt").startswith(b"Lu. ")
+        wait_until(saved, "the comments in the archive")
 
     def test_a_damaged_file_is_told_and_the_frame_stays(self):
         path = self.folder() / "abime.qrt"
@@ -60,6 +100,7 @@ class OpeningACatalogue(ProgramTest):
         program.find(role="password text", name="Mot de passe")
         program.type("zelvane")
         program.key("Return")
+        program.close_comments()
 
         self.assertGreater(program.table().row_count(), 0)
 

@@ -101,6 +101,11 @@ class Widget:
         return self._accessible.name
 
     @property
+    def text(self):
+        """What stands in a field to type in."""
+        return self._accessible.queryText().getText(0, -1)
+
+    @property
     def role(self):
         return self._accessible.getRoleName()
 
@@ -205,6 +210,9 @@ class Program:
         while ahead:
             widget = ahead.pop(0)
             try:
+                # What a hidden widget holds is hidden too: the menus alone are a hundred widgets.
+                if widget is not start and not widget.has("showing"):
+                    continue
                 if self._fits(widget, role, name, table):
                     found.append(widget)
                 # A table has a child for each cell: those are reached by row and column.
@@ -259,6 +267,17 @@ class Program:
         """Walks through menus by the names of their items and clicks the last."""
         for depth, name in enumerate(names):
             self.find(role="menu item" if depth else None, name=name).click()
+
+    def comments(self):
+        """The dialog of the comments, which greets who opens a catalogue that has some."""
+        return self.find(role="dialog", name=lambda name: name.startswith("Commentaires ("))
+
+    def close_comments(self):
+        """Reads the comments that greet, closes them, and returns their text."""
+        text = self.comments().find(role="text").text
+        self.key("Escape")
+        wait_until(lambda: not self.find_all(role="dialog"), "the end of the comments")
+        return text
 
     def settings(self):
         """The named settings as they are stored, keys in lower case."""
