@@ -28,6 +28,7 @@ frmView::frmView(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::f
     m_ui->Text1->document()->setDocumentMargin(MargeTexte);
     m_ui->Partage->setStretchFactor(0, 1);
     m_ui->Partage->setStretchFactor(1, 1);
+    m_ui->Partage->setSizes({width(), width()}); // half each
     m_ui->btFirst->setIcon(Icone(u"first"_s));
     m_ui->btPrec->setIcon(Icone(u"left"_s));
     m_ui->btNext->setIcon(Icone(u"right"_s));
