@@ -4,7 +4,6 @@
 #include <QtEndian>
 
 #include <algorithm>
-#include <climits>
 
 namespace {
 
@@ -15,8 +14,11 @@ constexpr int TailleEntete = 64;
 
 EnteteImage Entete(const char* format, qint64 largeur, qint64 hauteur)
 {
-    const auto cote = [](qint64 n) { return static_cast<int>(std::clamp<qint64>(n, 0, INT_MAX)); };
-    return {format, QSize(cote(largeur), cote(hauteur)), 4 * largeur * hauteur};
+    // Longer sides are beyond all limits as well; products of these stay inside 64 bits.
+    constexpr qint64 coteAuPlus = qint64(1) << 28;
+    const qint64 l = std::clamp<qint64>(largeur, 0, coteAuPlus);
+    const qint64 h = std::clamp<qint64>(hauteur, 0, coteAuPlus);
+    return {format, QSize(static_cast<int>(l), static_cast<int>(h)), 4 * l * h};
 }
 
 template<class Entier> Entier Petit(const QByteArray& octets, qsizetype ou)
@@ -127,14 +129,19 @@ private:
     /// How many values a point has: colours often have a quarter of the points.
     bool LireComposantes(const QByteArray& octets)
     {
+        constexpr int auPlus = 4;
+        const auto permis = [](int facteur) { return facteur >= 1 && facteur <= auPlus; };
         int largeur = 1;
         int hauteur = 1;
         int somme = 0;
         for (qsizetype i = 1; i < octets.size(); i += 3) {
-            const int facteurs = uchar(octets.at(i));
-            largeur = std::max(largeur, facteurs >> 4);
-            hauteur = std::max(hauteur, facteurs & 0x0F);
-            somme += (facteurs >> 4) * (facteurs & 0x0F);
+            const int horizontal = uchar(octets.at(i)) >> 4;
+            const int vertical = uchar(octets.at(i)) & 0x0F;
+            if (!permis(horizontal) || !permis(vertical))
+                return false;
+            largeur = std::max(largeur, horizontal);
+            hauteur = std::max(hauteur, vertical);
+            somme += horizontal * vertical;
         }
         m_valeursParPoint = double(somme) / (largeur * hauteur);
         return m_composantes > 0 && octets.size() == qsizetype(3) * m_composantes;

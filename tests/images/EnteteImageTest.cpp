@@ -121,6 +121,8 @@ TEST(EnteteImage, WhatIsNoPictureHasNone)
                                      s_jpeg + Cadre(0xC0, 10, 0, "\x11") + Passage(1),
                                      s_jpeg + Cadre(0xC0, 10, 5, "") + Passage(1),
                                      s_jpeg + Segment(0xC0, "\x08") + Passage(1),
+                                     s_jpeg + Cadre(0xC0, 10, 5, "\x10") + Passage(1),
+                                     s_jpeg + Cadre(0xC0, 10, 5, "\x51") + Passage(1),
                                      s_jpeg + QByteArray(100000, '\xFF'),
                                      s_jpeg + QByteArray(100000, 'x')})
         EXPECT_EQ(Dit(octets), "-") << octets.left(40).toStdString();
