@@ -149,6 +149,17 @@ TEST_F(MDIForm1Test, HelpIsThatOfTheProgramsFolderByMenuAndByKey)
     EXPECT_EQ(reponses.Cles(), QStringList{u"msg98"_s});
 }
 
+TEST_F(MDIForm1Test, KeysThatFrameAndDocumentShareRunOnce)
+{
+    Montrer();
+    Ouvrir(u"a.qrt"_s);
+    QTest::keyClick(cadre.get(), Qt::Key_F1);
+    EXPECT_EQ(PlateformeDeTest::Courante().programmes.fichiers.size(), 1);
+    const FermeModales modales;
+    QTest::keyClick(cadre.get(), Qt::Key_N, Qt::ControlModifier);
+    EXPECT_EQ(modales.fenetres, QStringList{u"frmAddCategorie2"_s});
+}
+
 TEST_F(MDIForm1Test, TheWebIsTheHomePage)
 {
     Montrer();

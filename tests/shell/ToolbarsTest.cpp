@@ -107,6 +107,19 @@ TEST_F(CommandeTest, OpenShowsTheDialogAlsoWithoutADocument)
     EXPECT_EQ(Titres(), QStringList{u"disques.qrt"_s});
 }
 
+TEST_F(CommandeTest, ANewCategoryStartsFromTheButtonTheMenuTheKeyAndThePopUpMenus)
+{
+    Montrer();
+    const FermeModales modales;
+    QTest::keyClick(cadre.get(), Qt::Key_N, Qt::ControlModifier); // first: keys go to an active window only
+    Presser(u"addcat"_s);
+    Menu(u"mCategorie"_s).trigger();
+    for (const QString& nom : {u"mNouvelleCategorie"_s, u"mNouvelleCategorie2"_s, u"mNouvelleCategorie3"_s})
+        cadre->findChild<QWidget*>(u"frmPopup"_s)->findChild<QAction*>(nom)->trigger();
+    EXPECT_EQ(modales.fenetres, QStringList(6, u"frmAddCategorie2"_s));
+    EXPECT_TRUE(cadre->Documents().empty());
+}
+
 TEST_F(CommandeTest, OnlyTheFramesOwnCommandsGoWithoutADocument)
 {
     for (const QString& cle : SansDocument)
