@@ -1,9 +1,15 @@
 #include "shell/EtapesEnFenetres.h"
 
+#include "catalogue/DossiersLaisses.h"
 #include "catalogue/OuvrirFichiersQrt.h"
 #include "extensions/frmPresent2.h"
 #include "extensions/frmTip.h"
 #include "shell/MDIForm1.h"
+#include "shell/VeilleSecours.h"
+#include "shell/frmSecours.h"
+
+#include <utility>
+#include <vector>
 
 EtapesEnFenetres::EtapesEnFenetres() = default;
 
@@ -17,6 +23,7 @@ void EtapesEnFenetres::ChargerCadre()
 void EtapesEnFenetres::MontrerCadre()
 {
     m_cadre->show();
+    m_veille = std::make_unique<VeilleSecours>(*m_cadre);
 }
 
 void EtapesEnFenetres::DechargerCadre()
@@ -47,6 +54,13 @@ void EtapesEnFenetres::Class_Terminate98()
 void EtapesEnFenetres::MontrerPresentation()
 {
     frmPresent2(m_cadre.get()).exec();
+}
+
+void EtapesEnFenetres::ProposerSecours()
+{
+    std::vector<DossierLaisse> laisses = ChercherLaisses();
+    if (!laisses.empty())
+        frmSecours(*m_cadre, std::move(laisses), m_cadre.get()).exec();
 }
 
 void EtapesEnFenetres::MontrerAstuces()

@@ -6,6 +6,7 @@
 #include <memory>
 
 class MDIForm1;
+class VeilleSecours;
 
 class EtapesEnFenetres : public EtapesDemarrage
 {
@@ -23,6 +24,7 @@ public:
     void Class_Terminate98() override;
 
     void MontrerPresentation() override;
+    void ProposerSecours() override;
     void MontrerAstuces() override;
 
     void OuvrirFichier(const QString& chemin) override;
@@ -30,4 +32,5 @@ public:
 
 private:
     std::unique_ptr<MDIForm1> m_cadre;
+    std::unique_ptr<VeilleSecours> m_veille;
 };

@@ -30,6 +30,7 @@ void Accueillir(EtapesDemarrage& etapes)
         etapes.OuvrirFichier(LireOption(QStringLiteral("FRecent1")).toString());
         etapes.MajMenuRecents();
     }
+    etapes.ProposerSecours();
     // The setting says the opposite of its name: 1 keeps the tips away.
     const bool sansAstuces = OptionVaut(QStringLiteral("ShowTipsAtStartup"), 1);
     if (!sansAstuces && QFileInfo::exists(DossierProgramme() + QStringLiteral("astuces.txt")))
@@ -54,6 +55,7 @@ SuiteDemarrage Main(const QString& ligneDeCommande, EtapesDemarrage& etapes)
         } else {
             etapes.OuvrirFichier(ligneDeCommande);
             etapes.MajMenuRecents();
+            etapes.ProposerSecours();
         }
     }
     // Last, and on every path: nothing before may need the file.

@@ -29,6 +29,8 @@ public:
     virtual void OuvrirFichier(const QString& chemin) = 0;
     /// Brings the frame's menu of recent files up to date.
     virtual void MajMenuRecents() = 0;
+    /// Offers what a killed run left behind, if there is anything, and returns when the user has chosen.
+    virtual void ProposerSecours() = 0;
     /// Shows the tips and returns at once.
     virtual void MontrerAstuces() = 0;
 };

@@ -156,11 +156,12 @@ class Widget:
 
 
 class Program:
-    """The program, started with a command line, in a home folder of its own or in one that it had before."""
+    """The program, started with a command line, in a home folder of its own or in one where it ran before."""
 
-    def __init__(self, session, *arguments, home=None):
+    def __init__(self, session, *arguments, home=None, runtime=None):
         self.session = session
         self.home = home or session.new_home()
+        self._runtime = runtime or self.home / "runtime"
         self.log = pathlib.Path(tempfile.mkstemp(prefix="said-", suffix=".txt", dir=self.home)[1])
         with self.log.open("wb") as said:
             self._process = subprocess.Popen([str(PROGRAM), *map(str, arguments)], env=self._environment(),
@@ -172,7 +173,7 @@ class Program:
             "XDG_CONFIG_HOME": self.home / "config",
             "XDG_DATA_HOME": self.home / "data",
             "XDG_CACHE_HOME": self.home / "cache",
-            "XDG_RUNTIME_DIR": self.home / "runtime",
+            "XDG_RUNTIME_DIR": self._runtime,
             "ZELVANE_DOSSIER": self.home / "programme",
             "TMPDIR": self.home / "tmp",
         }
@@ -289,8 +290,12 @@ class Program:
                     found[name.lower()] = value
         return found
 
+    def send(self, sent):
+        """Sends the process a signal."""
+        self._process.send_signal(sent)
+
     def kill(self):
-        """Ends the program at once, as a power cut would."""
+        """Ends the process as a crash or a power cut does."""
         self._process.kill()
         self._process.wait()
 
@@ -387,9 +392,9 @@ class ProgramTest(unittest.TestCase):
         ProgramTest.session.close()
         ProgramTest.session = None
 
-    def start(self, *arguments, home=None):
-        """Starts the program; it is closed when the test ends."""
-        self.program = Program(self.session, *arguments, home=home)
+    def start(self, *arguments, home=None, runtime=None):
+        """Starts the program; it is closed when the test ends. `home`: of a run before; `runtime`: of a session."""
+        self.program = Program(self.session, *arguments, home=home, runtime=runtime)
         self.addCleanup(self.program.close)
         return self.program
 

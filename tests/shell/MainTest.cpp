@@ -29,6 +29,7 @@ public:
     void MontrerPresentation() override { Noter("presentation"); }
     void OuvrirFichier(const QString& chemin) override { Noter("ouvrir <" + chemin + ">"); }
     void MajMenuRecents() override { Noter("recents"); }
+    void ProposerSecours() override { Noter("secours"); }
     void MontrerAstuces() override { Noter("astuces"); }
 
     bool autreInstance = false;
@@ -57,7 +58,7 @@ TEST_F(MainTest, ShowsTheFrameTheStartUpWindowAndTheTipsAtAFirstStart)
 
     EXPECT_EQ(Main("", m_etapes), SuiteDemarrage::Vivre);
 
-    EXPECT_EQ(m_etapes.journal, (QStringList{"charger", "autre ?", "montrer", "presentation", "astuces"}));
+    EXPECT_EQ(m_etapes.journal, (QStringList{"charger", "autre ?", "montrer", "presentation", "secours", "astuces"}));
     EXPECT_FALSE(m_etapes.iniTropTot) << "the settings file is created last";
     EXPECT_TRUE(m_dossier.Existe("Zelvane.ini"));
 }
@@ -70,7 +71,7 @@ TEST_F(MainTest, OpensTheFileOfTheCommandLineInstead)
     EXPECT_EQ(Main("/home/é/my cds.qrt", m_etapes), SuiteDemarrage::Vivre);
 
     EXPECT_EQ(m_etapes.journal,
-              (QStringList{"charger", "autre ?", "montrer", "ouvrir </home/é/my cds.qrt>", "recents"}));
+              (QStringList{"charger", "autre ?", "montrer", "ouvrir </home/é/my cds.qrt>", "recents", "secours"}));
     EXPECT_TRUE(m_dossier.Existe("Zelvane.ini"));
 }
 
@@ -113,7 +114,7 @@ TEST_F(MainTest, OpensTheLastFileBetweenTheStartUpWindowAndTheTips)
     Main("", m_etapes);
 
     EXPECT_EQ(m_etapes.journal, (QStringList{"charger", "autre ?", "montrer", "presentation", "ouvrir </home/cds.qrt>",
-                                             "recents", "astuces"}));
+                                             "recents", "secours", "astuces"}));
 }
 
 TEST_F(MainTest, OpensTheEmptyPathWhenThereIsNoLastFile)

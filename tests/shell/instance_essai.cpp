@@ -76,6 +76,7 @@ public:
     void MontrerPresentation() override {}
     void OuvrirFichier(const QString& chemin) override { Dire("ouvert " + EnHexadecimal(chemin)); }
     void MajMenuRecents() override {}
+    void ProposerSecours() override {}
     void MontrerAstuces() override {}
 
 private:

@@ -1,0 +1,84 @@
+#include "shell/VeilleSecours.h"
+
+#include "catalogue/Cadre.h"
+#include "catalogue/SecoursDesDocuments.h"
+#include "platform/Plateforme.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QSessionManager>
+
+#include <utility>
+
+namespace {
+
+constexpr int EntreDeuxRegards = 1000; // milliseconds
+constexpr int EntreDeuxPieces = 5;     // leaves the screen more time than it takes
+
+bool EstTouche(QEvent::Type type)
+{
+    switch (type) {
+    case QEvent::KeyPress:
+    case QEvent::InputMethod:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseMove:
+    case QEvent::Wheel:
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::DragMove:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+VeilleSecours::VeilleSecours(Cadre& cadre)
+    : m_cadre(cadre), m_signaux([&cadre] {
+          LaisserAuSecours(cadre);
+          plateforme().reglages->Deposer();
+      })
+{
+    m_horloge.start();
+    m_battement.setSingleShot(true);
+    connect(&m_battement, &QTimer::timeout, this, &VeilleSecours::Battre);
+    m_battement.start(EntreDeuxRegards);
+    qGuiApp->installEventFilter(this);
+    connect(
+        qGuiApp, &QGuiApplication::commitDataRequest, this, [this](QSessionManager& session) { Repondre(session); },
+        Qt::DirectConnection);
+}
+
+bool VeilleSecours::eventFilter(QObject* objet, QEvent* event)
+{
+    if (EstTouche(event->type())) {
+        m_derniereTouche = m_horloge.elapsed();
+        if (std::exchange(m_finPermise, false))
+            ReprendreLaSession(m_cadre);
+    }
+    return QObject::eventFilter(objet, event);
+}
+
+void VeilleSecours::Battre()
+{
+    const bool encore = AvancerLesSecours(m_cadre, {m_horloge.elapsed(), m_derniereTouche});
+    m_battement.start(encore ? EntreDeuxPieces : EntreDeuxRegards);
+}
+
+bool VeilleSecours::FinirLaSession(bool questions)
+{
+    m_finPermise = PeutFinirLaSession(m_cadre, questions);
+    return m_finPermise;
+}
+
+void VeilleSecours::Repondre(QSessionManager& session)
+{
+    const bool questions = session.allowsInteraction();
+    const bool permise = FinirLaSession(questions);
+    if (questions)
+        session.release();
+    if (!permise)
+        session.cancel();
+}

@@ -1,0 +1,112 @@
+#include "shell/frmSecours.h"
+
+#include "base/Icones.h"
+#include "extensions/LangForm.h"
+#include "extensions/modLang.h"
+#include "ui_frmSecours.h"
+
+#include <QDir>
+#include <QHeaderView>
+#include <QLocale>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int CoteImage = 32;
+
+enum Colonne { ColNom, ColChemin, ColDate, ColEntrees, ColModifications };
+
+QString TexteDe(const QString& cle, const QString& defaut)
+{
+    return LangMsg(cle, defaut);
+}
+
+QStringList Titres()
+{
+    return {TexteDe(u"msgSecoursCol1"_s, u"Catégorie"_s), TexteDe(u"msgSecoursCol2"_s, u"Emplacement"_s),
+            TexteDe(u"msgSecoursCol3"_s, u"Dernière écriture"_s), TexteDe(u"msgSecoursCol4"_s, u"Entrées"_s),
+            TexteDe(u"msgSecoursCol5"_s, u"Modifications"_s)};
+}
+
+QTreeWidgetItem* Ligne(const DossierLaisse& laisse)
+{
+    const QString jamais = TexteDe(u"msgSecoursJamais"_s, u"jamais enregistrée"_s);
+    const QString chemin = QDir::toNativeSeparators(laisse.chemin);
+    auto* ligne = new QTreeWidgetItem({laisse.nom, chemin.isEmpty() ? jamais : chemin,
+                                       laisse.date.toString(u"dd/MM/yyyy HH:mm"_s),
+                                       laisse.entrees ? QLocale().toString(*laisse.entrees) : QString(),
+                                       laisse.modifie ? TexteDe(u"msgSecoursModif"_s, u"non enregistrées"_s)
+                                                      : TexteDe(u"msgSecoursSansModif"_s, u"aucune"_s)});
+    ligne->setTextAlignment(ColEntrees, Qt::AlignRight | Qt::AlignVCenter);
+    ligne->setToolTip(ColNom, laisse.nom);
+    ligne->setToolTip(ColChemin, chemin.isEmpty() ? laisse.dossier : chemin);
+    return ligne;
+}
+
+} // namespace
+
+frmSecours::frmSecours(Cadre& cadre, std::vector<DossierLaisse> laisses, QWidget* parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::frmSecours>()), m_cadre(cadre), m_laisses(std::move(laisses))
+{
+    m_ui->setupUi(this);
+    m_ui->Image1->setPixmap(Icone(u"information"_s).pixmap(CoteImage));
+    Remplir();
+    connect(m_ui->lstLaisses, &QTreeWidget::itemSelectionChanged, this, &frmSecours::Accorder);
+    connect(m_ui->lstLaisses, &QTreeWidget::itemDoubleClicked, m_ui->btOuvrir, &QPushButton::click);
+    connect(m_ui->btOuvrir, &QPushButton::clicked, this, [this] {
+        PourChaqueChoisi([this](const DossierLaisse& laisse) { return OuvrirLaisse(m_cadre, laisse); });
+    });
+    connect(m_ui->btJeter, &QPushButton::clicked, this,
+            [this] { PourChaqueChoisi([](const DossierLaisse& laisse) { return JeterLaisse(laisse), true; }); });
+    connect(m_ui->btPlusTard, &QPushButton::clicked, this, &QDialog::reject);
+    LangForm(*this);
+    setAccessibleDescription(m_ui->Label1->text());
+}
+
+frmSecours::~frmSecours() = default;
+
+void frmSecours::Remplir()
+{
+    QTreeWidget* liste = m_ui->lstLaisses;
+    liste->setHeaderLabels(Titres());
+    liste->headerItem()->setTextAlignment(ColEntrees, Qt::AlignRight | Qt::AlignVCenter);
+    for (const DossierLaisse& laisse : m_laisses)
+        liste->addTopLevelItem(Ligne(laisse));
+    liste->header()->setStretchLastSection(false);
+    for (const Colonne colonne : {ColNom, ColDate, ColEntrees, ColModifications})
+        liste->header()->setSectionResizeMode(colonne, QHeaderView::ResizeToContents);
+    liste->header()->setSectionResizeMode(ColChemin, QHeaderView::Stretch);
+    liste->setCurrentItem(liste->topLevelItem(0));
+    liste->setFocus();
+}
+
+void frmSecours::Accorder()
+{
+    const bool choisi = !m_ui->lstLaisses->selectedItems().isEmpty();
+    m_ui->btOuvrir->setEnabled(choisi);
+    m_ui->btJeter->setEnabled(choisi);
+}
+
+/// What was done leaves the list; the line in its place is the next to choose.
+void frmSecours::PourChaqueChoisi(const std::function<bool(const DossierLaisse&)>& faire)
+{
+    QTreeWidget* liste = m_ui->lstLaisses;
+    int suivante = 0;
+    for (int i = 0; i < liste->topLevelItemCount();) {
+        if (!liste->topLevelItem(i)->isSelected() || !faire(m_laisses[static_cast<size_t>(i)])) {
+            ++i;
+            continue;
+        }
+        m_laisses.erase(m_laisses.begin() + i);
+        delete liste->takeTopLevelItem(i);
+        suivante = i;
+    }
+    if (m_laisses.empty())
+        return accept();
+    if (liste->selectedItems().isEmpty())
+        liste->setCurrentItem(liste->topLevelItem(qMin(suivante, liste->topLevelItemCount() - 1)));
+    Accorder();
+}

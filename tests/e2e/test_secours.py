@@ -1,0 +1,112 @@
+"""Coming back after a kill: unsaved changes, images and comments are offered, opened or thrown away."""
+import os
+import shutil
+import signal
+import time
+
+from zelvane_e2e import EXAMPLES, ProgramTest, click_at, read_catalogue, wait_until
+
+
+class ComingBackAfterAKill(ProgramTest):
+
+    def temporary(self, home):
+        return home / "programme" / "temp"
+
+    def left(self, home):
+        """What lies below the folder of temporary folders."""
+        return sorted(path.name for path in self.temporary(home).iterdir())
+
+    def copy(self, home):
+        """The rescue copy that holds unsaved changes, if there is one."""
+        return next((path for path in self.temporary(home).glob("*.secours") if b"\r\nTexte=1\r\n" in path.read_bytes()),
+                    None)
+
+    def edit(self):
+        """Opens an example and sorts it by its second title, which makes it a document with unsaved changes."""
+        self.path = self.folder() / "discotheque.qrt"
+        shutil.copy(EXAMPLES / "discotheque.qrt", self.path)
+        program = self.start(self.path)
+        titles, entries = read_catalogue(self.path)
+        table = program.table()
+        wait_until(lambda: table.row(0) == entries[0], "the table")
+        x, y, width, _ = table.cell(0, 1).area()
+        click_at(x + width // 2, y - 10)
+        self.first = min(entries, key=lambda entry: entry[1].casefold())
+        wait_until(lambda: table.row(0)[1] == self.first[1], "the new order")
+        return program
+
+    def edit_and_kill(self):
+        program = self.edit()
+        wait_until(lambda: self.copy(program.home), "the rescue copy")
+        program.kill()
+        return program.home
+
+    def test_unsaved_changes_come_back_with_their_images(self):
+        home = self.edit_and_kill()
+        images = {path.name for path in self.temporary(home).glob("cat*/*") if not path.name.startswith("Zelvane")}
+        self.assertTrue(images)
+
+        program = self.start(EXAMPLES / "bibliotheque.qrt", home=home)
+        program.find(role="push button", name="Ouvrir")
+        program.find(name="non enregistrées")
+        program.key("Return")
+
+        wait_until(lambda: any("discotheque.qrt (récupéré)" in title for title in program.window_titles()),
+                   "the document")
+        wait_until(lambda: program.table().row(0)[1] == self.first[1], "the order that was never saved")
+        found = {path.name for path in self.temporary(home).glob("cat*/*")}
+        self.assertLessEqual(images, found)
+        program.key("ctrl+s")
+        program.find(name=lambda name: "Enregistrer La Categorie Sous" in name)
+
+    def test_what_is_thrown_away_is_never_offered_again(self):
+        home = self.edit_and_kill()
+
+        program = self.start("/nulle/part.qrt", home=home)
+        program.find(name="Erreur lors de l'ouverture : le fichier n'existe pas")
+        program.key("Return")
+        program.find(role="push button", name="Jeter").click()
+
+        wait_until(lambda: self.left(home) == [], "the end of the folder")
+        wait_until(lambda: len(program.window_titles()) == 1, "the end of the dialog")
+
+    def test_later_is_later(self):
+        home = self.edit_and_kill()
+        before = self.left(home)
+
+        program = self.start(EXAMPLES / "bibliotheque.qrt", home=home)
+        program.find(role="push button", name="Plus tard")
+        program.key("Escape")
+        wait_until(lambda: not program.find_all(role="push button", name="Plus tard"), "the end of the dialog")
+        self.assertLessEqual(set(before), set(self.left(home)))
+        program.close()
+
+        program = self.start(EXAMPLES / "bibliotheque.qrt", home=home)
+        program.find(role="push button", name="Plus tard")
+
+    def test_a_polite_end_leaves_the_changes_at_once(self):
+        for end in (signal.SIGTERM, signal.SIGHUP, signal.SIGINT):
+            with self.subTest(end=end):
+                program = self.edit()
+                program.send(end)
+                self.assertEqual(program.wait_for_end(), -end)
+                self.assertIsNotNone(self.copy(program.home))
+
+    def test_a_polite_end_without_changes_leaves_nothing(self):
+        program = self.start(EXAMPLES / "discotheque.qrt")
+        program.table()
+        wait_until(lambda: self.left(program.home), "the document's folder")
+        program.send(signal.SIGTERM)
+        program.wait_for_end()
+        self.assertEqual(self.left(program.home), [])
+
+    def test_a_running_programs_documents_are_not_offered(self):
+        first = self.edit()
+        wait_until(lambda: self.copy(first.home), "the rescue copy")
+        # Of another session, so that it does not hand its file over.
+        second = self.start(EXAMPLES / "bibliotheque.qrt", home=first.home, runtime=self.folder())
+        second.table()
+        time.sleep(1)
+        self.assertEqual(second.find_all(role="push button", name="Plus tard"), [])
+        second.close()
+        first.close()

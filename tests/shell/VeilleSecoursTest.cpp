@@ -1,0 +1,112 @@
+#include "shell/VeilleSecours.h"
+
+#include "catalogue/CopieDeSecours.h"
+#include "shell/CadreEnFenetre.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+#include <ctime>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Veille : public CadreEnFenetre
+{
+protected:
+    Form1& OuvrirEtVeiller()
+    {
+        Montrer();
+        veille = std::make_unique<VeilleSecours>(*cadre);
+        return Ouvrir(u"disques.qrt"_s);
+    }
+    static bool Ecrit(const QrtClass& doc)
+    {
+        const auto identite = LireIdentite(FichierDeSecours(doc.TmpFolder));
+        return identite && identite->texte;
+    }
+
+    std::unique_ptr<VeilleSecours> veille;
+};
+
+double SecondesDeCeFil()
+{
+    timespec temps{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &temps);
+    return static_cast<double>(temps.tv_sec) + static_cast<double>(temps.tv_nsec) * 1e-9;
+}
+
+} // namespace
+
+TEST_F(Veille, WritesUnsavedChangesWhileTheUserPauses)
+{
+    Form1& fenetre = OuvrirEtVeiller();
+    fenetre.myqrt.MyLV->ListItems(1).SetText(u"Dummy"_s);
+    fenetre.myqrt.IlFautSauver = true;
+    QElapsedTimer depuis;
+    for (depuis.start(); !depuis.hasExpired(3500);) {
+        QTest::mouseMove(&fenetre.ListView1(), QPoint(static_cast<int>(depuis.elapsed() % 50), 5));
+        QTest::qWait(50);
+        ASSERT_FALSE(Ecrit(fenetre.myqrt)) << "the user is at work";
+    }
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Ecrit(fenetre.myqrt); }, 10000));
+
+    fenetre.myqrt.IlFautSauver = false;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !Ecrit(fenetre.myqrt); }, 5000)) << "what is saved needs none";
+    const QString copie = FichierDeSecours(fenetre.myqrt.TmpFolder);
+    fenetre.Decharger();
+    Laisser();
+    EXPECT_FALSE(QFileInfo::exists(copie));
+}
+
+TEST_F(Veille, OfAMillionEntriesTheUserFeelsNothing)
+{
+    Form1& fenetre = OuvrirEtVeiller();
+    {
+        fenetre.myqrt.MyLV->SetSorted(false);
+        for (int i = 1; i <= 1'000'000; ++i)
+            fenetre.myqrt.MyLV->ListItems.Add(0, QString(), u"Titre de l'album numéro %1"_s.arg(i));
+    }
+    Laisser();
+    fenetre.myqrt.IlFautSauver = true;
+
+    // What this thread works between two beats, not what others on the machine take from it.
+    double plusLong = 0;
+    double avant = SecondesDeCeFil();
+    QTimer battement;
+    QObject::connect(&battement, &QTimer::timeout, [&] {
+        const double maintenant = SecondesDeCeFil();
+        plusLong = std::max(plusLong, maintenant - avant);
+        avant = maintenant;
+    });
+    battement.start(1);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Ecrit(fenetre.myqrt); }, 60000));
+    EXPECT_LT(plusLong, 0.1);
+    RecordProperty("plusLongTrouEnMicrosecondes", static_cast<int>(plusLong * 1e6));
+    fenetre.myqrt.IlFautSauver = false;
+}
+
+TEST_F(Veille, TheEndOfTheSessionMayBeRefused)
+{
+    Form1& fenetre = OuvrirEtVeiller();
+    fenetre.myqrt.IlFautSauver = true;
+    reponses.Preparer(RepAnnuler);
+    EXPECT_FALSE(veille->FinirLaSession(true));
+    EXPECT_TRUE(fenetre.myqrt.IlFautSauver);
+    EXPECT_TRUE(veille->FinirLaSession(false));
+    EXPECT_TRUE(Ecrit(fenetre.myqrt));
+    fenetre.myqrt.IlFautSauver = false;
+}
+
+TEST_F(Veille, ASessionThatGoesOnKeepsTheChangesThatWereGivenUp)
+{
+    Form1& fenetre = OuvrirEtVeiller();
+    fenetre.myqrt.IlFautSauver = true;
+    reponses.Preparer(RepNon);
+    EXPECT_TRUE(veille->FinirLaSession(true));
+    EXPECT_FALSE(fenetre.myqrt.IlFautSauver);
+    QTest::keyClick(&fenetre.ListView1(), Qt::Key_Down);
+    EXPECT_TRUE(fenetre.myqrt.IlFautSauver);
+    fenetre.myqrt.IlFautSauver = false;
+}
