@@ -80,6 +80,9 @@ void ChampDEntree::Montrer(const QString& texte)
         const QScopedValueRollback silence(m_silence, true);
         lineEdit()->setText(m_dernier);
     }
+    // The open list starts at this text.
+    if (const auto element = Liste().lastIndexOf(m_dernier); element >= 0)
+        setCurrentIndex(static_cast<int>(element));
     CaretALaFin();
     if (m_dernier != texte)
         emit Change(m_dernier);

@@ -10,7 +10,8 @@
 #include "images/FichierImage.h"
 #include "ui_frmEditEntree.h"
 
-#include <QKeyEvent>
+#include <QAbstractItemView>
+#include <QLineEdit>
 #include <QShowEvent>
 #include <QSignalBlocker>
 
@@ -27,28 +28,8 @@ constexpr int LargeurValeurs = 4500;
 constexpr int LargeurComboSansListe = 3872;
 constexpr int LargeurComboAvecListe = 3590;
 
-constexpr int HauteurListe = 360;
+constexpr int Hauteur = 460;
 constexpr int CoteIcone = 16;
-
-constexpr int ColonneTitre = 0;
-constexpr int ColonneValeur = 1;
-constexpr int RoleTextes = Qt::UserRole; ///< the pre-recorded texts of a row's column
-
-/// The digit of a key from 1 to 9, else 0. The keys of the upper row count by their place, too: on French keyboards
-/// they give a digit with Shift only.
-int ChiffreDe(const QKeyEvent& touche)
-{
-    constexpr quint32 PremiereDuRang = 10; // of the keys "1" to "9" under X11 and Wayland
-    if (touche.key() >= Qt::Key_1 && touche.key() <= Qt::Key_9)
-        return touche.key() - Qt::Key_0;
-    const quint32 place = touche.nativeScanCode();
-    return place >= PremiereDuRang && place < PremiereDuRang + 9 ? static_cast<int>(place - PremiereDuRang) + 1 : 0;
-}
-
-Qt::KeyboardModifiers Modificateurs(const QKeyEvent& touche)
-{
-    return touche.modifiers() & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-}
 
 int EnPixels(const QWidget& widget, int unites)
 {
@@ -57,12 +38,16 @@ int EnPixels(const QWidget& widget, int unites)
 
 } // namespace
 
-frmEditEntree::frmEditEntree(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::frmEditEntree>())
+frmEditEntree::frmEditEntree(QWidget* parent)
+    : QDialog(parent), DemanderImage(ChoisirImage), m_ui(std::make_unique<Ui::frmEditEntree>())
 {
     m_ui->setupUi(this);
     m_ui->btplus->setIcon(Icone(u"addentree"_s));
     m_ui->btmoins->setIcon(Icone(u"delentree"_s));
     LangForm(*this);
+    // The parts of the field are told like the whole.
+    m_ui->Combo1->lineEdit()->setAccessibleName(m_ui->Combo1->accessibleName());
+    m_ui->Combo1->view()->setAccessibleName(m_ui->Combo1->accessibleName());
     MesurerControles();
     Brancher();
     m_ui->Combo1->setFocus();
@@ -75,6 +60,8 @@ void frmEditEntree::Brancher()
     m_ui->Combo1->installEventFilter(this);
     m_ui->LV->installEventFilter(this);
     m_ui->LV->viewport()->installEventFilter(this);
+    m_ui->btplus->installEventFilter(this);
+    m_ui->btmoins->installEventFilter(this);
     connect(m_ui->Combo1, &ChampDEntree::Change, this, &frmEditEntree::EcrireValeur);
     connect(m_ui->Combo1, &ChampDEntree::Entree, this, &frmEditEntree::ChargerCombo);
     connect(m_ui->LV, &QTreeWidget::itemSelectionChanged, this, &frmEditEntree::ChargerCombo);
@@ -91,14 +78,13 @@ void frmEditEntree::Brancher()
 void frmEditEntree::MesurerControles()
 {
     const int cadre = 2 * m_ui->LV->frameWidth();
-    m_ui->LV->setMinimumWidth(EnPixels(*this, LargeurTitres + LargeurValeurs) + cadre);
-    m_ui->LV->setMinimumHeight(HauteurListe / 2);
-    m_ui->LV->setColumnWidth(ColonneTitre, EnPixels(*this, LargeurTitres));
-    m_ui->LV->setColumnWidth(ColonneValeur, EnPixels(*this, LargeurValeurs));
+    // The column of the values fills what the one of the titles leaves.
+    m_ui->LV->setMinimumWidth(EnPixels(*this, LargeurTitres) + EnPixels(*this, LargeurValeurs) + cadre);
+    m_ui->LV->setColumnWidth(0, EnPixels(*this, LargeurTitres));
     for (QToolButton* bouton : {m_ui->btplus, m_ui->btmoins})
         bouton->setIconSize({CoteIcone, CoteIcone});
     MettreLargeurCombo();
-    resize(sizeHint().width(), HauteurListe);
+    resize(sizeHint().width(), Hauteur);
 }
 
 int16_t frmEditEntree::IndexPour(int position)
@@ -108,10 +94,8 @@ int16_t frmEditEntree::IndexPour(int position)
 
 void frmEditEntree::MettreCaptionAjouter(const QString& caption)
 {
-    m_ui->btAjouter->setText(caption);
-    // Alt and the first letter press a button whose caption marks no letter of its own.
-    if (m_ui->btAjouter->shortcut().isEmpty() && !caption.isEmpty())
-        m_ui->btAjouter->setShortcut(QKeySequence(u"Alt+"_s + caption.front().toUpper()));
+    // A caption that marks no letter for Alt marks its first one.
+    m_ui->btAjouter->setText(caption.contains(u'&') ? caption : QString(u'&' + caption));
 }
 
 void frmEditEntree::CacherNavigation()
@@ -124,11 +108,9 @@ void frmEditEntree::CacherNavigation()
 
 void frmEditEntree::AjouterLigne(const QString& titre, const QString& valeur, const QString& textes)
 {
-    auto* ligne = new QTreeWidgetItem(m_ui->LV, {titre, valeur});
-    ligne->setToolTip(ColonneTitre, titre);
-    ligne->setData(ColonneTitre, RoleTextes, textes);
+    m_ui->LV->Ajouter(titre, valeur, textes);
     if (NombreDeLignes() == 1)
-        ChoisirLigne(0);
+        m_ui->LV->Choisir(0);
 }
 
 void frmEditEntree::RemplirColonnes()
@@ -139,22 +121,22 @@ void frmEditEntree::RemplirColonnes()
 
 int frmEditEntree::NombreDeLignes() const
 {
-    return m_ui->LV->topLevelItemCount();
+    return m_ui->LV->Nombre();
 }
 
 QString frmEditEntree::Titre(int ligne) const
 {
-    return m_ui->LV->topLevelItem(ligne - 1)->text(ColonneTitre);
+    return m_ui->LV->Titre(ligne - 1);
 }
 
 QString frmEditEntree::Valeur(int ligne) const
 {
-    return m_ui->LV->topLevelItem(ligne - 1)->text(ColonneValeur);
+    return m_ui->LV->Valeur(ligne - 1);
 }
 
 QString frmEditEntree::Textes(int ligne) const
 {
-    return m_ui->LV->topLevelItem(ligne - 1)->data(ColonneTitre, RoleTextes).toString();
+    return m_ui->LV->Textes(ligne - 1);
 }
 
 QStringList frmEditEntree::Valeurs() const
@@ -165,31 +147,16 @@ QStringList frmEditEntree::Valeurs() const
     return valeurs;
 }
 
-QTreeWidgetItem* frmEditEntree::LigneChoisie() const
-{
-    return m_ui->LV->selectedItems().value(0);
-}
-
-/// Selects the row `rang` (from 0) alone and brings it into view.
-void frmEditEntree::ChoisirLigne(int rang)
-{
-    QTreeWidgetItem* ligne = m_ui->LV->topLevelItem(rang);
-    m_ui->LV->setCurrentItem(ligne);
-    m_ui->LV->scrollToItem(ligne);
-}
-
 /// The field's text stands in the selected row as soon as it changes, so that nothing else need fetch it there.
 void frmEditEntree::EcrireValeur(const QString& valeur)
 {
-    if (QTreeWidgetItem* ligne = LigneChoisie())
-        ligne->setText(ColonneValeur, valeur);
+    m_ui->LV->MettreValeur(m_ui->LV->Choisie(), valeur);
 }
 
 /// The width of Combo1 tells whether the row has a list: it is the narrower one then.
 void frmEditEntree::MettreLargeurCombo()
 {
-    const QTreeWidgetItem* ligne = LigneChoisie();
-    const bool aListe = ligne && !ligne->data(ColonneTitre, RoleTextes).toString().isEmpty();
+    const bool aListe = !m_ui->LV->Textes(m_ui->LV->Choisie()).isEmpty();
     const int pleine = EnPixels(*this, LargeurComboSansListe);
     const int largeur = aListe ? EnPixels(*this, LargeurComboAvecListe) : pleine;
     m_ui->Combo1->setMinimumWidth(largeur);
@@ -234,9 +201,9 @@ void frmEditEntree::EnregistrerEntree()
 
 void frmEditEntree::ChargerCombo()
 {
-    const QTreeWidgetItem* ligne = LigneChoisie();
-    if (ligne)
-        m_ui->Combo1->Montrer(ligne->text(ColonneValeur), TextesDe(ligne->data(ColonneTitre, RoleTextes).toString()));
+    const int ligne = m_ui->LV->Choisie();
+    if (ligne >= 0)
+        m_ui->Combo1->Montrer(m_ui->LV->Valeur(ligne), TextesDe(m_ui->LV->Textes(ligne)));
     else
         m_ui->Combo1->ViderListe();
     MettreLargeurCombo();
@@ -264,98 +231,6 @@ void frmEditEntree::DonnerFocusAuChamp()
     ChargerCombo();
 }
 
-// ---- Keys ----
-
-bool frmEditEntree::eventFilter(QObject* objet, QEvent* event)
-{
-    switch (event->type()) {
-    case QEvent::KeyPress:
-        if (objet == m_ui->Combo1)
-            return ToucheDuChamp(static_cast<const QKeyEvent&>(*event));
-        if (objet == m_ui->LV && ToucheDeListe(static_cast<const QKeyEvent&>(*event)))
-            return true;
-        break;
-    case QEvent::KeyRelease:
-        if (objet == m_ui->LV && static_cast<const QKeyEvent*>(event)->key() == Qt::Key_Delete)
-            m_ui->Combo1->Remplacer(QString());
-        break;
-    case QEvent::MouseButtonRelease:
-        if (objet == m_ui->LV->viewport())
-            SourisRelachee();
-        break;
-    default:
-        break;
-    }
-    return QDialog::eventFilter(objet, event);
-}
-
-bool frmEditEntree::ToucheDuChamp(const QKeyEvent& touche)
-{
-    const int cle = touche.key();
-    if (!LigneChoisie()) {
-        // Nothing typed here would reach a row. The keys that leave the field stay what they are.
-        if (cle == Qt::Key_Tab || cle == Qt::Key_Backtab || cle == Qt::Key_Escape)
-            return false;
-        m_ui->Combo1->Montrer(QString());
-        return true;
-    }
-    if (cle == Qt::Key_Return || cle == Qt::Key_Enter) {
-        // A key held down runs through no rows, and does not press the button at their end.
-        if (!touche.isAutoRepeat())
-            ToucheEntree(Modificateurs(touche));
-        return true;
-    }
-    if (Modificateurs(touche) != Qt::ControlModifier)
-        return false;
-    if (cle == Qt::Key_N || cle == Qt::Key_B) {
-        Aller(cle == Qt::Key_N ? Sens::Suivante : Sens::Precedente);
-        return true;
-    }
-    const int chiffre = ChiffreDe(touche);
-    if (chiffre > 0)
-        PrendreTexte(chiffre);
-    return chiffre > 0;
-}
-
-void frmEditEntree::ToucheEntree(Qt::KeyboardModifiers modificateurs)
-{
-    const int rang = m_ui->LV->indexOfTopLevelItem(LigneChoisie());
-    if (modificateurs == Qt::ControlModifier)
-        Ajouter();
-    else if (modificateurs == Qt::ShiftModifier && rang > 0)
-        ChoisirLigne(rang - 1);
-    else if (modificateurs == Qt::NoModifier && rang + 1 < NombreDeLignes())
-        ChoisirLigne(rang + 1);
-    else if (modificateurs == Qt::NoModifier) {
-        m_ui->LV->clearSelection();
-        m_ui->btAjouter->setFocus();
-    }
-}
-
-/// Takes text `numero` (from 1) of the list, when there is one.
-void frmEditEntree::PrendreTexte(int numero)
-{
-    const QStringList textes = m_ui->Combo1->Liste();
-    if (numero <= textes.size())
-        m_ui->Combo1->Remplacer(textes.at(numero - 1));
-}
-
-bool frmEditEntree::ToucheDeListe(const QKeyEvent& touche)
-{
-    const bool ouvre = touche.key() == Qt::Key_Return || touche.key() == Qt::Key_Enter || touche.key() == Qt::Key_F2;
-    if (ouvre && Modificateurs(touche) == Qt::NoModifier)
-        DonnerFocusAuChamp();
-    return ouvre && Modificateurs(touche) == Qt::NoModifier;
-}
-
-/// A click on a row leads to the field at once. One beside the rows leaves the last row selected.
-void frmEditEntree::SourisRelachee()
-{
-    if (QTreeWidgetItem* courante = m_ui->LV->currentItem(); courante && !LigneChoisie())
-        courante->setSelected(true);
-    DonnerFocusAuChamp();
-}
-
 // ---- Buttons ----
 
 /// True when a value holds "|": its row is selected then, and the user is told.
@@ -364,7 +239,7 @@ bool frmEditEntree::RefuserBarre()
     const int rang = ValeurInterdite(Valeurs());
     if (rang < 0)
         return false;
-    ChoisirLigne(rang);
+    m_ui->LV->Choisir(rang);
     AfficherMsg(LangMsg(u"msg68"_s, u"Le caractere  | est interdit, veuillez l'enlever"_s), MsgOk, QString());
     return true;
 }
@@ -408,11 +283,11 @@ void frmEditEntree::MontrerEntree(int position)
 
 void frmEditEntree::Memoriser()
 {
-    QTreeWidgetItem* ligne = LigneChoisie();
+    const int ligne = m_ui->LV->Choisie();
     const QString texte = m_ui->Combo1->Texte();
-    const QString textes = ligne ? ligne->data(ColonneTitre, RoleTextes).toString() : QString();
-    if (ligne && !TexteConnu(textes, texte)) {
-        ligne->setData(ColonneTitre, RoleTextes, AvecTexte(textes, texte));
+    const QString textes = m_ui->LV->Textes(ligne);
+    if (ligne >= 0 && !TexteConnu(textes, texte)) {
+        m_ui->LV->MettreTextes(ligne, AvecTexte(textes, texte));
         MettreLargeurCombo();
         m_ui->Combo1->CaretALaFin();
     }
@@ -426,10 +301,8 @@ void frmEditEntree::Oublier()
         element = static_cast<int>(m_ui->Combo1->Liste().lastIndexOf(m_ui->Combo1->Texte()));
     if (element >= 0) {
         m_ui->Combo1->Retirer(element);
-        if (QTreeWidgetItem* ligne = LigneChoisie()) {
-            ligne->setData(ColonneTitre, RoleTextes, m_ui->Combo1->Liste().join(u'|'));
-            MettreLargeurCombo();
-        }
+        m_ui->LV->MettreTextes(m_ui->LV->Choisie(), m_ui->Combo1->Liste().join(u'|'));
+        MettreLargeurCombo();
     }
     m_ui->Combo1->CaretALaFin();
     m_ui->Combo1->setFocus();
@@ -439,7 +312,7 @@ void frmEditEntree::Oublier()
 
 void frmEditEntree::ChangerImage()
 {
-    const QString choix = ChoisirImage(CheminImages, m_image);
+    const QString choix = DemanderImage(CheminImages, m_image);
     if (choix.isEmpty())
         return;
     if (choix == u"#") {
@@ -455,8 +328,8 @@ void frmEditEntree::ChangerImage()
 void frmEditEntree::MontrerImage()
 {
     const QString fichier = FichierImage(CheminImages, m_image);
-    if (!fichier.isEmpty() && !m_ui->Img->Charger(fichier))
-        m_ui->Img->Vider();
+    if (!fichier.isEmpty())
+        m_ui->Img->ChargerOuVider(fichier);
 }
 
 // ---- Life ----
@@ -474,7 +347,7 @@ void frmEditEntree::showEvent(QShowEvent* event)
     if (event->spontaneous())
         return;
     Valide = false;
-    if (!LigneChoisie() && NombreDeLignes() > 0)
-        ChoisirLigne(0);
+    if (m_ui->LV->Choisie() < 0)
+        m_ui->LV->Choisir(0);
     DonnerFocusAuChamp();
 }

@@ -18,7 +18,6 @@
 
 class MyLV;
 class QKeyEvent;
-class QTreeWidgetItem;
 
 namespace Ui {
 class frmEditEntree;
@@ -42,6 +41,8 @@ public:
 
     /// Brings an entry (from 1) into view in the document's table.
     std::function<void(int)> RendreVisible;
+    /// Asks for an image: given the folder and the present name, returns what ChoisirImage does.
+    std::function<QString(const QString&, const QString&)> DemanderImage;
 
     /// IndexEntree for an entry at `position`; 0 for one beyond 32767, which cannot be edited: ChargerEntree and
     /// EnregistrerEntree do nothing then.
@@ -91,8 +92,6 @@ private:
     void Brancher();
     void MesurerControles();
 
-    QTreeWidgetItem* LigneChoisie() const;
-    void ChoisirLigne(int rang);
     void MettreLargeurCombo();
     void EcrireValeur(const QString& valeur);
     void DonnerFocusAuChamp();
@@ -101,7 +100,6 @@ private:
     void ToucheEntree(Qt::KeyboardModifiers modificateurs);
     void PrendreTexte(int numero);
     bool ToucheDeListe(const QKeyEvent& touche);
-    void SourisRelachee();
 
     bool RefuserBarre();
     void Ajouter();
