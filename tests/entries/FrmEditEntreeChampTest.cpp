@@ -264,6 +264,7 @@ TEST_F(ChampDeLEditeur, AnEnterHeldDownDoesNotValidate)
 {
     Editer(1);
     for (int fois = 0; fois < 10; ++fois) {
+        ASSERT_EQ(FocusSur(), "Combo1");
         QKeyEvent repetee(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s, true);
         QApplication::sendEvent(qApp->focusWidget(), &repetee);
     }
