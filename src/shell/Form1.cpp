@@ -158,17 +158,24 @@ void Form1::resizeEvent(QResizeEvent* event)
     RedrawAll(true);
 }
 
+/// Where a key, which asks for the menu as well as the mouse does, gets it: at the entry with the focus, as far as that
+/// one is seen.
+QPoint Form1::PlaceDuFocus() const
+{
+    const QWidget& vue = *ListView1().viewport();
+    const QRect cellule = ListView1().visualRect(ListView1().currentIndex()) & vue.rect();
+    return vue.mapToGlobal((cellule.isEmpty() ? vue.rect() : cellule).center());
+}
+
 bool Form1::eventFilter(QObject* objet, QEvent* event)
 {
     if (objet == m_ui->ListView1 && event->type() == QEvent::FocusIn) {
         RedrawAll();
         MajMenuRecents(*this);
     }
-    // A key asks for the menu as well as the mouse does; its place is that of the entry with the focus.
     if (objet == m_ui->ListView1 && event->type() == QEvent::ContextMenu &&
         static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard) {
-        ClicDroitTable(
-            ListView1().viewport()->mapToGlobal(ListView1().visualRect(ListView1().currentIndex()).center()));
+        ClicDroitTable(PlaceDuFocus());
         return true;
     }
     return QMainWindow::eventFilter(objet, event);

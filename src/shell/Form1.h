@@ -96,6 +96,7 @@ private:
     void ToucheDeCommande(VueTable::Touche touche);
     void DoubleClicTable();
     void DoubleClicImage();
+    QPoint PlaceDuFocus() const;
     void MontrerMenuClickDroit(bool avecSelection, const QPoint& place);
     void ClicDroitTable(const QPoint& place);
     void ClicDroitImage(const QPoint& place);

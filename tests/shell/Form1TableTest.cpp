@@ -139,3 +139,19 @@ TEST_F(Form1Test, AKeyPopsUpTheMenuAtTheEntryWithTheFocus)
     EXPECT_LE((QApplication::activePopupWidget()->pos() - place).manhattanLength(), 4);
     EXPECT_EQ(MenuSurgi(), "MenuClickDroit");
 }
+
+TEST_F(Form1Test, AKeyPopsUpTheMenuInsideTheTableWhenTheFocusIsScrolledAway)
+{
+    QList<QByteArray> entrees;
+    for (int i = 100; i < 300; ++i)
+        entrees.append("Titre " + QByteArray::number(i) + "|");
+    const Form1& fenetre = Ouvrir(u"longue.qrt"_s, entrees);
+    CliquerEntree(fenetre, 1);
+    fenetre.ListView1().scrollToBottom();
+    QContextMenuEvent touche(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QCoreApplication::sendEvent(&fenetre.ListView1(), &touche);
+    ASSERT_TRUE(QApplication::activePopupWidget());
+    const QWidget& vue = *fenetre.ListView1().viewport();
+    EXPECT_TRUE(vue.rect().contains(vue.mapFromGlobal(QApplication::activePopupWidget()->pos())));
+    EXPECT_EQ(MenuSurgi(), "MenuClickDroit");
+}
