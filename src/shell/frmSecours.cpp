@@ -16,6 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int CoteImage = 32;
+constexpr int Air = 10; // between the lines of the list, in pixels
 
 enum Colonne { ColNom, ColChemin, ColDate, ColEntrees, ColModifications };
 
@@ -73,8 +74,11 @@ void frmSecours::Remplir()
     QTreeWidget* liste = m_ui->lstLaisses;
     liste->setHeaderLabels(Titres());
     liste->headerItem()->setTextAlignment(ColEntrees, Qt::AlignRight | Qt::AlignVCenter);
-    for (const DossierLaisse& laisse : m_laisses)
-        liste->addTopLevelItem(Ligne(laisse));
+    for (const DossierLaisse& laisse : m_laisses) {
+        QTreeWidgetItem* ligne = Ligne(laisse);
+        ligne->setSizeHint(ColEntrees, QSize(0, liste->fontMetrics().height() + Air));
+        liste->addTopLevelItem(ligne);
+    }
     liste->header()->setStretchLastSection(false);
     for (const Colonne colonne : {ColNom, ColDate, ColEntrees, ColModifications})
         liste->header()->setSectionResizeMode(colonne, QHeaderView::ResizeToContents);
