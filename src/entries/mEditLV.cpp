@@ -1,15 +1,151 @@
 #include "entries/mEditLV.h"
 
-bool EditerEntrees(FenetreDocument& /*fenetre*/, bool /*multiAutorise*/, bool /*navigation*/)
+#include "base/Const_Vrac.h"
+#include "base/Options.h"
+#include "catalogue/FenetreDocument.h"
+#include "entries/frmEditEntree.h"
+#include "entries/frmSuppr.h"
+#include "extensions/FenetreDessous.h"
+#include "extensions/frmAvancement.h"
+#include "extensions/modLang.h"
+#include "images/frmView.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool AccepterEditionMultiple()
 {
-    return false;
+    if (!OptionEgale(LireOption(u"MessageEditMulti"_s), 1))
+        return true;
+    const Message question =
+        LangMsg(u"msg99"_s, u"Attention, les modifications affecteront toutes les entrées sélectionnées !"_s);
+    return AfficherMsg(question, MsgOuiNonAnnuler, QString()) == RepOui;
 }
 
-bool AjouterEntree(FenetreDocument& /*fenetre*/)
+SaisieEntree SaisieDe(const frmEditEntree& form)
 {
-    return false;
+    QStringList textes;
+    for (int ligne = 1; ligne <= form.NombreDeLignes(); ++ligne)
+        textes.append(form.Textes(ligne));
+    return {form.Valeurs(), textes, form.ImgTag()};
 }
 
-void SupprimerEntrees(FenetreDocument& /*fenetre*/) {}
+void OuvrirSur(frmEditEntree& form, const FenetreDocument& fenetre)
+{
+    form.CheminImages = fenetre.myqrt.TmpFolder;
+    form.Table = fenetre.myqrt.MyLV;
+}
 
-void VoirEntree(MyLV& /*table*/, int /*index*/, const QString& /*tmpFolder*/) {}
+/// A form that only gathers: it starts with empty rows, and there is no way to another entry.
+void PreparerSaisie(frmEditEntree& form)
+{
+    form.Charge = true;
+    form.CacherNavigation();
+    form.RemplirColonnes();
+}
+
+void ChoisirSeule(FenetreDocument& fenetre, int position)
+{
+    MyLV& table = *fenetre.myqrt.MyLV;
+    ToutDeselectionner(table);
+    ListItem entree = table.ListItems(position);
+    if (!entree)
+        return;
+    entree.SetSelected(true);
+    // The focus too, so that the next command acts on the entry that is seen selected.
+    table.SetSelectedItem(entree);
+    fenetre.RendreVisible(position);
+}
+
+bool EditerPlusieurs(FenetreDocument& fenetre)
+{
+    if (!AccepterEditionMultiple())
+        return false;
+    QrtClass& doc = fenetre.myqrt;
+    frmEditEntree form(FenetreDessous());
+    OuvrirSur(form, fenetre);
+    form.setWindowTitle(LangMsg(u"msg100"_s, u"Editer de MULTIPLES entrées"_s).texte);
+    form.MettreCaptionAjouter(LangMsg(u"msg81"_s, u"Mettre à jour"_s).texte);
+    PreparerSaisie(form);
+    form.Modifie = doc.IlFautSauver;
+    form.exec();
+    doc.IlFautSauver = form.Modifie;
+    if (form.Valide) {
+        AvancementEnFenetre avancement;
+        ModifierSelection(fenetre, SaisieDe(form), avancement);
+    } else {
+        // The selection is lost, it is meant: the entry with the focus stays selected alone.
+        ChoisirSeule(fenetre, doc.MyLV->SelectedItem().Index());
+    }
+    return form.Modifie;
+}
+
+bool EditerUne(FenetreDocument& fenetre, bool navigation)
+{
+    QrtClass& doc = fenetre.myqrt;
+    const int16_t index = frmEditEntree::IndexPour(doc.MyLV->SelectedItem().Index());
+    if (index == 0)
+        return doc.IlFautSauver;
+    frmEditEntree form(FenetreDessous());
+    OuvrirSur(form, fenetre);
+    form.setWindowTitle(LangMsg(u"msg80"_s, u"Editer une entrée"_s).texte);
+    form.MettreCaptionAjouter(LangMsg(u"msg81"_s, u"Mettre à jour"_s).texte);
+    if (!navigation)
+        form.CacherNavigation();
+    form.IndexEntree = index;
+    form.Modifie = doc.IlFautSauver;
+    form.RendreVisible = [&fenetre](int ligne) { fenetre.RendreVisible(ligne); };
+    form.ChargerEntree();
+    form.exec();
+    doc.IlFautSauver = form.Modifie;
+    ChoisirSeule(fenetre, form.IndexEntree);
+    return form.Modifie;
+}
+
+} // namespace
+
+bool EditerEntrees(FenetreDocument& fenetre, bool multiAutorise, bool navigation)
+{
+    const int choisies = fenetre.myqrt.SelItemsCount();
+    if (choisies == 0)
+        return false;
+    return choisies > 1 && multiAutorise ? EditerPlusieurs(fenetre) : EditerUne(fenetre, navigation);
+}
+
+bool AjouterEntree(FenetreDocument& fenetre)
+{
+    frmEditEntree form(FenetreDessous());
+    OuvrirSur(form, fenetre);
+    form.setWindowTitle(LangMsg(u"msg82"_s, u"Ajouter une entrée"_s).texte);
+    form.MettreCaptionAjouter(LangMsg(u"msg83"_s, u"Ajouter"_s).texte);
+    PreparerSaisie(form);
+    // An image alone makes no entry: the form comes back as the user left it.
+    do {
+        form.Referme = false;
+        form.exec();
+    } while (form.Valide && form.RefuserVide());
+    if (form.Valide)
+        InscrireEntree(fenetre, SaisieDe(form));
+    return form.Valide;
+}
+
+void SupprimerEntrees(FenetreDocument& fenetre)
+{
+    QrtClass& doc = fenetre.myqrt;
+    frmSuppr form(FenetreDessous());
+    // Also to false: leaving the dialog without deleting forgets unsaved changes, and that is meant.
+    doc.IlFautSauver = form.Lancer(doc);
+    RecalculerCles(*doc.MyLV);
+}
+
+void VoirEntree(MyLV& table, int index, const QString& tmpFolder)
+{
+    if (!table.ListItems.Existe(index))
+        return;
+    frmView form(FenetreDessous());
+    form.MyLV = &table;
+    form.Dossier = tmpFolder;
+    form.Numero = index;
+    form.exec();
+}
