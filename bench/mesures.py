@@ -1,9 +1,9 @@
 #!/usr/bin/python3
 """Measures the engine against everyday tools, on one file and in one run, and holds it to limits.
 
-Parts are measured by the Google Benchmark programs bench_moteur (engine) and bench_fenetre (table view), whole commands
-as processes. Everything is done several times and the quickest counts, on both sides of a ratio: what is slower was
-disturbed by something else. Called by scripts/bench; see docs/performance.md.
+Parts are measured by the Google Benchmark programs bench_moteur (engine), bench_fenetre (table view) and bench_entrees
+(commands on all entries), whole commands as processes. Everything is done several times and the quickest counts, on both
+sides of a ratio: what is slower was disturbed by something else. Called by scripts/bench; see docs/performance.md.
 """
 import argparse
 import datetime
@@ -132,7 +132,7 @@ class Table:
             print("| " + " | ".join(cell.ljust(width) for cell, width in zip(row, widths)) + " |")
 
 
-def measure(inputs, engine, window, cli, times):
+def measure(inputs, engine, window, entries, cli, times):
     """All rows of the table."""
     table = Table()
     folder = inputs.folder
@@ -169,6 +169,12 @@ def measure(inputs, engine, window, cli, times):
     table.more("`zelvane-cli list` of a small file", listed, "/bin/true", true, 0.030)
     table.time("`RecalculerCles`", engine.seconds("RecalculerCles"), 0.020)
     table.time("`SelItemsCount`", engine.seconds("SelItemsCount"), 0.020)
+    table.ratio("edit all entries together", entries.seconds("EditionMultiple"), "iconv", iconv, 8)
+    table.ratio("list a hundredth of the entries and their dependants", entries.seconds("ListerDependantes"), "iconv",
+                iconv, 3)
+    table.ratio("list all entries for deletion, to the picture of it", entries.seconds("ImageDeLaListe"), "iconv",
+                iconv, 0.5)
+    table.ratio("delete every tenth entry", entries.seconds("SupprimerUnDixieme"), "iconv", iconv, 0.5)
     table.time("a picture of the table while it scrolls", window.seconds("ImageDeDefilement"), 0.008)
     table.time("first picture of a filled table", window.seconds("PremiereImage"), 0.100)
     table.time("select all, to the picture of it", window.seconds("ToutSelectionner"), 0.100)
@@ -197,7 +203,8 @@ def main():
     inputs = Inputs(given.travail.resolve(), entries)
     engine = Parts((given.programmes / "bench_moteur").resolve(), inputs, times, short=given.rapide)
     window = Parts((given.programmes / "bench_fenetre").resolve(), inputs, times, short=given.rapide)
-    table = measure(inputs, engine, window, cli, times)
+    commands = Parts((given.programmes / "bench_entrees").resolve(), inputs, times, short=given.rapide)
+    table = measure(inputs, engine, window, commands, cli, times)
 
     describe_machine(inputs, entries)
     table.print()

@@ -1,0 +1,150 @@
+// Commands on all entries of one large catalogue, between the user's last click and the result. Runs on the offscreen
+// platform.
+//
+// ZELVANE_BENCH_FICHIER names a bare catalogue text.
+#include "base/Avancement.h"
+#include "catalogue/FenetreDocument.h"
+#include "catalogue/FichierQrt.h"
+#include "entries/ModeleASupprimer.h"
+#include "entries/OperationsEntrees.h"
+#include "entries/VueDeListe.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+
+namespace {
+
+/// A window without a screen, on a catalogue that is loaded anew for each measurement.
+class Fenetre : public FenetreDocument
+{
+public:
+    Fenetre()
+    {
+        myqrt.MyLV = &m_table;
+        myqrt.TmpFolder = m_dossier.path() + u'/';
+        if (!QFile::link(qEnvironmentVariable("ZELVANE_BENCH_FICHIER"),
+                         myqrt.TmpFolder + QStringLiteral("Zelvane.qrt")))
+            std::abort();
+        ChargerFichier(myqrt);
+        m_table.Selectionner(1, Nombre(), true);
+    }
+    int Nombre() const { return myqrt.ItemsCount(); }
+
+    QString Caption() const override { return {}; }
+    void SetCaption(const QString&) override {}
+    void Decharger() override {}
+    void RedrawAll(bool) override {}
+    void MontrerImage(const QString&) override {}
+    void RendreVisible(int) override {}
+    void mAfficherImages_Click() override {}
+    void mModifierCategorie_Click() override {}
+    void mModifierCommentaires_Click() override {}
+    void mRechercher_Click() override {}
+
+private:
+    MyLV m_table;
+    QTemporaryDir m_dossier;
+};
+
+/// Measures `action` on a catalogue of its own, all entries selected.
+template<class Action> void Mesurer(benchmark::State& etat, Action action)
+{
+    for (auto _ : etat) {
+        etat.PauseTiming();
+        auto fenetre = std::make_unique<Fenetre>();
+        etat.ResumeTiming();
+        if (!action(*fenetre))
+            etat.SkipWithError("the command did not do its work");
+        etat.PauseTiming();
+        fenetre.reset();
+        etat.ResumeTiming();
+    }
+}
+
+void EditionMultiple(benchmark::State& etat)
+{
+    Mesurer(etat, [](Fenetre& fenetre) {
+        SansAvancement sans;
+        ModifierSelection(fenetre, {{QString(), QStringLiteral("neuf"), QStringLiteral("jazz")}, {}, {}}, sans);
+        return fenetre.myqrt.MyLV->ListItems(fenetre.Nombre()).Valeur(2) == u"neuf";
+    });
+}
+BENCHMARK(EditionMultiple)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// One entry is selected in each hundred, and brings in those that depend on it.
+void ListerDependantes(benchmark::State& etat)
+{
+    Mesurer(etat, [](Fenetre& fenetre) {
+        QrtClass& doc = fenetre.myqrt;
+        for (int i = 1; i <= fenetre.Nombre(); ++i)
+            doc.MyLV->Selectionner(i, i, i % 100 == 1);
+        doc.dependantcol = 2;
+        ListeASupprimer liste(doc);
+        SansAvancement sans;
+        liste.Remplir(true, sans);
+        return liste.Count() >= doc.SelItemsCount();
+    });
+}
+BENCHMARK(ListerDependantes)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// From the command to the first picture of the rows.
+void ImageDeLaListe(benchmark::State& etat)
+{
+    Mesurer(etat, [](Fenetre& fenetre) {
+        ListeASupprimer liste(fenetre.myqrt);
+        ModeleASupprimer modele(liste, fenetre.myqrt.MyLV->ColumnHeaders);
+        VueDeListe vue;
+        vue.Afficher(modele, fenetre.myqrt.MyLV->ColumnHeaders);
+        modele.Remplir(false);
+        vue.resize(760, 480);
+        vue.show();
+        QCoreApplication::processEvents();
+        vue.viewport()->repaint();
+        return modele.rowCount() == fenetre.Nombre();
+    });
+}
+BENCHMARK(ImageDeLaListe)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// Every tenth entry goes.
+void SupprimerUnDixieme(benchmark::State& etat)
+{
+    Mesurer(etat, [](Fenetre& fenetre) {
+        QrtClass& doc = fenetre.myqrt;
+        const int avant = fenetre.Nombre();
+        ListeASupprimer liste(doc);
+        SansAvancement sans;
+        liste.Remplir(false, sans);
+        liste.Cocher(1, avant, false);
+        for (int ligne = 10; ligne <= avant; ligne += 10)
+            liste.Cocher(ligne, ligne, true);
+        SupprimerCochees(
+            doc, liste, [](const QString&) {}, sans);
+        RecalculerCles(*doc.MyLV);
+        return fenetre.Nombre() == avant - avant / 10;
+    });
+}
+BENCHMARK(SupprimerUnDixieme)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    if (!qEnvironmentVariableIsSet("ZELVANE_BENCH_FICHIER")) {
+        std::fputs("bench_entrees: set ZELVANE_BENCH_FICHIER\n", stderr);
+        return 2;
+    }
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 2;
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
