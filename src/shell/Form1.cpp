@@ -12,7 +12,6 @@
 #include "ui_Form1.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QCloseEvent>
 #include <QHeaderView>
 #include <QLabel>
@@ -192,8 +191,7 @@ void Form1::Decharger()
 
 void Form1::closeEvent(QCloseEvent* event)
 {
-    // A dialog on show works on a document, and its caller goes on with the window.
-    if (QApplication::activeModalWidget() || !PeutFermer(myqrt)) {
+    if (!PeutFermer(myqrt)) {
         event->ignore();
         return;
     }

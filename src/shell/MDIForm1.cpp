@@ -403,7 +403,7 @@ void MDIForm1::closeEvent(QCloseEvent* event)
 {
     // All are asked before the first one goes: a single refusal leaves every window as it is.
     const auto fenetres = Documents();
-    // A dialog on show works on one of them.
+    // A dialog on show works on one of them, and another start of the program can ask for the end at any moment.
     if (QApplication::activeModalWidget() ||
         !std::ranges::all_of(fenetres, [](auto* fenetre) { return PeutFermer(fenetre->myqrt); })) {
         event->ignore();

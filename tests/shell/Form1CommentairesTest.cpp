@@ -67,7 +67,6 @@ TEST_F(Form1CommentairesTest, AreKeptWhenChangedWhileTheFileOpensButAreNoUnsaved
 TEST_F(Form1CommentairesTest, TheWindowStaysWhileTheyAreRead)
 {
     OuvrirEtLire("Mes disques", [this](QWidget& form) {
-        cadre.Documents().back()->Decharger();
         cadre.close();
         EXPECT_EQ(cadre.Documents().size(), 1);
         EXPECT_TRUE(cadre.isVisible());

@@ -8,6 +8,7 @@
 #include "images/PanneauImage.h"
 #include "shell/Form1.h"
 #include "shell/MDIForm1.h"
+#include "support/FermeModales.h"
 #include "support/FileDeFichiers.h"
 #include "support/FileDeReponses.h"
 #include "support/Impression.h"

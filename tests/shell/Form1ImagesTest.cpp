@@ -2,7 +2,6 @@
 #include "Form1EnFenetre.h"
 
 #include <QDir>
-#include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
 
@@ -122,12 +121,12 @@ TEST_F(ImagesTest, AnEntryThatIsNotThereClearsThePanel)
 TEST_F(ImagesTest, ADoubleClickOnThePictureEditsTheOneSelectedEntry)
 {
     const Form1& fenetre = Ouvrir();
-    const QSignalSpy lancee(&Commande(fenetre, u"mModifierEnree"_s), &QAction::triggered);
+    const FermeModales ouvertes;
     QTest::mouseDClick(&Img(fenetre), Qt::LeftButton);
-    EXPECT_EQ(lancee.count(), 0) << "nothing is selected";
+    EXPECT_TRUE(ouvertes.fenetres.isEmpty()) << "nothing is selected";
     CliquerEntree(fenetre, 1);
     QTest::mouseDClick(&Img(fenetre), Qt::LeftButton);
-    EXPECT_EQ(lancee.count(), 1);
+    EXPECT_EQ(ouvertes.fenetres, QStringList{u"frmEditEntree"_s});
 }
 
 TEST_F(ImagesTest, TheRightButtonOnThePanelPopsUpTheMenuOfASelection)

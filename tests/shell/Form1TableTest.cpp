@@ -49,13 +49,13 @@ TEST_F(Form1Test, AClickOnAnEntryCountsIt)
     EXPECT_EQ(Panneau(fenetre, 2), u"1 selectionnée(s)"_s);
 }
 
-TEST_F(Form1Test, ADoubleClickAsksToSeeTheOneSelectedEntry)
+TEST_F(Form1Test, ADoubleClickShowsTheOneSelectedEntry)
 {
     const Form1& fenetre = Ouvrir();
-    const QSignalSpy voir(&Commande(fenetre, u"mVoir"_s), &QAction::triggered);
+    const FermeModales ouvertes;
     CliquerEntree(fenetre, 2);
     QTest::mouseDClick(fenetre.ListView1().viewport(), Qt::LeftButton, Qt::NoModifier, Milieu(fenetre, 2));
-    EXPECT_EQ(voir.count(), 1);
+    EXPECT_EQ(ouvertes.fenetres, QStringList{u"frmView"_s});
 }
 
 TEST_F(Form1Test, ADoubleClickAmongSeveralSelectedEntriesShowsNone)
@@ -67,20 +67,19 @@ TEST_F(Form1Test, ADoubleClickAmongSeveralSelectedEntriesShowsNone)
     EXPECT_EQ(voir.count(), 0);
 }
 
-TEST_F(Form1Test, KeysOfCommandsReachTheirMenuItems)
+TEST_F(Form1Test, KeysOfCommandsOpenTheirWindows)
 {
     const Form1& fenetre = Ouvrir();
     const QList<std::tuple<Qt::Key, Qt::KeyboardModifiers, QString>> touches = {
-        {Qt::Key_Return, Qt::NoModifier, u"mModifierEnree"_s},
-        {Qt::Key_Enter, Qt::KeypadModifier, u"mModifierEnree"_s},
-        {Qt::Key_Delete, Qt::NoModifier, u"mSupprimerEntree"_s},
-        {Qt::Key_Plus, Qt::KeypadModifier, u"mEntree"_s},
+        {Qt::Key_Return, Qt::NoModifier, u"frmEditEntree"_s},   {Qt::Key_Enter, Qt::KeypadModifier, u"frmEditEntree"_s},
+        {Qt::Key_Return, Qt::ShiftModifier, u"frmView"_s},      {Qt::Key_Delete, Qt::NoModifier, u"frmSuppr"_s},
+        {Qt::Key_Plus, Qt::KeypadModifier, u"frmEditEntree"_s},
     };
+    CliquerEntree(fenetre, 1);
     for (const auto& [touche, avec, nom] : touches) {
-        QAction& commande = Commande(fenetre, nom);
-        const QSignalSpy lancee(&commande, &QAction::triggered);
+        const FermeModales ouvertes;
         QTest::keyClick(&fenetre.ListView1(), touche, avec);
-        EXPECT_EQ(lancee.count(), 1) << nom.toStdString();
+        EXPECT_EQ(ouvertes.fenetres, QStringList{nom}) << int(touche);
     }
 }
 
