@@ -5,6 +5,7 @@
 #include "catalogue/Cadre.h"
 #include "ui_Form1.h"
 
+#include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
 
@@ -33,7 +34,7 @@ struct Form1::Item
 {
     const char* nom = nullptr;
     const char16_t* caption = u"";
-    const char* touches = "";
+    const char* touches = ""; ///< shortcuts, parted by "; "
     const char* icone = "";
     /// Without a command, an item stands there disabled: its command is not built yet.
     void (Form1::*commande)() = nullptr;
@@ -67,7 +68,7 @@ struct Form1::Menus
         {"mExporter", u"E&xporter", "", "export"},
         {"mImprimer", u"Im&primer", "Ctrl+P", "print"},
         Trait,
-        {"mFermer", u"&Fermer", "Ctrl+W", "close", &Form1::Decharger},
+        {"mFermer", u"&Fermer", "Ctrl+W; Ctrl+F4", "close", &Form1::Decharger},
         {"mFermerTout", u"Fermer &Tout", "Ctrl+Shift+W", "closeall", &Form1::mFermerTout_Click},
         {.nom = "mBarRecent", .genre = Genre::Separateur},
         {"mRecent_0", u"", "", "", nullptr, Genre::Cache},
@@ -208,7 +209,7 @@ QAction* Form1::FaireItem(const Item& item)
     fait->setCheckable(item.genre == Genre::Coche);
     fait->setVisible(item.genre != Genre::Cache && (item.genre != Genre::Separateur || !item.nom));
     fait->setIcon(Icone(QLatin1StringView(item.icone)));
-    fait->setShortcut(QKeySequence::fromString(QLatin1StringView(item.touches), QKeySequence::PortableText));
+    fait->setShortcuts(QKeySequence::listFromString(QLatin1StringView(item.touches), QKeySequence::PortableText));
     if (item.genre == Genre::Touche)
         fait->setShortcutContext(Qt::WidgetShortcut);
     if (item.genre == Genre::DuCadre) {

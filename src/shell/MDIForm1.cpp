@@ -16,9 +16,12 @@
 #include "shell/frmPopup.h"
 #include "ui_MDIForm1.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QKeySequence>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QMimeData>
 #include <QScreen>
 
@@ -144,6 +147,9 @@ FenetreDocument& MDIForm1::NouvelleFenetre()
     cadre->setGeometry(place);
     cadre->setAttribute(Qt::WA_DeleteOnClose);
     cadre->setWindowIcon(windowIcon());
+    // The keys of a document's window stand in its own menus. Two takers for one key, and neither would act.
+    for (QAction* commande : cadre->systemMenu()->actions())
+        commande->setShortcuts(QList<QKeySequence>());
     MontrerDansSonEtat(*cadre);
     document->myqrt.Ouvrir->Montrer(true);
     return *document;

@@ -10,6 +10,15 @@ TEST_F(Form1Test, AnUnchangedDocumentClosesWithoutAQuestion)
     EXPECT_TRUE(reponses.Affiches().isEmpty());
 }
 
+TEST_F(Form1Test, EachOfTheUsualKeysClosesTheDocumentInFront)
+{
+    for (const QKeySequence& touches : {QKeySequence(u"Ctrl+W"_s), QKeySequence(u"Ctrl+F4"_s)}) {
+        Ouvrir();
+        QTest::keySequence(&cadre, touches);
+        EXPECT_TRUE(cadre.Documents().empty()) << touches.toString().toStdString();
+    }
+}
+
 TEST_F(Form1Test, AChangedDocumentStaysWhenTheQuestionIsCancelled)
 {
     Form1& fenetre = Ouvrir();
