@@ -56,7 +56,7 @@ class Session:
         with os.fdopen(read) as answer:
             os.environ["DISPLAY"] = ":" + answer.readline().strip()
         # Without one, no window is the active one, and shortcuts go nowhere.
-        self._start(["openbox", "--sm-disable"])
+        self._start(["openbox", "--sm-disable"], stdout=subprocess.DEVNULL)
         bus = self._start(["dbus-daemon", "--session", "--nofork", "--print-address=1"], stdout=subprocess.PIPE)
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().decode().strip()
         for name in ("WAYLAND_DISPLAY", "AT_SPI_BUS_ADDRESS", "SESSION_MANAGER"):
@@ -360,7 +360,9 @@ def write_catalogue(path, titles, entries, width=2000):
 
 def xdotool(*arguments, check=True):
     """Runs xdotool and returns what it printed."""
-    done = subprocess.run(["xdotool", *map(str, arguments)], check=check, stdout=subprocess.PIPE, text=True)
+    # Where a failure is no matter, a window that went meanwhile is none either.
+    said = None if check else subprocess.DEVNULL
+    done = subprocess.run(["xdotool", *map(str, arguments)], check=check, stdout=subprocess.PIPE, stderr=said, text=True)
     return done.stdout
 
 
