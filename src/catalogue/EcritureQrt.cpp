@@ -113,8 +113,7 @@ bool EcrireArchive(QrtClass& doc, Origine origine)
             .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Unsorted);
     for (const QString& nom : noms) {
         // A folder has no place in an archive of bare names; it is not a loss, as nothing of the category lies there.
-        const bool dossier = QFileInfo(doc.TmpFolder + nom).isDir();
-        bon = (zip.AddFile(doc.TmpFolder + nom, 0, true) < 2 || dossier) && bon;
+        bon = (zip.AddFile(doc.TmpFolder + nom, 0, true) < 2 || QFileInfo(doc.TmpFolder + nom).isDir()) && bon;
         LaisserPasserEvenements();
     }
     bon = zip.Fermer() < 2 && bon;

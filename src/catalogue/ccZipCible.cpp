@@ -11,7 +11,9 @@
 #include <algorithm>
 #include <cerrno>
 #include <memory>
-#include <vector>
+#include <new>
+#include <optional>
+#include <utility>
 
 namespace zipinterne {
 
@@ -20,7 +22,10 @@ namespace {
 class Cible
 {
 public:
-    explicit Cible(const QString& chemin) : m_chemin(QFile::encodeName(chemin)) { zip_error_init(&m_erreur); }
+    Cible(const QString& chemin, Relais& relais) : m_relais(relais), m_chemin(QFile::encodeName(chemin))
+    {
+        zip_error_init(&m_erreur);
+    }
     ~Cible()
     {
         Defaire();
@@ -37,18 +42,27 @@ private:
     zip_int64_t Echec(int erreur, int cause = 0);
     zip_int64_t Commencer();
     zip_int64_t Ecrire(std::span<const char> octets);
+    bool Garder(std::span<const char> octets);
+    bool Reprendre(const Plage& plage);
     zip_int64_t Aller(void* ou, zip_uint64_t taille);
+    bool Repartir(uint64_t place);
+    /// Where the next byte goes.
+    uint64_t Place() const { return m_debut + m_position; }
     zip_int64_t Valider();
     zip_int64_t Defaire();
     bool Vider();
+    bool Remplir();
 
+    Relais& m_relais;
     QByteArray m_chemin;
     zip_error_t m_erreur;
-    Descripteur m_sortie; ///< while writing
-    std::vector<char> m_tampon;
-    uint64_t m_debut = 0;  ///< where the buffer's first byte belongs
-    size_t m_position = 0; ///< in the buffer, where the next byte goes
-    uint64_t m_fin = 0;    ///< of all that was written
+    Descripteur m_sortie;             ///< while writing
+    std::unique_ptr<char[]> m_octets; ///< the buffer
+    size_t m_taille = 0;              ///< of it, how much is filled
+    Plage m_plage;                    ///< of another file; follows the buffer when it is not empty
+    uint64_t m_debut = 0;             ///< where the buffer's first byte belongs
+    uint64_t m_position = 0;          ///< from there, where the next byte goes
+    uint64_t m_fin = 0;               ///< of all that was written
 };
 
 zip_int64_t Cible::Echec(int erreur, int cause)
@@ -62,49 +76,103 @@ zip_int64_t Cible::Commencer()
     m_sortie = Descripteur(open(m_chemin.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
     if (!m_sortie)
         return Echec(ZIP_ER_TMPOPEN, errno);
-    m_tampon.reserve(TailleTampon);
-    return 0;
+    m_octets.reset(new (std::nothrow) char[TailleTampon]);
+    return m_octets ? 0 : Echec(ZIP_ER_MEMORY);
 }
 
+/// Puts what waits into the file.
 bool Cible::Vider()
 {
-    const bool bon =
-        lseek(m_sortie.Numero(), static_cast<off_t>(m_debut), SEEK_SET) >= 0 && EcrireTout(m_sortie.Numero(), m_tampon);
-    m_debut += m_tampon.size();
+    bool bon = lseek(m_sortie.Numero(), static_cast<off_t>(m_debut), SEEK_SET) >= 0;
+    m_debut += m_taille + m_plage.taille;
+    while (bon && (m_taille > 0 || m_plage.taille > 0)) {
+        bon = Remplir() && EcrireTout(m_sortie.Numero(), std::span(m_octets.get(), m_taille));
+        m_taille = 0;
+    }
+    m_plage = Plage();
     m_position = 0;
-    m_tampon.clear();
+    return bon;
+}
+
+/// Reads of the range what fits behind the buffer's bytes. False also when its file ends before it does.
+bool Cible::Remplir()
+{
+    while (m_plage.taille > 0 && m_taille < TailleTampon) {
+        const auto n = static_cast<size_t>(std::min<uint64_t>(m_plage.taille, TailleTampon - m_taille));
+        const ssize_t lus = LireA(m_plage.fichier, std::span(m_octets.get() + m_taille, n), m_plage.debut);
+        if (lus <= 0)
+            return false;
+        m_taille += static_cast<size_t>(lus);
+        m_plage.debut += static_cast<uint64_t>(lus);
+        m_plage.taille -= static_cast<uint64_t>(lus);
+    }
+    return true;
+}
+
+/// Goes on at a place with nothing waiting.
+bool Cible::Repartir(uint64_t place)
+{
+    const bool bon = Vider();
+    m_debut = place;
     return bon;
 }
 
 zip_int64_t Cible::Ecrire(std::span<const char> octets)
 {
-    const size_t taille = octets.size();
+    const bool relaye = m_relais.EnRoute();
+    const std::optional<Plage> plage = relaye ? m_relais.Recevoir(octets) : std::nullopt;
+    if (relaye && !plage)
+        return Echec(ZIP_ER_INTERNAL);
+    if (plage ? !Reprendre(*plage) : !Garder(octets))
+        return Echec(ZIP_ER_WRITE, errno);
+    m_fin = std::max(m_fin, Place());
+    return static_cast<zip_int64_t>(octets.size());
+}
+
+bool Cible::Garder(std::span<const char> octets)
+{
+    const bool devantLaPlage = m_position + octets.size() <= m_taille;
+    if (m_plage.taille > 0 && !devantLaPlage && !Repartir(Place()))
+        return false;
     while (!octets.empty()) {
-        const size_t n = std::min(octets.size(), TailleTampon - m_position);
-        m_tampon.resize(std::max(m_tampon.size(), m_position + n));
-        std::copy_n(octets.begin(), n, m_tampon.begin() + static_cast<ptrdiff_t>(m_position));
+        const size_t n = std::min<size_t>(octets.size(), TailleTampon - m_position);
+        std::copy_n(octets.data(), n, m_octets.get() + m_position);
         m_position += n;
+        m_taille = std::max<size_t>(m_taille, m_position);
         octets = octets.subspan(n);
-        if (m_position == TailleTampon && !Vider())
-            return Echec(ZIP_ER_WRITE, errno);
+        if (m_position == TailleTampon && m_plage.taille == 0 && !Vider())
+            return false;
     }
-    m_fin = std::max(m_fin, m_debut + m_position);
-    return static_cast<zip_int64_t>(taille);
+    return true;
+}
+
+/// Pieces that follow each other are copied together.
+bool Cible::Reprendre(const Plage& plage)
+{
+    constexpr uint64_t assez = uint64_t(8) << 20;
+    const bool alaFin = m_position == m_taille + m_plage.taille;
+    const bool suite = m_plage.taille > 0 && m_plage.taille < assez && m_plage.fichier == plage.fichier &&
+                       m_plage.debut + m_plage.taille == plage.debut;
+    if ((!alaFin || (m_plage.taille > 0 && !suite)) && !Repartir(Place()))
+        return false;
+    if (m_plage.taille == 0)
+        m_plage = Plage{plage.fichier, plage.debut, 0};
+    m_plage.taille += plage.taille;
+    m_position += plage.taille;
+    return true;
 }
 
 /// The library goes back to complete what it wrote ahead of an entry's bytes.
 zip_int64_t Cible::Aller(void* ou, zip_uint64_t taille)
 {
-    const zip_int64_t vers = zip_source_seek_compute_offset(m_debut + m_position, m_fin, ou, taille, &m_erreur);
+    const zip_int64_t vers = zip_source_seek_compute_offset(Place(), m_fin, ou, taille, &m_erreur);
     if (vers < 0)
         return -1;
     const auto place = static_cast<uint64_t>(vers);
-    if (place < m_debut || place > m_debut + m_tampon.size()) {
-        if (!Vider())
-            return Echec(ZIP_ER_WRITE, errno);
-        m_debut = place;
-    }
-    m_position = static_cast<size_t>(place - m_debut);
+    const bool attend = place >= m_debut && place <= m_debut + m_taille + m_plage.taille;
+    if (!attend && !Repartir(place))
+        return Echec(ZIP_ER_WRITE, errno);
+    m_position = place - m_debut;
     return 0;
 }
 
@@ -140,7 +208,7 @@ zip_int64_t Cible::Commande(void* cible, void* donnees, zip_uint64_t taille, zip
     case ZIP_SOURCE_SEEK_WRITE:
         return moi->Aller(donnees, taille);
     case ZIP_SOURCE_TELL_WRITE:
-        return static_cast<zip_int64_t>(moi->m_debut + moi->m_position);
+        return static_cast<zip_int64_t>(moi->Place());
     case ZIP_SOURCE_COMMIT_WRITE:
         return moi->Valider();
     case ZIP_SOURCE_ROLLBACK_WRITE:
@@ -160,9 +228,9 @@ zip_int64_t Cible::Commande(void* cible, void* donnees, zip_uint64_t taille, zip
 
 } // namespace
 
-zip_source_t* CreerCible(const QString& chemin)
+zip_source_t* CreerCible(const QString& chemin, Relais& relais)
 {
-    auto cible = std::make_unique<Cible>(chemin);
+    auto cible = std::make_unique<Cible>(chemin, relais);
     zip_source_t* source = zip_source_function_create(Cible::Commande, cible.get(), nullptr);
     if (source)
         static_cast<void>(cible.release()); // the library frees it

@@ -95,7 +95,7 @@ struct Provenance
     int methode; ///< what the library is to do with them
 };
 
-Provenance ProvenanceDe(zip_t* archive, Ajout& ajout, int niveau, const OrigineZip* origine)
+Provenance ProvenanceDe(zip_t* archive, Ajout& ajout, int niveau, const OrigineZip* origine, Relais& relais)
 {
     constexpr off_t vautLaPeine = off_t(64) << 10;
     constexpr off_t tientEnMemoire = off_t(512) << 20;
@@ -104,7 +104,7 @@ Provenance ProvenanceDe(zip_t* archive, Ajout& ajout, int niveau, const OrigineZ
         return {nullptr, ZIP_CM_STORE};
     if (niveau == 0 || fichier.st_size == 0)
         return {CreerSourceFichier(archive, ajout, fichier), ZIP_CM_STORE};
-    if (zip_source_t* source = origine ? origine->Source(archive, ajout, fichier, niveau) : nullptr)
+    if (zip_source_t* source = origine ? origine->Source(archive, ajout, fichier, niveau, relais) : nullptr)
         return {source, ZIP_CM_DEFAULT};
     if constexpr (ZELVANE_LIBDEFLATE) {
         if (fichier.st_size >= vautLaPeine && fichier.st_size <= tientEnMemoire)
@@ -115,7 +115,7 @@ Provenance ProvenanceDe(zip_t* archive, Ajout& ajout, int niveau, const OrigineZ
 }
 
 /// Hands one file to the archive.
-ResultatZip Poser(zip_t* archive, Ajout& ajout, int niveau, const OrigineZip* origine)
+ResultatZip Poser(zip_t* archive, Ajout& ajout, int niveau, const OrigineZip* origine, Relais& relais)
 {
     const char* nom = ajout.nom.constData();
     // The library cannot replace an entry by one of the same method: it forgets the new level.
@@ -125,7 +125,7 @@ ResultatZip Poser(zip_t* archive, Ajout& ajout, int niveau, const OrigineZip* or
     if (ajout.nom.endsWith('/'))
         return zip_dir_add(archive, nom, ZIP_FL_ENC_UTF_8) >= 0 ? ZipFait : ZipEcriture;
 
-    const auto [source, methode] = ProvenanceDe(archive, ajout, niveau, origine);
+    const auto [source, methode] = ProvenanceDe(archive, ajout, niveau, origine, relais);
     if (!source)
         return ZipLecture;
     const zip_int64_t index = zip_file_add(archive, nom, source, ZIP_FL_ENC_UTF_8);
@@ -163,11 +163,11 @@ bool EstComplet(const QString& chemin, const std::vector<Attendu>& attendus, con
 }
 
 /// The archive to write into: the new one, or the copy of an old one.
-Archive OuvrirPourEcrire(const QString& chemin)
+Archive OuvrirPourEcrire(const QString& chemin, Relais& relais)
 {
     if (QFile::exists(chemin))
         return Archive(zip_open(QFile::encodeName(chemin).constData(), 0, nullptr));
-    zip_source_t* cible = CreerCible(chemin);
+    zip_source_t* cible = CreerCible(chemin, relais);
     Archive archive(cible ? zip_open_from_source(cible, ZIP_CREATE, nullptr) : nullptr);
     if (!archive && cible)
         zip_source_free(cible);
@@ -215,16 +215,18 @@ private:
     QByteArray m_commentaire;
     int m_niveau;
     QString& m_infos;
+    Relais m_relais;
 };
 
 ResultatZip Ecrivain::Construire(const QString& chemin, std::vector<Ajout>& ajouts, const OrigineZip* origine)
 {
-    Archive archive = OuvrirPourEcrire(chemin);
+    m_relais = Relais();
+    Archive archive = OuvrirPourEcrire(chemin, m_relais);
     if (!archive)
         return QFile::exists(chemin) ? ZipFormat : ZipCreation;
     for (Ajout& ajout : ajouts) {
         ajout.etat.reset();
-        const ResultatZip pose = Poser(archive.get(), ajout, m_niveau, origine);
+        const ResultatZip pose = Poser(archive.get(), ajout, m_niveau, origine, m_relais);
         if (pose != ZipFait) {
             m_infos += Ligne(ajout.fichier, Texte(*zip_get_error(archive.get())));
             return pose;

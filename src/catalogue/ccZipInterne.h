@@ -17,6 +17,9 @@
 
 namespace zipinterne {
 
+class Relais;
+class SourceArchive;
+
 struct Liberer
 {
     void operator()(zip_t* archive) const { zip_discard(archive); }
@@ -93,13 +96,15 @@ class OrigineZip
 {
 public:
     OrigineZip(std::shared_ptr<const ArchiveConnue> connue, zipinterne::Descripteur fichier,
-               zipinterne::Archive archive)
-        : m_connue(std::move(connue)), m_fichier(std::move(fichier)), m_archive(std::move(archive))
+               zipinterne::Archive archive, const zipinterne::SourceArchive& lue)
+        : m_connue(std::move(connue)), m_fichier(std::move(fichier)), m_archive(std::move(archive)), m_lue(lue)
     {
     }
 
-    /// The bytes of an unchanged file, deflated at this level, as they lie there; null when there are no such.
-    zip_source_t* Source(zip_t* archive, zipinterne::Ajout& ajout, const struct stat& fichier, int niveau) const;
+    /// The bytes of an unchanged file, deflated at this level, as they lie there; null when there are no such. They go
+    /// over `relais`.
+    zip_source_t* Source(zip_t* archive, zipinterne::Ajout& ajout, const struct stat& fichier, int niveau,
+                         zipinterne::Relais& relais) const;
     /// Whether nobody has written to the archive since it was known.
     bool EstIntacte() const;
 
@@ -107,4 +112,5 @@ private:
     std::shared_ptr<const ArchiveConnue> m_connue;
     zipinterne::Descripteur m_fichier;
     zipinterne::Archive m_archive;
+    const zipinterne::SourceArchive& m_lue; ///< what m_archive reads from
 };

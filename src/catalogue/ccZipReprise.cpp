@@ -1,6 +1,8 @@
 #include "catalogue/ccZipReprise.h"
 
 #include "catalogue/ccZipInterne.h"
+#include "catalogue/ccZipRelais.h"
+#include "catalogue/ccZipSource.h"
 
 #include <QFile>
 
@@ -11,11 +13,9 @@
 #include <memory>
 #include <vector>
 
-using namespace zipinterne;
+namespace zipinterne {
 
-namespace {
-
-/// An archive for reading, in large pieces: the library asks for small ones and seeks ahead of each.
+/// An archive for reading, in pieces: the library asks for smaller ones and seeks ahead of each.
 class SourceArchive
 {
 public:
@@ -28,9 +28,11 @@ public:
     SourceArchive& operator=(const SourceArchive&) = delete;
 
     static zip_int64_t Commande(void* source, void* donnees, zip_uint64_t taille, zip_source_cmd_t commande);
+    int Fichier() const { return m_fichier; }
+    uint64_t Position() const { return m_position; }
 
 private:
-    static constexpr size_t TailleTampon = size_t(256) << 10;
+    static constexpr size_t TailleTampon = size_t(9) << 10; // of an entry, its head and first bytes are read here
 
     zip_int64_t Lire(std::span<char> vers);
     zip_int64_t Aller(void* ou, zip_uint64_t taille);
@@ -110,20 +112,69 @@ zip_int64_t SourceArchive::Commande(void* source, void* donnees, zip_uint64_t ta
     }
 }
 
-Archive OuvrirDescripteur(int fichier, uint64_t taille)
+namespace {
+
+/// Compressed bytes as they lie in an archive. The first ones are read, which tells where they stand; the others are
+/// sent ahead to the archive that is being written.
+class SourceReprise : public SourceFichier
 {
-    auto lecteur = std::make_unique<SourceArchive>(fichier, taille);
-    zip_source_t* source = zip_source_function_create(SourceArchive::Commande, lecteur.get(), nullptr);
-    if (!source)
-        return nullptr;
-    static_cast<void>(lecteur.release()); // the library frees it
-    Archive archive(zip_open_from_source(source, ZIP_RDONLY, nullptr));
-    if (!archive)
-        zip_source_free(source);
-    return archive;
+public:
+    /// `brute`: the library's source of the same bytes, which becomes the object's.
+    SourceReprise(Ajout& ajout, const struct stat& fichier, zip_source_t* brute, const zip_stat_t& etat,
+                  const SourceArchive& archive, Relais& relais)
+        : SourceFichier(ajout, fichier), m_brute(brute), m_etat(etat), m_archive(archive), m_relais(relais)
+    {
+    }
+    ~SourceReprise() override { zip_source_free(m_brute); }
+
+protected:
+    zip_int64_t Ouvrir() override
+    {
+        m_rendus = 0;
+        return zip_source_open(m_brute) == 0 ? 0 : Echec(ZIP_ER_OPEN);
+    }
+    zip_int64_t Lire(std::span<char> vers) override;
+    void Fermer() override { zip_source_close(m_brute); }
+    void Completer(zip_stat_t& etat) const override
+    {
+        etat.comp_method = m_etat.comp_method;
+        etat.comp_size = m_etat.comp_size;
+        etat.crc = m_etat.crc;
+        etat.valid |= ZIP_STAT_COMP_METHOD | ZIP_STAT_COMP_SIZE | ZIP_STAT_CRC;
+    }
+
+private:
+    zip_source_t* m_brute;
+    zip_stat_t m_etat;
+    const SourceArchive& m_archive;
+    Relais& m_relais;
+    uint64_t m_debut = 0; ///< where the bytes stand in the archive
+    uint64_t m_rendus = 0;
+};
+
+zip_int64_t SourceReprise::Lire(std::span<char> vers)
+{
+    if (m_rendus == 0) { // as much as there is room for: what is left of a buffer is asked for at once, and not sent
+        const zip_int64_t lus = zip_source_read(m_brute, vers.data(), vers.size());
+        if (lus < 0)
+            return Echec(ZIP_ER_READ);
+        m_rendus = static_cast<uint64_t>(lus);
+        m_debut = m_archive.Position() - m_rendus;
+        return lus;
+    }
+    const uint64_t suite = std::min<uint64_t>(vers.size(), m_etat.comp_size - m_rendus);
+    const Plage plage{m_archive.Fichier(), m_debut + m_rendus, suite};
+    if (suite > 0 && !m_relais.Envoyer(vers.first(static_cast<size_t>(suite)), plage))
+        return Echec(ZIP_ER_INTERNAL);
+    m_rendus += suite;
+    return static_cast<zip_int64_t>(suite);
 }
 
 } // namespace
+
+} // namespace zipinterne
+
+using namespace zipinterne;
 
 void FermerOrigine::operator()(OrigineZip* origine) const
 {
@@ -137,13 +188,21 @@ Origine OuvrirOrigine(std::shared_ptr<const ArchiveConnue> connue)
     Descripteur fichier(open(QFile::encodeName(connue->chemin).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (!fichier || EtatDe(fichier.Numero()) != connue->etat)
         return nullptr;
-    Archive archive = OuvrirDescripteur(fichier.Numero(), connue->etat.taille);
-    if (!archive)
+    auto lecteur = std::make_unique<SourceArchive>(fichier.Numero(), connue->etat.taille);
+    zip_source_t* source = zip_source_function_create(SourceArchive::Commande, lecteur.get(), nullptr);
+    if (!source)
         return nullptr;
-    return Origine(new OrigineZip(std::move(connue), std::move(fichier), std::move(archive)));
+    const SourceArchive& lue = *lecteur.release(); // the library frees it
+    Archive archive(zip_open_from_source(source, ZIP_RDONLY, nullptr));
+    if (!archive) {
+        zip_source_free(source);
+        return nullptr;
+    }
+    return Origine(new OrigineZip(std::move(connue), std::move(fichier), std::move(archive), lue));
 }
 
-zip_source_t* OrigineZip::Source(zip_t* archive, Ajout& ajout, const struct stat& fichier, int niveau) const
+zip_source_t* OrigineZip::Source(zip_t* archive, Ajout& ajout, const struct stat& fichier, int niveau,
+                                 Relais& relais) const
 {
     const auto connu = m_connue->fichiers.constFind(ajout.nom);
     if (niveau != m_connue->niveau || connu == m_connue->fichiers.cend() || connu->etat != VersEtat(fichier))
@@ -155,10 +214,11 @@ zip_source_t* OrigineZip::Source(zip_t* archive, Ajout& ajout, const struct stat
         etat.comp_method == ZIP_CM_DEFLATE && etat.encryption_method == ZIP_EM_NONE && etat.size == connu->etat.taille;
     if (!reprenable)
         return nullptr;
-    zip_source_t* source = zip_source_zip(archive, m_archive.get(), connu->index, ZIP_FL_COMPRESSED, 0, -1);
-    if (source)
-        ajout.etat = connu->etat;
-    return source;
+    zip_source_t* brute = zip_source_zip(archive, m_archive.get(), connu->index, ZIP_FL_COMPRESSED, 0, -1);
+    if (!brute)
+        return nullptr;
+    ajout.etat = connu->etat;
+    return SourceFichier::Donner(archive, std::make_unique<SourceReprise>(ajout, fichier, brute, etat, m_lue, relais));
 }
 
 bool OrigineZip::EstIntacte() const

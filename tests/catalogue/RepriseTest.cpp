@@ -1,6 +1,7 @@
 // Files that did not change are not compressed again, and one that did always is.
 #include "catalogue/FichierQrt.h"
 #include "catalogue/ccZip.h"
+#include "catalogue/ccZipDescripteur.h"
 #include "support/ArchiveDeTest.h"
 #include "support/FileDeReponses.h"
 #include "support/TableDeTest.h"
@@ -129,6 +130,25 @@ TEST_F(Reprise, UnchangedFilesKeepTheirCompressedBytesFromSaveToSave)
     }
 }
 
+TEST_F(Reprise, FilesOfEverySizeArriveWhole)
+{
+    const QList<int> tailles{1, 500, 8186, 8187, 8188, 16379, 16384, 40000, 65535};
+    QList<EntreeZip> entrees{Texte()};
+    for (const int taille : tailles) {
+        QByteArray octets(taille, Qt::Uninitialized);
+        for (int i = 0; i < taille; ++i)
+            octets[i] = static_cast<char>(i * 31 + i / 251);
+        entrees.append(EntreeNaive(QByteArray::number(taille), octets));
+    }
+    Ouvrir(FaireArchive(entrees));
+    for (int i = 0; i < 2; ++i) {
+        Enregistrer();
+        for (const int taille : tailles)
+            EXPECT_EQ(Contenu(QString::number(taille)), entrees[1 + tailles.indexOf(taille)].contenu) << taille;
+    }
+    EXPECT_GT(QFileInfo(d.doc.CheminReel()).size(), 140000) << "as they were, hardly compressed";
+}
+
 TEST_F(Reprise, ANewFileIsCompressedOnceAndTakenOverFromThenOn)
 {
     d.dossier.Ecrire("c.jpg", Image('c'));
@@ -226,6 +246,20 @@ TEST_F(Reprise, AChangeRightAfterASaveIsNeverMissed)
         ASSERT_TRUE(EcrireFichier(d.doc, false));
         ASSERT_EQ(Contenu("a.jpg"), octets) << i;
     }
+}
+
+TEST_F(Reprise, AStateIsKnownOnceALaterWriteWouldShow)
+{
+    int aAttendre = 0;
+    for (int i = 0; i < 50; ++i) {
+        const QString fichier = sortie.Ecrire("neuf", "x");
+        aAttendre += !zipinterne::EstPasse(*zipinterne::EtatDe(fichier));
+        const std::optional<EtatFichier> etat = zipinterne::EtatPasse(fichier);
+        ASSERT_TRUE(etat);
+        EcrireSurPlace(fichier, "y");
+        ASSERT_NE(zipinterne::EtatDe(fichier), etat) << i;
+    }
+    EXPECT_GT(aAttendre, 0) << "files written in the running tick of the clock";
 }
 
 // ---- Archives whose bytes will not do
