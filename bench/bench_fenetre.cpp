@@ -1,6 +1,8 @@
 // The table view on a table of a million entries: what a user waits for between a key and the picture. Runs on the
 // offscreen platform.
 #include "catalogue/MyLV.h"
+#include "catalogue/QrtClass.h"
+#include "catalogue/TriDeTable.h"
 #include "shell/ModeleTable.h"
 #include "shell/SaisieRapide.h"
 #include "shell/VueTable.h"
@@ -115,6 +117,54 @@ void SelectionEnMiettes(benchmark::State& etat)
     montage.table.Selectionner(1, Entrees, false);
 }
 BENCHMARK(SelectionEnMiettes)->Unit(benchmark::kMillisecond);
+
+/// The order alone, as the engine makes it: what a click on a title is held against.
+void TriSeul(benchmark::State& etat)
+{
+    MyLV& table = LeMontage().table;
+    table.SetSorted(true);
+    for (auto _ : etat) {
+        etat.PauseTiming();
+        table.SetSortKey(0);
+        etat.ResumeTiming();
+        table.SetSortKey(1);
+    }
+}
+BENCHMARK(TriSeul)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// A click on a title, to the picture of the sorted table.
+void ClicSurUnTitre(benchmark::State& etat)
+{
+    Montage& montage = LeMontage();
+    QrtClass doc;
+    doc.MyLV = &montage.table;
+    for (auto _ : etat) {
+        etat.PauseTiming();
+        montage.table.SetSortKey(0);
+        montage.Dessiner();
+        etat.ResumeTiming();
+        TrierParColonne(doc, 2);
+        montage.Dessiner();
+    }
+}
+BENCHMARK(ClicSurUnTitre)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// The two counts of the status bar, with every other entry selected.
+void Comptes(benchmark::State& etat)
+{
+    Montage& montage = LeMontage();
+    QrtClass doc;
+    doc.MyLV = &montage.table;
+    for (int i = 1; i <= Entrees; i += 2)
+        montage.table.Selectionner(i, i, true);
+    montage.Dessiner();
+    for (auto _ : etat) {
+        benchmark::DoNotOptimize(QString::number(doc.ItemsCount()));
+        benchmark::DoNotOptimize(QString::number(doc.SelItemsCount()));
+    }
+    montage.table.Selectionner(1, Entrees, false);
+}
+BENCHMARK(Comptes)->Unit(benchmark::kMillisecond);
 
 /// From a filled table to the first picture of it.
 void PremiereImage(benchmark::State& etat)

@@ -1,9 +1,10 @@
 #!/usr/bin/python3
 """Measures the engine against everyday tools, on one file and in one run, and holds it to limits.
 
-Parts are measured by the Google Benchmark programs bench_moteur (engine), bench_fenetre (table view) and bench_entrees
-(commands on all entries), whole commands as processes. Everything is done several times and the quickest counts, on both
-sides of a ratio: what is slower was disturbed by something else. Called by scripts/bench; see docs/performance.md.
+Parts are measured by the Google Benchmark programs bench_moteur (engine), bench_fenetre (table view), bench_entrees
+(commands on all entries) and bench_archive (a catalogue with images), whole commands as processes. Everything is done
+several times and the quickest counts, on both sides of a ratio: what is slower was disturbed by something else. Called by
+scripts/bench; see docs/performance.md.
 """
 import argparse
 import datetime
@@ -11,9 +12,12 @@ import json
 import os
 import pathlib
 import platform
+import random
+import shutil
 import subprocess
 import sys
 import time
+import zipfile
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 MEMORY = pathlib.Path("/dev/shm")
@@ -34,9 +38,10 @@ def quickest(command, times, before=None, **how):
 
 
 class Inputs:
-    """The files that all is measured on: one catalogue as bare text, in order and out of order, and its columns."""
+    """The files that all is measured on: one catalogue as bare text, in order and out of order, and its columns; and one
+    with images."""
 
-    def __init__(self, folder, entries):
+    def __init__(self, folder, entries, images):
         folder.mkdir(parents=True, exist_ok=True)
         self.folder = folder
         self.sorted = self._make(f"trie-{entries}.qrt", entries)
@@ -44,12 +49,31 @@ class Inputs:
         self.size = self.sorted.stat().st_size
         self.column_sorted_by = self._write_column(self.shuffled, 0)
         self.other_column = self._write_column(self.sorted, 1)
+        self.images = images
+        self.text_with_images = folder / "images.txt"
+        self.archive = self._make_archive(f"images-{images}.qrt", images)
 
     def _make(self, name, entries, *options):
         """Generated anew each time, a minute for a million: no figure may rest on a file of another version."""
         path = self.folder / name
         generator = ROOT / "examples" / "faire_exemples.py"
         subprocess.run(["/usr/bin/python3", "-B", generator, "--entrees", str(entries), path, *options], check=True)
+        return path
+
+    def _make_archive(self, name, images):
+        """A catalogue of so many entries with an image each: 150 KB that hardly get smaller, as photographs do."""
+        chance = random.Random(1)
+        head = ["[FileInfo]", "Type=QRT FILE", "Version=2", "", "[ListView]", "GridLines=1", "Sorted=1", "SortKey=0",
+                "SortOrder=0", "View=3", "", "[ColumHeaders]", "Count=2", "Colum1=Titre|4200|", "Colum2=Prêté|600|",
+                "Dependant=0", "", "[ListItems]", f"Count={images}"]
+        entries = [f"It{i}=Titre {i:05}||{i:05}.jpg" for i in range(1, images + 1)]
+        text = ("\r\n".join(head + entries) + "\r\n").encode("cp1252")
+        self.text_with_images.write_bytes(text)
+        path = self.folder / name
+        with zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED, compresslevel=5) as archive:
+            archive.writestr("Zelvane.qrt", text)
+            for i in range(1, images + 1):
+                archive.writestr(f"{i:05}.jpg", chance.randbytes(147_000) + bytes(3_000))
         return path
 
     def _write_column(self, catalogue, column):
@@ -71,7 +95,7 @@ class Parts:
         if short:
             command.append("--benchmark_min_time=0.01")
         environment = {**os.environ, "ZELVANE_BENCH_FICHIER": str(inputs.sorted),
-                       "ZELVANE_BENCH_DESORDRE": str(inputs.shuffled)}
+                       "ZELVANE_BENCH_DESORDRE": str(inputs.shuffled), "ZELVANE_BENCH_ARCHIVE": str(inputs.archive)}
         subprocess.run([str(part) for part in command], check=True, env=environment, stdin=subprocess.DEVNULL,
                        stdout=subprocess.DEVNULL)
         runs = json.loads(out.read_text())["benchmarks"]
@@ -132,6 +156,29 @@ class Table:
             print("| " + " | ".join(cell.ljust(width) for cell, width in zip(row, widths)) + " |")
 
 
+def measure_archive(table, inputs, images, times):
+    """The rows of a catalogue with images. Both sides read and write on the same disk, and both replace a file: what goes
+    has to be let go."""
+    copy = inputs.folder / "copie.qrt"
+    folder = inputs.folder / "unzip"
+
+    def empty():
+        shutil.rmtree(folder, ignore_errors=True)
+        folder.mkdir()
+
+    shutil.copyfile(inputs.archive, copy)
+    cp = quickest(["cp", inputs.archive, copy], times)
+    copy.unlink()
+    zipped = inputs.folder / "texte.zip"
+    text = quickest(["zip", "-q", "-5", zipped, inputs.text_with_images], times,
+                    before=lambda: zipped.unlink(missing_ok=True))
+    unzip = quickest(["unzip", "-q", inputs.archive, "-d", folder], times, before=empty)
+    shutil.rmtree(folder)
+    table.ratio(f"save of {inputs.images:,} images after an edit", images.seconds("EnregistrerArchive"),
+                "cp of the archive", cp, 1.5, beyond=(" + zip -5 of the text", text))
+    table.ratio(f"opening of {inputs.images:,} images", images.seconds("OuvrirArchive"), "unzip -q", unzip, 1.3)
+
+
 def measure(inputs, engine, window, entries, cli, times):
     """All rows of the table."""
     table = Table()
@@ -175,6 +222,9 @@ def measure(inputs, engine, window, entries, cli, times):
     table.ratio("list all entries for deletion, to the picture of it", entries.seconds("ImageDeLaListe"), "iconv",
                 iconv, 0.5)
     table.ratio("delete every tenth entry", entries.seconds("SupprimerUnDixieme"), "iconv", iconv, 0.5)
+    table.ratio("click on a title, to the picture of the sorted table", window.seconds("ClicSurUnTitre"),
+                "the sort alone", window.seconds("TriSeul"), 1.2)
+    table.time("both counts, every other entry selected", window.seconds("Comptes"), 0.100)
     table.time("a picture of the table while it scrolls", window.seconds("ImageDeDefilement"), 0.008)
     table.time("first picture of a filled table", window.seconds("PremiereImage"), 0.100)
     table.time("select all, to the picture of it", window.seconds("ToutSelectionner"), 0.100)
@@ -195,16 +245,18 @@ def main():
     arguments.add_argument("--programmes", type=pathlib.Path, required=True, help="folder of the built programs")
     arguments.add_argument("--travail", type=pathlib.Path, required=True, help="folder for the files made")
     arguments.add_argument("--sans-limite", action="store_true", help="measure, but let broken limits pass")
-    arguments.add_argument("--rapide", action="store_true", help="20,000 entries, each thing once, no limits")
+    arguments.add_argument("--rapide", action="store_true", help="20,000 entries, 20 images, each thing once, no limits")
     given = arguments.parse_args()
 
-    entries, times = (20_000, 1) if given.rapide else (1_000_000, 5)
+    entries, pictures, times = (20_000, 20, 1) if given.rapide else (1_000_000, 2_000, 5)
     cli = (given.programmes / "zelvane-cli").resolve()
-    inputs = Inputs(given.travail.resolve(), entries)
+    inputs = Inputs(given.travail.resolve(), entries, pictures)
     engine = Parts((given.programmes / "bench_moteur").resolve(), inputs, times, short=given.rapide)
     window = Parts((given.programmes / "bench_fenetre").resolve(), inputs, times, short=given.rapide)
     commands = Parts((given.programmes / "bench_entrees").resolve(), inputs, times, short=given.rapide)
+    images = Parts((given.programmes / "bench_archive").resolve(), inputs, times, short=given.rapide)
     table = measure(inputs, engine, window, commands, cli, times)
+    measure_archive(table, inputs, images, times)
 
     describe_machine(inputs, entries)
     table.print()

@@ -1,0 +1,104 @@
+// A catalogue with many images, from the archive to the table and back: what opening and saving cost.
+//
+// ZELVANE_BENCH_ARCHIVE names the archive. It is copied to a folder of its own below ZELVANE_BENCH_SORTIE, by default
+// the archive's folder, and the document's folder lies there too.
+#include "catalogue/FichierQrt.h"
+#include "catalogue/ccZip.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <memory>
+
+namespace {
+
+QString CheminArchive()
+{
+    return qEnvironmentVariable("ZELVANE_BENCH_ARCHIVE");
+}
+
+QString Modele()
+{
+    return qEnvironmentVariable("ZELVANE_BENCH_SORTIE", QFileInfo(CheminArchive()).absolutePath()) +
+           QStringLiteral("/bench-archive-XXXXXX");
+}
+
+/// A document, and the folder that it was opened into.
+class Document
+{
+public:
+    Document()
+    {
+        doc.MyLV = &table;
+        doc.TmpFolder = m_dossier.path() + u'/';
+    }
+    bool Ouvrir(const QString& archive)
+    {
+        doc.SetCheminReel(archive);
+        if (!ExtraireArchive(doc))
+            return false;
+        ChargerFichier(doc);
+        return doc.ItemsCount() > 0;
+    }
+
+    MyLV table;
+    QrtClass doc;
+
+private:
+    QTemporaryDir m_dossier{Modele()};
+};
+
+void OuvrirArchive(benchmark::State& etat)
+{
+    for (auto _ : etat) {
+        auto document = std::make_unique<Document>();
+        if (!document->Ouvrir(CheminArchive()))
+            etat.SkipWithError("nothing was read");
+        etat.PauseTiming();
+        document.reset();
+        etat.ResumeTiming();
+    }
+}
+
+/// A save after one edit, over the archive before.
+void EnregistrerArchive(benchmark::State& etat)
+{
+    const QTemporaryDir sortie(Modele());
+    const QString copie = sortie.filePath(QStringLiteral("images.qrt"));
+    Document document;
+    if (!QFile::copy(CheminArchive(), copie) || !document.Ouvrir(copie)) {
+        etat.SkipWithError("nothing was read");
+        return;
+    }
+    int fois = 0;
+    for (auto _ : etat) {
+        document.table.ListItems(1).SetText(QString::number(++fois));
+        if (!EcrireFichier(document.doc, false) || document.doc.DossierAGarder)
+            etat.SkipWithError("not written");
+    }
+}
+
+BENCHMARK(OuvrirArchive)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(EnregistrerArchive)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    if (CheminArchive().isEmpty()) {
+        std::fputs("bench_archive: set ZELVANE_BENCH_ARCHIVE\n", stderr);
+        return 2;
+    }
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 2;
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
