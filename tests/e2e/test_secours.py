@@ -3,13 +3,17 @@ import shutil
 import signal
 import time
 
-from zelvane_e2e import EXAMPLES, ProgramTest, click_at, read_catalogue, wait_until
+from zelvane_e2e import EXAMPLES, ProgramTest, read_catalogue, wait_until, write_catalogue
 
 
 class ComingBackAfterAKill(ProgramTest):
 
     def temporary(self, home):
         return home / "programme" / "temp"
+
+    def other(self):
+        """A catalogue that opens without a word."""
+        return write_catalogue(self.folder() / "livres.qrt", ["Titre", "Prêté"], [["Nana", ""]])
 
     def left(self, home):
         """What lies below the folder of temporary folders."""
@@ -25,6 +29,7 @@ class ComingBackAfterAKill(ProgramTest):
         self.path = self.folder() / "discotheque.qrt"
         shutil.copy(EXAMPLES / "discotheque.qrt", self.path)
         program = self.start(self.path)
+        self.comments = program.close_comments()
         _, entries = read_catalogue(self.path)
         table = program.table()
         wait_until(lambda: table.row(0) == entries[0], "the table")
@@ -44,12 +49,13 @@ class ComingBackAfterAKill(ProgramTest):
         images = {path.name for path in self.temporary(home).glob("cat*/*") if not path.name.startswith("Zelvane")}
         self.assertTrue(images)
 
-        program = self.start(EXAMPLES / "bibliotheque.qrt", home=home)
+        program = self.start(self.other(), home=home)
         program.find(role="push button", name="Ouvrir")
         line = program.find(role="tree").row(0)
         self.assertEqual(line[:2], ["discotheque.qrt", str(self.path)])
         self.assertEqual(line[3:], ["624", "non enregistrées"])
         program.key("Return")
+        self.assertEqual(program.close_comments(), self.comments)
 
         wait_until(lambda: any("discotheque.qrt (récupéré)" in title for title in program.window_titles()),
                    "the document")
@@ -57,7 +63,6 @@ class ComingBackAfterAKill(ProgramTest):
         wait_until(lambda: program.find_all(table=True)[-1].row(0) == self.first, "the order that was never saved")
         found = {path.name for path in self.temporary(home).glob("cat*/*")}
         self.assertLessEqual(images, found)
-        # Without a window manager the keys go on only after a click.
         program.find_all(table=True)[-1].cell(2, 0).click()
         program.find(name="1 selectionnée(s)")
         program.key("ctrl+s")
@@ -78,14 +83,14 @@ class ComingBackAfterAKill(ProgramTest):
         home = self.edit_and_kill()
         before = self.left(home)
 
-        program = self.start(EXAMPLES / "bibliotheque.qrt", home=home)
+        program = self.start(self.other(), home=home)
         program.find(role="push button", name="Plus tard")
         program.key("Escape")
         wait_until(lambda: not program.find_all(role="push button", name="Plus tard"), "the end of the dialog")
         self.assertLessEqual(set(before), set(self.left(home)))
         program.close()
 
-        program = self.start(EXAMPLES / "bibliotheque.qrt", home=home)
+        program = self.start(self.other(), home=home)
         program.find(role="push button", name="Plus tard")
 
     def test_a_polite_end_leaves_the_changes_at_once(self):
@@ -98,7 +103,7 @@ class ComingBackAfterAKill(ProgramTest):
 
     def test_a_polite_end_without_changes_leaves_nothing(self):
         program = self.start(EXAMPLES / "discotheque.qrt")
-        program.table()
+        program.close_comments()
         wait_until(lambda: self.left(program.home), "the document's folder")
         program.send(signal.SIGTERM)
         program.wait_for_end()
@@ -108,7 +113,7 @@ class ComingBackAfterAKill(ProgramTest):
         first = self.edit()
         wait_until(lambda: self.copy(first.home), "the rescue copy")
         # Of another session, so that it does not hand its file over.
-        second = self.start(EXAMPLES / "bibliotheque.qrt", home=first.home, runtime=self.folder())
+        second = self.start(self.other(), home=first.home, runtime=self.folder())
         second.table()
         time.sleep(1)
         self.assertEqual(second.find_all(role="push button", name="Plus tard"), [])
