@@ -277,8 +277,9 @@ bool OuvrirLaisse(Cadre& cadre, const DossierLaisse& laisse)
     }
     if (*lecture == Lecture::Tout)
         Ceder(laisse, doc.TmpFolder);
+    // It has no file until the user gives it one: also while the comments are read, or the rescue copy would go.
+    doc.IlFautSauver = true;
     MontrerDocument(fenetre);
-    // It has no file until the user gives it one.
     doc.IlFautSauver = true;
     return true;
 }

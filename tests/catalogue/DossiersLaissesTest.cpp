@@ -276,6 +276,20 @@ TEST_F(Laisses, AfterTheOpeningTheChangesAreSafeFromTheFirstMomentOn)
         << "and would be found again";
 }
 
+TEST_F(Laisses, TheChangesAreSafeAlsoWhileTheCommentsAreRead)
+{
+    LaisserDossier();
+    LaisserCopie({{"a", ""}, {"b", ""}, {"c", ""}});
+    bool lus = false;
+    cadre.auxCommentaires = [&lus](FenetreDeTest& fenetre) {
+        fenetre.Secours.Avancer(fenetre.myqrt, fenetre.Caption(), {.maintenant = 1});
+        const auto texte = LireTexteDeSecours(FichierDeSecours(fenetre.myqrt.TmpFolder));
+        lus = texte && texte->contains("It3=c||");
+    };
+    ASSERT_TRUE(Ouvrir());
+    EXPECT_TRUE(lus);
+}
+
 TEST_F(Laisses, ACopyThatWasSavedSinceIsOfNoInterest)
 {
     LaisserDossier();
