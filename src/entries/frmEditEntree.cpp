@@ -197,6 +197,8 @@ void frmEditEntree::EnregistrerEntree()
     entree.SetSmallIcon(IconeImage(CheminImages, m_image));
     Modifie = true;
     EcrireTextes();
+    if (EntreeEcrite)
+        EntreeEcrite();
 }
 
 void frmEditEntree::ChargerCombo()

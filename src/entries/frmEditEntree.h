@@ -39,6 +39,8 @@ public:
     int16_t IndexEntree = 0; ///< 1-based position of the entry shown; 0 for none
     bool Modifie = false;    ///< starts as the document's IlFautSauver; set by each write
 
+    /// Runs after each write, while the form goes on.
+    std::function<void()> EntreeEcrite;
     /// Brings an entry (from 1) into view in the document's table.
     std::function<void(int)> RendreVisible;
     /// Asks for an image: given the folder and the present name, returns what ChoisirImage does.

@@ -95,6 +95,8 @@ bool EditerUne(FenetreDocument& fenetre, bool navigation)
         form.CacherNavigation();
     form.IndexEntree = index;
     form.Modifie = doc.IlFautSauver;
+    // At once: the user may walk through entries for hours, and unsaved changes are looked after meanwhile.
+    form.EntreeEcrite = [&doc] { doc.IlFautSauver = true; };
     form.RendreVisible = [&fenetre](int ligne) { fenetre.RendreVisible(ligne); };
     form.ChargerEntree();
     form.exec();

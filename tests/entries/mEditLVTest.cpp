@@ -198,6 +198,17 @@ TEST_F(EditLV, TheSelectionEndsOnTheEntryReachedLast)
     EXPECT_TRUE(doc.IlFautSauver) << "walking writes";
 }
 
+TEST_F(EditLV, WhatWasWrittenOnTheWayIsUnsavedWhileTheEditorIsStillOpen)
+{
+    Choisir({1});
+    DonnerFocus(1);
+    Editer(true, true, [this](QWidget& form) {
+        EXPECT_FALSE(doc.IlFautSauver);
+        Cliquer(form, "btSuivant");
+        EXPECT_TRUE(doc.IlFautSauver);
+    });
+}
+
 TEST_F(EditLV, AnEntryBeyondSixteenBitsIsNotEditedAlone)
 {
     for (int i = table.ListItems.Count(); i < 32768; ++i)
