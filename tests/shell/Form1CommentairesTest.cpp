@@ -75,6 +75,20 @@ TEST_F(Form1CommentairesTest, TheWindowStaysWhileTheyAreRead)
     EXPECT_EQ(cadre.Documents().size(), 1);
 }
 
+TEST_F(Form1CommentairesTest, AFileThatComesMeanwhileAndDoesNotOpenLeavesNoWindowBehind)
+{
+    const QString abime =
+        dossier.Ecrire(u"abime.qrt"_s, FaireArchive({{.nom = "Zelvane.qrt", .contenu = "texte", .crc = 1}}));
+    OuvrirEtLire("Mes disques", [&](QWidget& form) {
+        cadre.My_Instance.ReceiveOutputs(abime);
+        EXPECT_EQ(reponses.Cles(), QStringList({"msg52"}));
+        Passer();
+        EXPECT_EQ(cadre.Documents().size(), 1);
+        EXPECT_TRUE(form.isVisible());
+        form.close();
+    });
+}
+
 TEST_F(Form1CommentairesTest, TheCommandShowsThemUnderTheNameOfTheFile)
 {
     const Form1& fenetre = Ouvrir();

@@ -72,6 +72,19 @@ TEST_F(FrmSecours, EachLineTellsWhatWasLeft)
     EXPECT_TRUE(ligne.isSelected());
 }
 
+TEST_F(FrmSecours, OneThatCannotBeReadLeavesNoWindowBehind)
+{
+    const DossierDeTest& racine = PlateformeDeTest::Courante().dossier;
+    racine.Ecrire("temp/cat7/Zelvane.qrt", "rubbish");
+    const auto form = Form();
+    Cliquer(*form, u"btOuvrir"_s);
+    EXPECT_EQ(reponses.Cles(), QStringList({"msgSecoursIllisible"}));
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_TRUE(cadre->Documents().empty());
+    EXPECT_TRUE(Titres().isEmpty());
+    EXPECT_TRUE(EstLaisse(7));
+}
+
 TEST_F(FrmSecours, OpeningShowsTheDocumentAndEndsTheDialog)
 {
     Abandonner(7, 30);
