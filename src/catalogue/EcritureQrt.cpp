@@ -90,6 +90,13 @@ bool EcrireTextes(const QrtClass& doc, EntreesEcrites entrees)
     return true;
 }
 
+/// Who may read and write the file that a new one takes the place of: what is private stays so.
+std::optional<QFileDevice::Permissions> DroitsDe(const QString& chemin)
+{
+    const QFileInfo ancien(chemin);
+    return ancien.isFile() ? std::optional(ancien.permissions()) : std::nullopt;
+}
+
 /// Makes room for the new file. What is there and no file, such as a folder or a device, is never deleted.
 bool SupprimerAncien(const QString& chemin)
 {
@@ -100,11 +107,12 @@ bool SupprimerAncien(const QString& chemin)
 }
 
 /// Puts all of the folder into a new archive; false when something of it is not in there at the end.
-bool EcrireArchive(QrtClass& doc, Origine origine)
+bool EcrireArchive(QrtClass& doc, Origine origine, std::optional<QFileDevice::Permissions> droits)
 {
     ccZip zip;
     zip.Init(doc.CheminReel());
     zip.Level = NiveauDesCatalogues;
+    zip.Droits = droits;
     zip.Reprendre(std::move(origine));
     zip.Comm = QStringLiteral("Zelvane v2.2 by Morvenal");
     bool bon = true;
@@ -145,10 +153,12 @@ bool EcrireFichier(QrtClass& doc, bool selection)
         return false;
     if (!EcrireTextes(doc, Entrees(selection)))
         return false;
-    Origine origine = OuvrirOrigine(doc.Archive); // before its name goes
+    // Before its name goes.
+    Origine origine = OuvrirOrigine(doc.Archive);
+    const std::optional<QFileDevice::Permissions> droits = DroitsDe(doc.CheminReel());
     if (!SupprimerAncien(doc.CheminReel()))
         return false;
-    doc.DossierAGarder = !EcrireArchive(doc, std::move(origine));
+    doc.DossierAGarder = !EcrireArchive(doc, std::move(origine), droits);
     doc.ArchiveAForcer = doc.DossierAGarder ? QString() : doc.CheminReel();
     return true;
 }

@@ -59,6 +59,7 @@ void ccZip::Init(const QString& chemin)
     Col.clear();
     Comm.clear();
     Level = NiveauDesCatalogues;
+    Droits.reset();
     Connue.reset();
 
     m_prive->etat = EtatPasse(chemin);
@@ -153,8 +154,8 @@ int ccZip::Fermer()
     const QByteArray niveau = QByteArray::number(Level).left(1);
     std::vector<Ajout> ajouts = std::move(m_prive->ajouts);
     m_prive = std::make_unique<Prive>();
-    Ecrit ecrit = Ecrire(m_nom, std::move(ajouts), Comm, niveau == "-" ? NiveauDesCatalogues : niveau.toInt(),
-                         std::move(m_origine), m_infos);
+    const FormeArchive forme{Comm, niveau == "-" ? NiveauDesCatalogues : niveau.toInt(), Droits};
+    Ecrit ecrit = Ecrire(m_nom, std::move(ajouts), forme, std::move(m_origine), m_infos);
     Connue = std::move(ecrit.connue);
     return ecrit.resultat;
 }

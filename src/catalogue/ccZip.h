@@ -3,6 +3,7 @@
 
 #include "catalogue/ccZipReprise.h"
 
+#include <QFileDevice>
 #include <QString>
 #include <QStringList>
 
@@ -54,6 +55,8 @@ public:
     QString Comm;                    ///< the archive comment; read by Init, written when it is not empty
     int Level = NiveauDesCatalogues; ///< deflate level, its first digit counts; 0 stores
     LimitesExtraction Limites;       ///< for Decompress
+    /// Who may read and write a new archive; the system's usual without.
+    std::optional<QFileDevice::Permissions> Droits;
     /// The archive that Decompress has read or Fermer has written; null where it cannot be known again.
     std::shared_ptr<const ArchiveConnue> Connue;
 

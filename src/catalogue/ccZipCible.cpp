@@ -22,7 +22,8 @@ namespace {
 class Cible
 {
 public:
-    Cible(const QString& chemin, Relais& relais) : m_relais(relais), m_chemin(QFile::encodeName(chemin))
+    Cible(const QString& chemin, std::optional<QFileDevice::Permissions> droits, Relais& relais)
+        : m_relais(relais), m_chemin(QFile::encodeName(chemin)), m_droits(droits)
     {
         zip_error_init(&m_erreur);
     }
@@ -55,6 +56,7 @@ private:
 
     Relais& m_relais;
     QByteArray m_chemin;
+    std::optional<QFileDevice::Permissions> m_droits;
     zip_error_t m_erreur;
     Descripteur m_sortie;             ///< while writing
     std::unique_ptr<char[]> m_octets; ///< the buffer
@@ -76,6 +78,9 @@ zip_int64_t Cible::Commencer()
     m_sortie = Descripteur(open(m_chemin.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
     if (!m_sortie)
         return Echec(ZIP_ER_TMPOPEN, errno);
+    // While it is empty: what others may not read they never could.
+    if (m_droits)
+        QFile::setPermissions(QFile::decodeName(m_chemin), *m_droits | QFileDevice::WriteOwner);
     m_octets.reset(new (std::nothrow) char[TailleTampon]);
     return m_octets ? 0 : Echec(ZIP_ER_MEMORY);
 }
@@ -228,9 +233,9 @@ zip_int64_t Cible::Commande(void* cible, void* donnees, zip_uint64_t taille, zip
 
 } // namespace
 
-zip_source_t* CreerCible(const QString& chemin, Relais& relais)
+zip_source_t* CreerCible(const QString& chemin, std::optional<QFileDevice::Permissions> droits, Relais& relais)
 {
-    auto cible = std::make_unique<Cible>(chemin, relais);
+    auto cible = std::make_unique<Cible>(chemin, droits, relais);
     zip_source_t* source = zip_source_function_create(Cible::Commande, cible.get(), nullptr);
     if (source)
         static_cast<void>(cible.release()); // the library frees it

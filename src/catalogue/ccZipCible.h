@@ -3,14 +3,18 @@
 
 #include "catalogue/ccZipRelais.h"
 
+#include <QFileDevice>
 #include <QString>
 
 #include <zip.h>
 
+#include <optional>
+
 namespace zipinterne {
 
 /// A new archive that is written where it will stand. There must be nothing yet, and what was begun goes again unless
-/// it comes to its end. `relais` outlives it. Null when it cannot be had.
-zip_source_t* CreerCible(const QString& chemin, Relais& relais);
+/// it comes to its end. `droits`: who may read and write it; without, the system's usual. `relais` outlives it. Null
+/// when it cannot be had.
+zip_source_t* CreerCible(const QString& chemin, std::optional<QFileDevice::Permissions> droits, Relais& relais);
 
 } // namespace zipinterne

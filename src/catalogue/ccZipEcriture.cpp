@@ -163,11 +163,11 @@ bool EstComplet(const QString& chemin, const std::vector<Attendu>& attendus, con
 }
 
 /// The archive to write into: the new one, or the copy of an old one.
-Archive OuvrirPourEcrire(const QString& chemin, Relais& relais)
+Archive OuvrirPourEcrire(const QString& chemin, std::optional<QFileDevice::Permissions> droits, Relais& relais)
 {
     if (QFile::exists(chemin))
         return Archive(zip_open(QFile::encodeName(chemin).constData(), 0, nullptr));
-    zip_source_t* cible = CreerCible(chemin, relais);
+    zip_source_t* cible = CreerCible(chemin, droits, relais);
     Archive archive(cible ? zip_open_from_source(cible, ZIP_CREATE, nullptr) : nullptr);
     if (!archive && cible)
         zip_source_free(cible);
@@ -202,8 +202,9 @@ private:
 class Ecrivain
 {
 public:
-    Ecrivain(const QString& commentaire, int niveau, QString& infos)
-        : m_commentaire(OctetsDuCommentaire(commentaire)), m_niveau(niveau), m_infos(infos)
+    Ecrivain(const FormeArchive& forme, QString& infos)
+        : m_commentaire(OctetsDuCommentaire(forme.commentaire)), m_niveau(forme.niveau), m_droits(forme.droits),
+          m_infos(infos)
     {
     }
     /// Writes a new archive, or adds to the one that is there; on failure a new one is gone again.
@@ -214,6 +215,7 @@ private:
 
     QByteArray m_commentaire;
     int m_niveau;
+    std::optional<QFileDevice::Permissions> m_droits;
     QString& m_infos;
     Relais m_relais;
 };
@@ -221,7 +223,7 @@ private:
 ResultatZip Ecrivain::Construire(const QString& chemin, std::vector<Ajout>& ajouts, const OrigineZip* origine)
 {
     m_relais = Relais();
-    Archive archive = OuvrirPourEcrire(chemin, m_relais);
+    Archive archive = OuvrirPourEcrire(chemin, m_droits, m_relais);
     if (!archive)
         return QFile::exists(chemin) ? ZipFormat : ZipCreation;
     for (Ajout& ajout : ajouts) {
@@ -273,10 +275,10 @@ std::shared_ptr<const ArchiveConnue> Connaitre(const QString& chemin, const std:
 
 } // namespace
 
-Ecrit Ecrire(const QString& chemin, std::vector<Ajout> ajouts, const QString& commentaire, int niveau, Origine origine,
+Ecrit Ecrire(const QString& chemin, std::vector<Ajout> ajouts, const FormeArchive& forme, Origine origine,
              QString& infos)
 {
-    Ecrivain ecrivain(commentaire, niveau, infos);
+    Ecrivain ecrivain(forme, infos);
     if (QFile::exists(chemin)) {
         const FichierProvisoire provisoire(chemin);
         if (!QFile::copy(chemin, provisoire.Chemin()))
@@ -292,7 +294,7 @@ Ecrit Ecrire(const QString& chemin, std::vector<Ajout> ajouts, const QString& co
         origine.reset();
         resultat = ecrivain.Construire(chemin, ajouts, nullptr);
     }
-    return {resultat, resultat == ZipFait ? Connaitre(chemin, ajouts, niveau) : nullptr};
+    return {resultat, resultat == ZipFait ? Connaitre(chemin, ajouts, forme.niveau) : nullptr};
 }
 
 } // namespace zipinterne

@@ -80,6 +80,13 @@ zip_source_t* CreerSourceFichier(zip_t* archive, Ajout& ajout, const struct stat
 /// The same of deflated bytes, for a file that fits into memory. Where libdeflate is.
 zip_source_t* CreerSourceDeflate(zip_t* archive, Ajout& ajout, const struct stat& fichier, int niveau);
 
+struct FormeArchive
+{
+    QString commentaire;
+    int niveau = NiveauDesCatalogues;               ///< deflate level; 0 stores
+    std::optional<QFileDevice::Permissions> droits; ///< of a new archive; the system's usual without
+};
+
 struct Ecrit
 {
     ResultatZip resultat = ZipFait;
@@ -87,7 +94,7 @@ struct Ecrit
 };
 /// Adds files to an archive, a new one if there is none; see ccZip::Fermer. Takes compressed bytes over from `origine`,
 /// which may be null.
-Ecrit Ecrire(const QString& chemin, std::vector<Ajout> ajouts, const QString& commentaire, int niveau, Origine origine,
+Ecrit Ecrire(const QString& chemin, std::vector<Ajout> ajouts, const FormeArchive& forme, Origine origine,
              QString& infos);
 
 } // namespace zipinterne

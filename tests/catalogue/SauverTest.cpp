@@ -8,6 +8,7 @@
 #include "support/FileDeReponses.h"
 #include "support/TableDeTest.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 #include <gtest/gtest.h>
@@ -65,6 +66,21 @@ protected:
 };
 
 } // namespace
+
+TEST_F(Sauvegarde, WhoMayReadTheFileStaysAsItWas)
+{
+    constexpr auto prive = QFile::ReadOwner | QFile::WriteOwner;
+    constexpr auto partage = prive | QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther;
+    for (const char* type : {"1", "2"}) {
+        const QString chemin = DepuisFichier(type);
+        for (const QFile::Permissions droits : {QFile::Permissions(prive), QFile::Permissions(partage)}) {
+            ASSERT_TRUE(QFile::setPermissions(chemin, droits));
+            EXPECT_TRUE(Enregistrer(d.doc, false, true));
+            const auto apres = QFile::permissions(chemin) & ~(QFile::ReadUser | QFile::WriteUser | QFile::ExeUser);
+            EXPECT_EQ(int(apres.toInt()), int(droits.toInt())) << type;
+        }
+    }
+}
 
 TEST_F(Sauvegarde, AnUnchangedDocumentIsLeftAloneWhenTheQuestionIsAllowed)
 {
