@@ -1,7 +1,7 @@
 #include "entries/ChampDEntree.h"
 
+#include "base/SurUneLigne.h"
 #include "entries/Macros.h"
-#include "entries/SaisieDEntree.h"
 #include "platform/Plateforme.h"
 
 #include <QFocusEvent>

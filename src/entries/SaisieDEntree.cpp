@@ -35,8 +35,3 @@ bool ToutEstVide(const QStringList& valeurs)
 {
     return std::ranges::all_of(valeurs, [](const QString& valeur) { return valeur.isEmpty(); });
 }
-
-QString SurUneLigne(QString texte)
-{
-    return texte.replace(u"\r\n"_s, u" "_s).replace(u'\n', u' ').replace(u'\r', u' ');
-}

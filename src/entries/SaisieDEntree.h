@@ -20,6 +20,3 @@ int ValeurInterdite(const QStringList& valeurs);
 
 /// True when all values are empty: that is no entry.
 bool ToutEstVide(const QStringList& valeurs);
-
-/// `texte` with a blank in place of each line break: values have one line.
-QString SurUneLigne(QString texte);

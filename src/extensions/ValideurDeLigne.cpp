@@ -1,24 +1,8 @@
 #include "extensions/ValideurDeLigne.h"
 
+#include "base/SurUneLigne.h"
+
 #include <algorithm>
-
-using namespace Qt::StringLiterals;
-
-namespace {
-
-bool EstSaut(QChar c)
-{
-    return c == u'\n' || c == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
-}
-
-QString EnUneLigne(QString texte)
-{
-    texte.replace(u"\r\n"_s, u" "_s);
-    std::replace_if(texte.begin(), texte.end(), EstSaut, u' ');
-    return texte;
-}
-
-} // namespace
 
 ValideurDeLigne::ValideurDeLigne(QObject* parent, const QString& interdits) : QValidator(parent), m_interdits(interdits)
 {
@@ -30,10 +14,11 @@ QValidator::State ValideurDeLigne::validate(QString& texte, int& position) const
         emit Refuse();
         return Invalid;
     }
-    while (!texte.isEmpty() && EstSaut(texte.back()))
+    // Lines are often copied with the break behind them.
+    while (!texte.isEmpty() && SurUneLigne(texte.last(1)) != texte.last(1))
         texte.chop(1);
-    const QString avant = EnUneLigne(texte.left(position));
-    texte = avant + EnUneLigne(texte.mid(position));
+    const QString avant = SurUneLigne(texte.left(position));
+    texte = avant + SurUneLigne(texte.mid(position));
     position = static_cast<int>(avant.size());
     return Acceptable;
 }

@@ -54,9 +54,3 @@ TEST(ValeursDEntree, AreNoEntryWhenAllAreEmpty)
     EXPECT_TRUE(ToutEstVide({}));
     EXPECT_FALSE(ToutEstVide({"", " ", ""})) << "a blank is a value";
 }
-
-TEST(ValeursDEntree, HaveOneLine)
-{
-    EXPECT_EQ(SurUneLigne(u"un\r\ndeux\ntrois\rquatre"_s), "un deux trois quatre");
-    EXPECT_EQ(SurUneLigne(u"un\tdeux"_s), "un\tdeux");
-}
