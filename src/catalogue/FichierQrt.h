@@ -13,6 +13,9 @@ int TypeFichier(const QString& chemin);
 /// The text behind the first "="; all of the line when it has none.
 QString ValeurLigne(const QString& ligne);
 
+/// Title of the loan column, "Prêté": the reader adds it where it is missing, and of several the last one is it.
+QString TitrePrete();
+
 /// Fills the table from "Zelvane.qrt" in TmpFolder. A malformed value leaves what was there; a file that is none is
 /// told ("msg50") and leaves an empty table. Sets IndexColPrete and dependantcol, and IlFautSauver when it had to add
 /// the loan column.

@@ -226,7 +226,7 @@ private:
 
     void AjouterColonne(int numero, const QString& titre, const QString& largeur, const QString& marque)
     {
-        if (titre == u"Prêté")
+        if (titre == TitrePrete())
             m_doc.IndexColPrete = numero;
         ColumnHeader& colonne = m_table.ColumnHeaders.Add(0, titre);
         if (largeur.isEmpty()) {
@@ -242,7 +242,7 @@ private:
     {
         if (m_doc.IndexColPrete != -1)
             return;
-        m_table.ColumnHeaders.Add(0, QStringLiteral("Prêté")).SetWidth(600);
+        m_table.ColumnHeaders.Add(0, TitrePrete()).SetWidth(600);
         m_doc.IndexColPrete = m_colonnes + 1;
         m_doc.IlFautSauver = true;
     }
@@ -352,6 +352,11 @@ bool Charger(QrtClass& doc, std::optional<stockage::Source> source)
 }
 
 } // namespace
+
+QString TitrePrete()
+{
+    return QStringLiteral("Prêté");
+}
 
 QString ValeurLigne(const QString& ligne)
 {

@@ -15,11 +15,6 @@ bool Refuser(const QString& cle, const QString& texte)
 
 } // namespace
 
-QString TitrePrete()
-{
-    return u"Prêté"_s;
-}
-
 void ColonnesDeCategorie::Choisir(int position)
 {
     m_choisie = Existe(position) ? position : 0;

@@ -1,11 +1,10 @@
 // The columns of a category that is being defined: titles in order, the one in hand, and which one is dependant.
 #pragma once
 
+#include "catalogue/FichierQrt.h"
+
 #include <QString>
 #include <QStringList>
-
-/// The title that makes a column the loan column.
-QString TitrePrete();
 
 /// Positions count from 1; 0 is none. Starts with one empty title, chosen. Titles may be empty while the user works.
 class ColonnesDeCategorie

@@ -2,7 +2,7 @@
 
 #include "base/Const_Vrac.h"
 #include "catalogue/Cadre.h"
-#include "entries/ColonnesDeCategorie.h"
+#include "catalogue/FichierQrt.h"
 #include "extensions/modLang.h"
 
 using namespace Qt::StringLiterals;
