@@ -13,12 +13,6 @@ namespace {
 
 const QString s_finDeLigne = QStringLiteral("\r\n");
 
-QByteArray LireTout(const QString& chemin)
-{
-    QFile fichier(chemin);
-    return fichier.open(QIODevice::ReadOnly) ? fichier.readAll() : QByteArray();
-}
-
 /// The bytes that "Zelvane.utf8" is to hold once the comments are `texte`; empty when the folder needs no such file.
 QByteArray TexteExactAvec(const QString& dossier, const QString& texte)
 {
@@ -26,7 +20,7 @@ QByteArray TexteExactAvec(const QString& dossier, const QString& texte)
     const bool enHuitBits = PageDeCode::EstRepresentable(texte);
     if (enHuitBits && !QFileInfo::exists(chemin))
         return {};
-    const QByteArray huitBits = LireTout(dossier + QStringLiteral("Zelvane.qrt"));
+    const QByteArray huitBits = LireFichier(dossier + QStringLiteral("Zelvane.qrt")).value_or(QByteArray());
     const QByteArray enUtf8 = PageDeCode::VersTexte(huitBits).toUtf8();
     const QByteArray catalogue = TexteExact::Lire(dossier, huitBits, {}).catalogue.value_or(enUtf8);
     if (enHuitBits)

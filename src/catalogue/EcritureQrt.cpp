@@ -43,12 +43,6 @@ EntreesEcrites Entrees(bool selection)
     return selection ? EntreesEcrites::Selection : EntreesEcrites::Toutes;
 }
 
-QByteArray LireTout(const QString& chemin)
-{
-    QFile fichier(chemin);
-    return fichier.open(QIODevice::ReadOnly) ? fichier.readAll() : QByteArray();
-}
-
 /// Writes the exact text beside the 8-bit one. `commentaire`: the comment's exact text, where it needs one.
 bool EcrireTexteExact(const QrtClass& doc, EntreesEcrites entrees, const std::optional<QByteArray>& commentaire)
 {
@@ -74,7 +68,8 @@ bool EcrireTextes(const QrtClass& doc, EntreesEcrites entrees)
     std::optional<QByteArray> commentaire;
     if (QFileInfo::exists(doc.TmpFolder + TexteExact::NomDuFichier()))
         commentaire =
-            TexteExact::Lire(doc.TmpFolder, LireTout(chemin), LireTout(doc.TmpFolder + QStringLiteral("Zelvane.txt")))
+            TexteExact::Lire(doc.TmpFolder, LireFichier(chemin).value_or(QByteArray()),
+                             LireFichier(doc.TmpFolder + QStringLiteral("Zelvane.txt")).value_or(QByteArray()))
                 .commentaire;
 
     FichierDuDossier fichier(chemin);

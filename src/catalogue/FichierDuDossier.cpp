@@ -2,6 +2,14 @@
 
 #include <cstdio>
 
+std::optional<QByteArray> LireFichier(const QString& chemin)
+{
+    QFile fichier(chemin);
+    if (!fichier.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    return fichier.readAll();
+}
+
 FichierDuDossier::~FichierDuDossier()
 {
     if (m_fichier.isOpen())

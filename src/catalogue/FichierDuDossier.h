@@ -2,9 +2,15 @@
 // forced to the disk, as the folder does not outlive the program's run.
 #pragma once
 
+#include <QByteArray>
 #include <QByteArrayView>
 #include <QFile>
 #include <QString>
+
+#include <optional>
+
+/// All bytes of a file; nothing when it cannot be read.
+std::optional<QByteArray> LireFichier(const QString& chemin);
 
 class FichierDuDossier
 {

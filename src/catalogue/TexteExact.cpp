@@ -1,8 +1,7 @@
 #include "catalogue/TexteExact.h"
 
+#include "catalogue/FichierDuDossier.h"
 #include "platform/PageDeCode.h"
-
-#include <QFile>
 
 namespace TexteExact {
 
@@ -32,14 +31,6 @@ Caractere Decoder(const uchar* p, const uchar* fin)
     if (code < plusPetit[octets] || code > 0x10FFFF || (code >= 0xD800 && code < 0xE000))
         return {0, 0};
     return {code, octets};
-}
-
-std::optional<QByteArray> LireFichier(const QString& chemin)
-{
-    QFile fichier(chemin);
-    if (!fichier.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    return fichier.readAll();
 }
 
 } // namespace
