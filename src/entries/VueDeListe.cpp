@@ -2,6 +2,7 @@
 
 #include "catalogue/MyLV.h"
 #include "entries/PlusLarge.h"
+#include "extensions/TableDeLignes.h"
 #include "extensions/UnitesEcran.h"
 
 #include <QAccessible>
@@ -54,24 +55,9 @@ std::vector<std::pair<int, int>> PlagesDe(const std::vector<bool>& oui)
 VueDeListe::VueDeListe(QWidget* parent) : QTableView(parent)
 {
     setItemDelegate(new DelegueDeListe(this));
-    setSelectionBehavior(SelectRows);
-    setSelectionMode(ExtendedSelection);
-    setEditTriggers(NoEditTriggers);
-    setTabKeyNavigation(false);
-    setWordWrap(false);
-    setShowGrid(false);
-    setCornerButtonEnabled(false);
-    setHorizontalScrollMode(ScrollPerPixel);
-    setVerticalScrollMode(ScrollPerPixel);
-
-    verticalHeader()->hide();
-    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setMinimumSectionSize(1);
-
+    FaireTableDeLignes(*this);
     QHeaderView* titres = horizontalHeader();
-    titres->setHighlightSections(false);
     titres->setSectionsClickable(true);
-    titres->setMinimumSectionSize(0);
     connect(titres, &QHeaderView::sectionResized, this,
             [this](int section, int, int pixels) { LargeurTiree(section, pixels); });
     connect(titres, &QHeaderView::sectionClicked, this, [this](int section) { emit EnteteCliquee(section + 1); });
@@ -82,9 +68,7 @@ void VueDeListe::Afficher(QAbstractItemModel& modele, ColumnHeaders& colonnes)
 {
     m_colonnes = &colonnes;
     setModel(&modele);
-    // The titles would look through every highlighted row, for each title drawn, to find out whether it is highlighted.
-    for (QHeaderView* entete : {horizontalHeader(), verticalHeader()})
-        entete->setSelectionModel(new QItemSelectionModel(&modele, entete));
+    DetacherTitres(*this);
     connect(&modele, &QAbstractItemModel::modelReset, this, &VueDeListe::AppliquerLargeurs);
     AppliquerLargeurs();
 }

@@ -1,5 +1,6 @@
 #include "shell/VueTable.h"
 
+#include "extensions/TableDeLignes.h"
 #include "extensions/UnitesEcran.h"
 #include "shell/DelegueEntrees.h"
 #include "shell/ModeleTable.h"
@@ -32,24 +33,9 @@ std::chrono::milliseconds DelaiDeFrappe()
 
 VueTable::VueTable(QWidget* parent) : QTableView(parent), m_frappe(std::make_unique<SaisieRapide>())
 {
-    setSelectionBehavior(SelectRows);
-    setSelectionMode(ExtendedSelection);
-    setEditTriggers(NoEditTriggers);
-    setTabKeyNavigation(false);
-    setWordWrap(false);
-    setShowGrid(false); // drawn here: see DessinerGrille
-    setCornerButtonEnabled(false);
-    setHorizontalScrollMode(ScrollPerPixel);
-    setVerticalScrollMode(ScrollPerPixel);
-
-    verticalHeader()->hide();
-    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setMinimumSectionSize(1);
-
+    FaireTableDeLignes(*this); // its grid is drawn here: see DessinerGrille
     QHeaderView* titres = horizontalHeader();
-    titres->setHighlightSections(false);
     titres->setSectionsClickable(false);
-    titres->setMinimumSectionSize(0);
     connect(titres, &QHeaderView::sectionResized, this,
             [this](int section, int, int pixels) { LargeurTiree(section, pixels); });
     connect(titres, &QHeaderView::sectionClicked, this, [this](int section) { emit EnteteCliquee(section + 1); });
@@ -66,9 +52,7 @@ void VueTable::Afficher(MyLV& table)
     setModel(m_modele);
     const std::unique_ptr<QItemSelectionModel> deQt(selectionModel());
     setSelectionModel(m_selection);
-    // The titles would look through every selected row, for each title drawn, to find out whether it is selected.
-    for (QHeaderView* entete : {horizontalHeader(), verticalHeader()})
-        entete->setSelectionModel(new QItemSelectionModel(m_modele, entete));
+    DetacherTitres(*this);
     connect(m_modele, &ModeleTable::Rafraichi, this, &VueTable::TableChangee);
     AppliquerLargeurs();
     m_selection->Refleter();
