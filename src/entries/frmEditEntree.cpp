@@ -5,6 +5,7 @@
 #include "catalogue/MyLV.h"
 #include "entries/SaisieDEntree.h"
 #include "extensions/LangForm.h"
+#include "extensions/UnitesEcran.h"
 #include "extensions/modLang.h"
 #include "images/ChoisirImage.h"
 #include "images/FichierImage.h"
@@ -22,7 +23,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // Units of 1/1440 inch.
-constexpr int UnitesParPouce = 1440;
 constexpr int LargeurTitres = 1500;
 constexpr int LargeurValeurs = 4500;
 constexpr int LargeurComboSansListe = 3872;
@@ -30,11 +30,6 @@ constexpr int LargeurComboAvecListe = 3590;
 
 constexpr int Hauteur = 460;
 constexpr int CoteIcone = 16;
-
-int EnPixels(const QWidget& widget, int unites)
-{
-    return qRound(static_cast<double>(unites) * widget.logicalDpiX() / UnitesParPouce);
-}
 
 } // namespace
 
@@ -79,8 +74,8 @@ void frmEditEntree::MesurerControles()
 {
     const int cadre = 2 * m_ui->LV->frameWidth();
     // The column of the values fills what the one of the titles leaves.
-    m_ui->LV->setMinimumWidth(EnPixels(*this, LargeurTitres) + EnPixels(*this, LargeurValeurs) + cadre);
-    m_ui->LV->setColumnWidth(0, EnPixels(*this, LargeurTitres));
+    m_ui->LV->setMinimumWidth(PixelsDe(*this, LargeurTitres) + PixelsDe(*this, LargeurValeurs) + cadre);
+    m_ui->LV->setColumnWidth(0, PixelsDe(*this, LargeurTitres));
     for (QToolButton* bouton : {m_ui->btplus, m_ui->btmoins})
         bouton->setIconSize({CoteIcone, CoteIcone});
     MettreLargeurCombo();
@@ -157,8 +152,8 @@ void frmEditEntree::EcrireValeur(const QString& valeur)
 void frmEditEntree::MettreLargeurCombo()
 {
     const bool aListe = !m_ui->LV->Textes(m_ui->LV->Choisie()).isEmpty();
-    const int pleine = EnPixels(*this, LargeurComboSansListe);
-    const int largeur = aListe ? EnPixels(*this, LargeurComboAvecListe) : pleine;
+    const int pleine = PixelsDe(*this, LargeurComboSansListe);
+    const int largeur = aListe ? PixelsDe(*this, LargeurComboAvecListe) : pleine;
     m_ui->Combo1->setMinimumWidth(largeur);
     m_ui->PlaceDuChamp->setContentsMargins(0, 0, pleine - largeur, 0);
     layout()->activate();

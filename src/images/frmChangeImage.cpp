@@ -5,6 +5,7 @@
 #include "base/DialogueFichier.h"
 #include "base/Icones.h"
 #include "base/Options.h"
+#include "catalogue/Evenements.h"
 #include "extensions/LangForm.h"
 #include "extensions/modLang.h"
 #include "images/Bibliotheque.h"
@@ -15,7 +16,6 @@
 #include "images/frmRemplacerImg.h"
 #include "ui_frmChangeImage.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QShortcut>
 
@@ -24,12 +24,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int CoteVignette = 48;
-
-/// Lets the windows draw themselves. Keys and clicks wait: the caller's document must not go meanwhile.
-void LaisserDessiner()
-{
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-}
 
 } // namespace
 
@@ -63,7 +57,7 @@ frmChangeImage::~frmChangeImage() = default;
 void frmChangeImage::Remplir(const QString& nomActuel)
 {
     m_vignettes->SetDossier(Dossier);
-    m_ui->List1->addItems(ListerImages(Dossier, LaisserDessiner));
+    m_ui->List1->addItems(ListerImages(Dossier, LaisserPasserEvenements));
     m_ui->Img->ChargerOuVider(FichierImage(Dossier, nomActuel));
 }
 
@@ -126,7 +120,7 @@ std::optional<QString> frmChangeImage::RemplacerOuRenommer(const QString& fichie
         const Message renommer = LangMsg(u"msg27"_s, u"Voulez vous que l'image a ajouter soit renomée?"_s);
         if (AfficherMsg(renommer, MsgOuiNonAnnuler, QString()) != RepOui)
             return QString();
-        sous = NomLibre(Dossier, nom, LaisserDessiner);
+        sous = NomLibre(Dossier, nom, LaisserPasserEvenements);
     }
     const auto siExiste = question.Resultat ? SiLeFichierExiste::Remplacer : SiLeFichierExiste::Echouer;
     return CopierImage(fichier, Dossier + sous, siExiste) ? std::optional(sous) : std::nullopt;

@@ -24,12 +24,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Values of the setting SizeForm1.
-enum EtatFenetre { Normale = 0, Reduite = 1, Agrandie = 2 };
-
 constexpr double LargeurImages = 1500; // units of 1/1440 inch
 
-EtatFenetre EtatDe(const QWidget& fenetre)
+EtatDeForm1 EtatDe(const QWidget& fenetre)
 {
     if (fenetre.isMinimized())
         return Reduite;
@@ -145,7 +142,7 @@ void Form1::GarderEtat() const
     // A maximised window that another one takes the place of is put back to normal by the area, not by the user.
     if (autour->mdiArea() && autour->mdiArea()->currentSubWindow() != autour)
         return;
-    const EtatFenetre etat = EtatDe(*autour);
+    const EtatDeForm1 etat = EtatDe(*autour);
     if (!OptionEgale(LireOption(u"SizeForm1"_s), etat))
         EcrireOption(u"SizeForm1"_s, int(etat));
 }

@@ -36,6 +36,9 @@ public:
     virtual void mGrandesIcones_Click() = 0;
 };
 
+/// Values of the setting SizeForm1: the state in which documents are shown.
+enum EtatDeForm1 { Normale = 0, Reduite = 1, Agrandie = 2 };
+
 class Form1 : public QMainWindow, public FenetreDocument, public MenuRecents
 {
     Q_OBJECT

@@ -32,9 +32,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Values of the setting SizeForm1.
-enum EtatFenetre { Normale = 0, Reduite = 1, Agrandie = 2 };
-
 constexpr double PartDeLEcran = 0.98;
 
 void MontrerDansSonEtat(QMdiSubWindow& fenetre)
