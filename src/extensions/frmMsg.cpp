@@ -26,7 +26,8 @@ frmMsg::frmMsg(const QString& texte, int genre, const QString& titre, QWidget* p
 {
     m_ui->setupUi(this);
     LangForm(*this);
-    setWindowTitle(titre);
+    // An empty title bar would show the name of the executable.
+    setWindowTitle(titre.isEmpty() ? u"Zelvane"_s : titre);
     m_ui->Label1->setText(texte);
     // What a screen reader says first.
     setAccessibleDescription(texte);

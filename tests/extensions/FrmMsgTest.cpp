@@ -127,6 +127,12 @@ TEST(FrmMsg, TextAndTitleAreTheCallers)
     });
 }
 
+TEST(FrmMsg, WithoutATitleItIsTheProgramThatSpeaks)
+{
+    EXPECT_EQ(frmMsg(u"Oui ou non ?"_s, MsgOuiNon, QString()).windowTitle(), "Zelvane");
+    EXPECT_EQ(frmMsg(u"Oui ou non ?"_s, MsgOuiNon, u"Question"_s).windowTitle(), "Question");
+}
+
 TEST(FrmMsg, ATextThatLooksLikeMarkupIsShownAsItStands)
 {
     const frmMsg boite(u"<b>A</b> & <i>B</i>"_s, MsgOk, QString());
