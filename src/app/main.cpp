@@ -1,6 +1,7 @@
 // zelvane [PATH]: the program with its windows. All that stands behind the program's name is one path.
 #include "extensions/DialoguesEnFenetre.h"
 #include "extensions/MessagesEnFenetre.h"
+#include "extensions/RepriseDuFocus.h"
 #include "platform/Plateforme.h"
 #include "platform/ProgrammesBureau.h"
 #include "platform/RendezvousLocal.h"
@@ -50,6 +51,7 @@ int main(int argc, char** argv)
     plateforme().rendezvous = &rendezvous;
     const MessagesEnFenetre messages;
     const DialoguesEnFenetre dialogues;
+    const RepriseDuFocus reprise;
     EtapesEnFenetres etapes;
     if (Main(LigneDeCommande(QApplication::arguments()), etapes) == SuiteDemarrage::Finir)
         return 0;
