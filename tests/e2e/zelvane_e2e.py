@@ -83,6 +83,12 @@ class Session:
         """A home folder in which the program was never started."""
         return pathlib.Path(tempfile.mkdtemp(prefix="home-", dir=self.folder))
 
+    def colour(self, x, y):
+        """The colour of one point of the screen: "#RRGGBB"."""
+        done = subprocess.run(["import", "-silent", "-window", "root", "-crop", f"1x1+{x}+{y}", "-depth", "8", "rgb:-"],
+                              check=True, stdout=subprocess.PIPE)
+        return "#" + done.stdout.hex().upper()
+
     def picture(self, path):
         """Saves what is on the screen."""
         path.parent.mkdir(parents=True, exist_ok=True)
@@ -257,8 +263,17 @@ class Program:
         windows = xdotool("search", "--onlyvisible", "--pid", self._process.pid, "--name", ".", check=False).split()
         return [xdotool("getwindowname", window, check=False).strip() for window in windows]
 
+    def await_window(self, title):
+        """Waits until the keys go to the window of a title: much faster than looking for a widget in it."""
+        wait_until(lambda: xdotool("getactivewindow", "getwindowname", check=False).strip() == title,
+                   f"the window '{title}'")
+
     def type(self, text):
         xdotool("type", "--delay", 20, text)
+
+    def type_lines(self, texts):
+        """Types texts fast, with Enter after each."""
+        xdotool(*(part for text in texts for part in ("type", "--delay", 4, "--args", 1, text, "key", "Return")))
 
     def key(self, *keys):
         """Presses keys by their X names: "Return", "ctrl+a" ..."""
