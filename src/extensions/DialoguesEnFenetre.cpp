@@ -4,12 +4,19 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
+#include <QListView>
+#include <QSize>
+#include <QTreeView>
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr QSize PremiereTaille(860, 520);
+constexpr int LargeurDesLieux = 240; // the most that the list of places takes by itself
 
 /// A line for the list of types. The pattern of all files is "*" here: "*.*" would hide names without a point.
 QString FiltreQt(const TypeDeFichier& type)
@@ -35,6 +42,19 @@ void Partir(QFileDialog& dialogue, const QString& depart)
         dialogue.selectFile(lieu.fileName());
 }
 
+/// Dates and places are seen whole from the first; Qt's own dialog is narrow, with a list of places that scrolls. The
+/// system's dialog has no such parts.
+void DonnerDeLaPlace(QFileDialog& dialogue)
+{
+    dialogue.resize(PremiereTaille);
+    if (const auto* fichiers = dialogue.findChild<QTreeView*>(u"treeView"_s))
+        fichiers->header()->setStretchLastSection(true);
+    if (auto* lieux = dialogue.findChild<QListView*>(u"sidebar"_s)) {
+        const int largeur = lieux->sizeHintForColumn(0) + 2 * lieux->frameWidth();
+        lieux->setMinimumWidth(qMin(largeur, LargeurDesLieux));
+    }
+}
+
 /// The 1-based type. Qt's dialog tells the label alone, others the line that they were given; one that tells nothing
 /// leaves the type that was asked for.
 int TypeChoisi(const QFileDialog& dialogue, const DemandeFichier& demande)
@@ -51,6 +71,7 @@ std::optional<ReponseFichier> Demander(QFileDialog& dialogue, const DemandeFichi
 {
     // The labels say enough; they stand as they are, without the patterns behind them.
     dialogue.setOption(QFileDialog::HideNameFilterDetails);
+    DonnerDeLaPlace(dialogue);
     QStringList filtres;
     for (const TypeDeFichier& type : demande.types)
         filtres.append(FiltreQt(type));

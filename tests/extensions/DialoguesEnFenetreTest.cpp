@@ -7,8 +7,11 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLineEdit>
+#include <QListView>
 #include <QTest>
+#include <QTreeView>
 
 #include <gtest/gtest.h>
 
@@ -58,6 +61,19 @@ TEST_F(DialoguesEnFenetreTest, TheDialogShowsTheTitleTheLabelsAndTheFolder)
     });
     EXPECT_FALSE(DialogueOuvrir(demande));
     EXPECT_EQ(libelles, QStringList({u"(*.*)"_s, u"Zelvane 2/1.5"_s, u"Zelvane 1.4"_s}));
+}
+
+TEST_F(DialoguesEnFenetreTest, PlacesAndColumnsAreSeenWhole)
+{
+    GardeModale garde([&](QWidget& fenetre) {
+        const auto& lieux = *fenetre.findChild<QListView*>(u"sidebar"_s);
+        const auto& fichiers = *fenetre.findChild<QTreeView*>(u"treeView"_s);
+        EXPECT_GE(lieux.viewport()->width(), lieux.sizeHintForColumn(0));
+        EXPECT_EQ(fichiers.header()->length(), fichiers.viewport()->width());
+        EXPECT_GE(fichiers.columnWidth(3), 200);
+        QTest::keyClick(&fenetre, Qt::Key_Escape);
+    });
+    EXPECT_FALSE(DialogueOuvrir(demande));
 }
 
 TEST_F(DialoguesEnFenetreTest, TheChosenFileComesBackWithItsType)
