@@ -234,13 +234,16 @@ std::optional<Lecture> Remplir(FenetreDocument& fenetre, const DossierLaisse& la
     return lecture;
 }
 
-/// The rescue copy goes over to the new folder in one step, so that there is one at any moment; then the old folder
-/// goes.
+/// The rescue copy goes over to the new folder, on one disk in one step, so that there is one at any moment; then the
+/// old folder goes.
 void Ceder(const DossierLaisse& laisse, const QString& dossier)
 {
     std::error_code erreur;
-    fs::rename(QFile::encodeName(FichierDeSecours(laisse.dossier)).toStdString(),
-               QFile::encodeName(FichierDeSecours(dossier)).toStdString(), erreur);
+    const fs::path de = QFile::encodeName(FichierDeSecours(laisse.dossier)).toStdString();
+    const fs::path vers = QFile::encodeName(FichierDeSecours(dossier)).toStdString();
+    fs::rename(de, vers, erreur);
+    if (erreur && PrendreFichier(de, vers))
+        fs::remove(de, erreur);
     SupprimerDossier(laisse.dossier, true);
 }
 

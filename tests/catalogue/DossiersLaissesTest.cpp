@@ -14,6 +14,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -288,6 +289,20 @@ TEST_F(Laisses, TheChangesAreSafeAlsoWhileTheCommentsAreRead)
     };
     ASSERT_TRUE(Ouvrir());
     EXPECT_TRUE(lus);
+}
+
+TEST_F(Laisses, AnotherDiskTakesTheRescueCopyOverToo)
+{
+    LaisserDossier();
+    LaisserCopie({{"a", ""}, {"b", ""}, {"c", ""}});
+    const QTemporaryDir autreDisque(u"/dev/shm/zelvane-test-XXXXXX"_s);
+    TempFolder = autreDisque.path();
+    const FenetreDeTest* fenetre = Ouvrir();
+    ASSERT_TRUE(fenetre);
+    EXPECT_FALSE(dossier.Existe("temp/cat7.secours")) << "or it would be offered again";
+    const std::optional<IdentiteDeSecours> identite = LireIdentite(FichierDeSecours(fenetre->myqrt.TmpFolder));
+    ASSERT_TRUE(identite && identite->texte);
+    EXPECT_EQ(identite->base, EmpreinteDuTexte(fenetre->myqrt.TmpFolder)) << "and would be found again";
 }
 
 TEST_F(Laisses, ACopyThatWasSavedSinceIsOfNoInterest)
