@@ -60,7 +60,7 @@ VueDeListe::VueDeListe(QWidget* parent) : QTableView(parent)
     titres->setSectionsClickable(true);
     connect(titres, &QHeaderView::sectionResized, this,
             [this](int section, int, int pixels) { LargeurTiree(section, pixels); });
-    connect(titres, &QHeaderView::sectionClicked, this, [this](int section) { emit EnteteCliquee(section + 1); });
+    EcouterTitres(*this, [this](int colonne) { emit EnteteCliquee(colonne); });
     AppliquerHauteur();
 }
 

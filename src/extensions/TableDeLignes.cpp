@@ -28,3 +28,13 @@ void DetacherTitres(QTableView& table)
     for (QHeaderView* entete : {table.horizontalHeader(), table.verticalHeader()})
         entete->setSelectionModel(new QItemSelectionModel(table.model(), entete));
 }
+
+void EcouterTitres(QTableView& table, const std::function<void(int)>& clic)
+{
+    QHeaderView* titres = table.horizontalHeader();
+    QObject::connect(titres, &QHeaderView::sectionClicked, &table, [clic](int section) { clic(section + 1); });
+    QObject::connect(titres, &QHeaderView::sectionDoubleClicked, &table, [titres, clic](int section) {
+        if (titres->sectionsClickable())
+            clic(section + 1);
+    });
+}

@@ -38,7 +38,7 @@ VueTable::VueTable(QWidget* parent) : QTableView(parent), m_frappe(std::make_uni
     titres->setSectionsClickable(false);
     connect(titres, &QHeaderView::sectionResized, this,
             [this](int section, int, int pixels) { LargeurTiree(section, pixels); });
-    connect(titres, &QHeaderView::sectionClicked, this, [this](int section) { emit EnteteCliquee(section + 1); });
+    EcouterTitres(*this, [this](int colonne) { emit EnteteCliquee(colonne); });
     AppliquerHauteur();
 }
 

@@ -190,6 +190,20 @@ TEST_F(VueTableTest, AClickOnATitleIsToldOnceTitlesAreClickable)
     EXPECT_EQ(table.NombreDeSelectionnees(), 0);
 }
 
+TEST_F(VueTableTest, EachOfTwoQuickClicksOnATitleIsTold)
+{
+    Montrer(3);
+    QSignalSpy cliquee(&vue, &VueTable::EnteteCliquee);
+    QWidget* titres = vue.horizontalHeader()->viewport();
+    const QPoint premier(30, 8);
+    QTest::mouseDClick(titres, Qt::LeftButton, Qt::NoModifier, premier);
+    EXPECT_EQ(cliquee.count(), 0);
+    vue.horizontalHeader()->setSectionsClickable(true);
+    QTest::mouseClick(titres, Qt::LeftButton, Qt::NoModifier, premier);
+    QTest::mouseDClick(titres, Qt::LeftButton, Qt::NoModifier, premier);
+    EXPECT_EQ(cliquee.count(), 2);
+}
+
 TEST_F(VueTableTest, KeysOfCommandsAreToldAndGoNoFurther)
 {
     Montrer(3);
