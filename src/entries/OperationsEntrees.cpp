@@ -28,6 +28,7 @@ void EcrireDansSelection(const QrtClass& doc, const SaisieEntree& saisie, Avance
     if (saisie.image.isEmpty() && ToutEstVide(saisie.valeurs))
         return;
     std::vector<std::optional<QString>> valeurs;
+    valeurs.reserve(static_cast<size_t>(doc.ColCount()));
     for (int i = 0; i < doc.ColCount(); ++i)
         valeurs.push_back(SiNonVide(saisie.valeurs.value(i)));
     const std::optional<QString> image = SiNonVide(saisie.image);
