@@ -1,4 +1,5 @@
 #include "entries/OperationsEntrees.h"
+#include "SelectionDeTest.h"
 
 #include "base/Avancement.h"
 #include "support/CadreDeTest.h"
@@ -22,19 +23,6 @@ protected:
     }
     ~OperationsEntrees() override { InstallerFenetres(m_avant); }
 
-    void Choisir(std::initializer_list<int> positions)
-    {
-        for (const int position : positions)
-            table.Selectionner(position, position, true);
-    }
-    QList<int> Choisies() const
-    {
-        QList<int> choisies;
-        for (int i = 1; i <= table.ListItems.Count(); ++i)
-            if (table.EstSelectionnee(i))
-                choisies.append(i);
-        return choisies;
-    }
     void Modifier(const SaisieEntree& saisie)
     {
         SansAvancement sans;
@@ -63,19 +51,19 @@ protected:
 
 TEST_F(OperationsEntrees, ValuesThatWereTypedGoIntoEverySelectedEntry)
 {
-    Choisir({1, 3});
+    Choisir(table, {1, 3});
     Modifier({{"neuf", "", "jazz"}, {}, {}});
     EXPECT_EQ(ColonneDe(table, 1), QStringList({"neuf", "b", "neuf"}));
     EXPECT_EQ(ColonneDe(table, 2), QStringList({"1", "2", "3"})) << "an empty field is no change";
     EXPECT_EQ(ColonneDe(table, 3), QStringList({"jazz", "y", "jazz"}));
     EXPECT_TRUE(doc.IlFautSauver);
-    EXPECT_EQ(Choisies(), QList<int>({1, 3}));
+    EXPECT_EQ(Choisies(table), QList<int>({1, 3}));
 }
 
 TEST_F(OperationsEntrees, CellsThatWereNotTypedStayUnwritten)
 {
     table.ListItems.Add(0, "k4", "d");
-    Choisir({4});
+    Choisir(table, {4});
     Modifier({{"", "4", ""}, {}, {}});
     EXPECT_EQ(table.ListItems(4).ListSubItems(1), u"4"_s);
     EXPECT_EQ(table.ListItems(4).ListSubItems(2), std::nullopt);
@@ -83,12 +71,12 @@ TEST_F(OperationsEntrees, CellsThatWereNotTypedStayUnwritten)
 
 TEST_F(OperationsEntrees, WithNothingTypedOnlyTheDocumentCountsAsChanged)
 {
-    Choisir({1, 2});
+    Choisir(table, {1, 2});
     table.ListItems(1).SetTag("a.jpg");
     Modifier({{"", "", ""}, {}, {}});
     EXPECT_EQ(ColonneDe(table, 1), QStringList({"a", "b", "c"}));
     EXPECT_EQ(table.ListItems(1).Tag(), "a.jpg") << "an image cannot be taken away from many";
-    EXPECT_EQ(Choisies(), QList<int>({1, 2}));
+    EXPECT_EQ(Choisies(table), QList<int>({1, 2}));
     EXPECT_TRUE(doc.IlFautSauver);
 }
 
@@ -96,7 +84,7 @@ TEST_F(OperationsEntrees, TheDependantColumnIsOneLikeAnyOther)
 {
     doc.dependantcol = 2;
     table.ListItems(2).SetSubItems(1, "1");
-    Choisir({1});
+    Choisir(table, {1});
     Modifier({{"", "9", ""}, {}, {}});
     EXPECT_EQ(ColonneDe(table, 2), QStringList({"9", "1", "3"}));
 }
@@ -104,7 +92,7 @@ TEST_F(OperationsEntrees, TheDependantColumnIsOneLikeAnyOther)
 TEST_F(OperationsEntrees, AnImageGoesToEverySelectedEntryAndIsShownInFront)
 {
     const QString fichier = dossier.Ecrire("a.jpg", "image");
-    Choisir({1, 2});
+    Choisir(table, {1, 2});
     Modifier({{"", "", ""}, {}, "a.jpg"});
     EXPECT_EQ(table.ListItems(1).Tag(), "a.jpg");
     EXPECT_EQ(table.ListItems(2).Tag(), "a.jpg");
@@ -118,7 +106,7 @@ TEST_F(OperationsEntrees, AnImageGoesToEverySelectedEntryAndIsShownInFront)
 TEST_F(OperationsEntrees, AnImageThatHasVanishedMarksTheEntriesAndLeavesThePicture)
 {
     devant.image = "avant";
-    Choisir({1, 2});
+    Choisir(table, {1, 2});
     Modifier({{"", "", ""}, {}, "partie.jpg"});
     EXPECT_EQ(table.ListItems(1).Tag(), "partie.jpg");
     EXPECT_EQ(table.ListItems(1).SmallIcon(), "icoerror");
@@ -136,7 +124,7 @@ TEST_F(OperationsEntrees, TheColumnsTakeTheirTexts)
 TEST_F(OperationsEntrees, ManyEntriesKeepTheirPlacesInASortedTable)
 {
     table.SetSorted(true);
-    Choisir({1});
+    Choisir(table, {1});
     Modifier({{"z", "", ""}, {}, {}});
     EXPECT_EQ(ColonneDe(table, 1), QStringList({"z", "b", "c"}));
     EXPECT_TRUE(table.Sorted());
@@ -146,7 +134,7 @@ TEST_F(OperationsEntrees, EditingManyTellsHowFarItHasCome)
 {
     while (table.ListItems.Count() < 2 * Avancement::Pas)
         AjouterEntrees(table, {{"x"}});
-    Choisir({1});
+    Choisir(table, {1});
     struct : Avancement
     {
         int appels = 0;
@@ -176,9 +164,9 @@ TEST_F(OperationsEntrees, ANewEntryStandsLastWithAllItsValues)
 
 TEST_F(OperationsEntrees, ANewEntryAloneIsSelectedHasTheFocusAndIsSeen)
 {
-    Choisir({1, 2});
+    Choisir(table, {1, 2});
     InscrireEntree(fenetre, {{"d", "", ""}, {}, {}});
-    EXPECT_EQ(Choisies(), QList<int>({4}));
+    EXPECT_EQ(Choisies(table), QList<int>({4}));
     EXPECT_EQ(table.SelectedItem(), table.ListItems(4));
     EXPECT_EQ(fenetre.ligneVisible, 4);
 }
@@ -250,8 +238,8 @@ TEST_F(OperationsEntrees, WithoutAFrameThereIsNoPictureToShow)
 
 TEST_F(OperationsEntrees, ToutDeselectionnerLeavesNoEntrySelected)
 {
-    Choisir({1, 2, 3});
+    Choisir(table, {1, 2, 3});
     ToutDeselectionner(table);
-    EXPECT_EQ(Choisies(), QList<int>());
+    EXPECT_EQ(Choisies(table), QList<int>());
     EXPECT_EQ(table.SelectedItem(), table.ListItems(1)) << "the focus stays";
 }

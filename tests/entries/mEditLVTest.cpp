@@ -1,4 +1,5 @@
 #include "entries/mEditLV.h"
+#include "SelectionDeTest.h"
 
 #include "base/Const_Vrac.h"
 #include "support/CadreDeTest.h"
@@ -70,19 +71,6 @@ protected:
     }
     ~EditLV() override { InstallerFenetres(m_avant); }
 
-    void Choisir(std::initializer_list<int> positions)
-    {
-        for (const int position : positions)
-            table.Selectionner(position, position, true);
-    }
-    QList<int> Choisies() const
-    {
-        QList<int> choisies;
-        for (int i = 1; i <= table.ListItems.Count(); ++i)
-            if (table.EstSelectionnee(i))
-                choisies.append(i);
-        return choisies;
-    }
     void DonnerFocus(int position) { table.SetSelectedItem(table.ListItems(position)); }
 
     /// Runs an operation and does `geste` in the editor, which is closed afterwards where it is still open.
@@ -123,7 +111,7 @@ TEST_F(EditLV, WithNothingSelectedNoEditorOpens)
 
 TEST_F(EditLV, OneEntryIsShownAndWritten)
 {
-    Choisir({2});
+    Choisir(table, {2});
     DonnerFocus(2);
     EXPECT_TRUE(Editer(true, true, [](QWidget& form) {
         EXPECT_EQ(form.windowTitle(), u"Editer une entrée"_s);
@@ -137,14 +125,14 @@ TEST_F(EditLV, OneEntryIsShownAndWritten)
     }));
     EXPECT_EQ(ColonneDe(table, 1), QStringList({"a", "neuf", "c"}));
     EXPECT_TRUE(doc.IlFautSauver);
-    EXPECT_EQ(Choisies(), QList<int>({2}));
+    EXPECT_EQ(Choisies(table), QList<int>({2}));
     EXPECT_EQ(fenetre.ligneVisible, 2);
     EXPECT_EQ(reponses.Cles(), QStringList()) << "the warning is for many";
 }
 
 TEST_F(EditLV, ACancelledEditorLeavesTheDocumentAsItWas)
 {
-    Choisir({2});
+    Choisir(table, {2});
     DonnerFocus(2);
     for (const bool sale : {false, true}) {
         doc.IlFautSauver = sale;
@@ -157,12 +145,12 @@ TEST_F(EditLV, ACancelledEditorLeavesTheDocumentAsItWas)
         EXPECT_EQ(doc.IlFautSauver, sale);
     }
     EXPECT_EQ(ColonneDe(table, 1), QStringList({"a", "b", "c"}));
-    EXPECT_EQ(Choisies(), QList<int>({2}));
+    EXPECT_EQ(Choisies(table), QList<int>({2}));
 }
 
 TEST_F(EditLV, WithoutNavigationItsButtonsAreHidden)
 {
-    Choisir({2});
+    Choisir(table, {2});
     DonnerFocus(2);
     Editer(true, false, [](QWidget& form) {
         EXPECT_TRUE(Bouton(form, "btPrecedent").isHidden());
@@ -172,27 +160,27 @@ TEST_F(EditLV, WithoutNavigationItsButtonsAreHidden)
 
 TEST_F(EditLV, SeveralSelectedWithoutMultiEditTheOneWithTheFocus)
 {
-    Choisir({1, 3});
+    Choisir(table, {1, 3});
     DonnerFocus(3);
     Editer(false, true, [](QWidget& form) {
         EXPECT_EQ(form.windowTitle(), u"Editer une entrée"_s);
         EXPECT_EQ(ColonneDeLV(form, 1), QStringList({"c", "3"}));
         Cliquer(form, "Annuler");
     });
-    EXPECT_EQ(Choisies(), QList<int>({3}));
+    EXPECT_EQ(Choisies(table), QList<int>({3}));
     EXPECT_EQ(reponses.Cles(), QStringList());
 }
 
 TEST_F(EditLV, TheSelectionEndsOnTheEntryReachedLast)
 {
-    Choisir({1, 3});
+    Choisir(table, {1, 3});
     DonnerFocus(1);
     Editer(false, true, [](QWidget& form) {
         Cliquer(form, "btSuivant");
         EXPECT_EQ(ColonneDeLV(form, 1), QStringList({"b", "2"}));
         Cliquer(form, "Annuler");
     });
-    EXPECT_EQ(Choisies(), QList<int>({2}));
+    EXPECT_EQ(Choisies(table), QList<int>({2}));
     EXPECT_EQ(table.SelectedItem(), table.ListItems(2)) << "the next command acts on what is seen selected";
     EXPECT_EQ(fenetre.ligneVisible, 2);
     EXPECT_TRUE(doc.IlFautSauver) << "walking writes";
@@ -200,7 +188,7 @@ TEST_F(EditLV, TheSelectionEndsOnTheEntryReachedLast)
 
 TEST_F(EditLV, WhatWasWrittenOnTheWayIsUnsavedWhileTheEditorIsStillOpen)
 {
-    Choisir({1});
+    Choisir(table, {1});
     DonnerFocus(1);
     Editer(true, true, [this](QWidget& form) {
         EXPECT_FALSE(doc.IlFautSauver);
@@ -213,7 +201,7 @@ TEST_F(EditLV, AnEntryBeyondSixteenBitsIsNotEditedAlone)
 {
     for (int i = table.ListItems.Count(); i < 32768; ++i)
         table.ListItems.Add(0, QString(), "x");
-    Choisir({32768});
+    Choisir(table, {32768});
     DonnerFocus(32768);
     for (const bool sale : {false, true}) {
         doc.IlFautSauver = sale;
@@ -221,7 +209,7 @@ TEST_F(EditLV, AnEntryBeyondSixteenBitsIsNotEditedAlone)
         EXPECT_EQ(doc.IlFautSauver, sale);
     }
     table.Selectionner(32768, 32768, false);
-    Choisir({32767});
+    Choisir(table, {32767});
     DonnerFocus(32767);
     Editer(true, true, [](QWidget& form) {
         Taper(form, 1, "neuf");
@@ -234,7 +222,7 @@ TEST_F(EditLV, AnEntryBeyondSixteenBitsIsNotEditedAlone)
 
 TEST_F(EditLV, ManyEntriesAreEditedTogetherAfterAWarning)
 {
-    Choisir({1, 3});
+    Choisir(table, {1, 3});
     DonnerFocus(3);
     reponses.Preparer(RepOui);
     EXPECT_FALSE(Editer(true, true, [](QWidget& form) {
@@ -254,28 +242,28 @@ TEST_F(EditLV, ManyEntriesAreEditedTogetherAfterAWarning)
               u"Attention, les modifications affecteront toutes les entrées sélectionnées !"_s);
     EXPECT_EQ(ColonneDe(table, 1), QStringList({"a", "b", "c"}));
     EXPECT_EQ(ColonneDe(table, 2), QStringList({"neuf", "2", "neuf"}));
-    EXPECT_EQ(Choisies(), QList<int>({1, 3}));
+    EXPECT_EQ(Choisies(table), QList<int>({1, 3}));
     EXPECT_TRUE(doc.IlFautSauver);
 }
 
 TEST_F(EditLV, AnyOtherAnswerThanYesEditsNothing)
 {
-    Choisir({1, 2});
+    Choisir(table, {1, 2});
     for (const int reponse : {int(RepNon), int(RepAnnuler)}) {
         reponses.Preparer(reponse);
         doc.IlFautSauver = true;
         EXPECT_FALSE(EditerEntrees(fenetre, true, true));
         EXPECT_TRUE(doc.IlFautSauver);
     }
-    EXPECT_EQ(Choisies(), QList<int>({1, 2}));
+    EXPECT_EQ(Choisies(table), QList<int>({1, 2}));
 }
 
 TEST_F(EditLV, TheWarningIsShownForTheSettingOneOnly)
 {
-    Choisir({1, 2});
+    Choisir(table, {1, 2});
     for (const char* valeur : {"0", "2", "oui"}) {
         EcrireOption("MessageEditMulti", valeur);
-        Choisir({1, 2});
+        Choisir(table, {1, 2});
         Editer(true, true, [](QWidget& form) { EXPECT_EQ(form.windowTitle(), u"Editer de MULTIPLES entrées"_s); });
     }
     EXPECT_EQ(reponses.Cles(), QStringList());
@@ -284,10 +272,10 @@ TEST_F(EditLV, TheWarningIsShownForTheSettingOneOnly)
 TEST_F(EditLV, ManyWithNothingTypedStillCountAsChanged)
 {
     EcrireOption("MessageEditMulti", 0);
-    Choisir({1, 2});
+    Choisir(table, {1, 2});
     Editer(true, true, [](QWidget& form) { Cliquer(form, "btAjouter"); });
     EXPECT_EQ(ColonneDe(table, 1), QStringList({"a", "b", "c"}));
-    EXPECT_EQ(Choisies(), QList<int>({1, 2}));
+    EXPECT_EQ(Choisies(table), QList<int>({1, 2}));
     EXPECT_TRUE(doc.IlFautSauver);
     EXPECT_EQ(table.ColumnHeaders(2).Tag(), "Ida|Paul") << "its texts came from the editor's rows";
 }
@@ -295,14 +283,14 @@ TEST_F(EditLV, ManyWithNothingTypedStillCountAsChanged)
 TEST_F(EditLV, ACancelledEditOfManyLeavesTheFocusSelectedAlone)
 {
     EcrireOption("MessageEditMulti", 0);
-    Choisir({1, 2});
+    Choisir(table, {1, 2});
     DonnerFocus(2);
     Editer(true, true, [](QWidget& form) {
         Taper(form, 1, "neuf");
         Cliquer(form, "Annuler");
     });
     EXPECT_EQ(ColonneDe(table, 1), QStringList({"a", "b", "c"}));
-    EXPECT_EQ(Choisies(), QList<int>({2}));
+    EXPECT_EQ(Choisies(table), QList<int>({2}));
     EXPECT_EQ(fenetre.ligneVisible, 2);
     EXPECT_FALSE(doc.IlFautSauver);
 }
@@ -321,7 +309,7 @@ TEST_F(EditLV, ManyCanBeEditedBeyondSixteenBits)
     EXPECT_EQ(table.ListItems(1).Text(), "neuf");
     EXPECT_EQ(table.ListItems(40'000).Text(), "neuf");
     Editer(true, true, [](QWidget& form) { Cliquer(form, "Annuler"); });
-    EXPECT_EQ(Choisies(), QList<int>({40'000}));
+    EXPECT_EQ(Choisies(table), QList<int>({40'000}));
 }
 
 // ---- add
@@ -340,7 +328,7 @@ TEST_F(EditLV, AnEntryIsTypedAndAdded)
         Cliquer(form, "btAjouter");
     }));
     EXPECT_EQ(table.ListItems(4).Valeurs(), QStringList({"d", "4"}));
-    EXPECT_EQ(Choisies(), QList<int>({4}));
+    EXPECT_EQ(Choisies(table), QList<int>({4}));
     EXPECT_TRUE(doc.IlFautSauver);
 }
 
@@ -419,7 +407,7 @@ TEST_F(EditLV, AfterTheMessageTheAddMayStillBeCancelled)
 
 TEST_F(EditLV, DeletedEntriesAreGoneAndKeysRenumbered)
 {
-    Choisir({1});
+    Choisir(table, {1});
     const GardeModale garde([](QWidget& form) { Cliquer(form, "btAjouter"); });
     SupprimerEntrees(fenetre);
     EXPECT_EQ(ColonneDe(table, 1), QStringList({"b", "c"}));
