@@ -32,6 +32,20 @@ bool EcrireTout(int descripteur, std::span<const char> octets)
     return true;
 }
 
+bool EcrireA(int descripteur, std::span<const char> octets, uint64_t place)
+{
+    while (!octets.empty()) {
+        const ssize_t n = pwrite(descripteur, octets.data(), octets.size(), static_cast<off_t>(place));
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n <= 0)
+            return false;
+        octets = octets.subspan(static_cast<size_t>(n));
+        place += static_cast<uint64_t>(n);
+    }
+    return true;
+}
+
 ssize_t LireSuite(int descripteur, std::span<char> vers)
 {
     ssize_t n = 0;

@@ -35,6 +35,8 @@ private:
 
 /// Writes all of the bytes, behind what was written before.
 bool EcrireTout(int descripteur, std::span<const char> octets);
+/// Writes all of the bytes at a place, counted from 0.
+bool EcrireA(int descripteur, std::span<const char> octets, uint64_t place);
 /// Reads what comes next: how much, 0 at the end, negative on an error.
 ssize_t LireSuite(int descripteur, std::span<char> vers);
 /// Reads at a place, counted from 0; as LireSuite.

@@ -162,12 +162,14 @@ bool EstComplet(const QString& chemin, const std::vector<Attendu>& attendus, con
            (commentaire.isEmpty() || LireCommentaire(ecrite.archive.get()) == PageDeCode::VersTexte(commentaire));
 }
 
-/// The archive to write into: the new one, or the copy of an old one.
-Archive OuvrirPourEcrire(const QString& chemin, std::optional<QFileDevice::Permissions> droits, Relais& relais)
+/// The archive to write into: the new one, which will take about `volume` bytes (0: not known), or the copy of an old
+/// one.
+Archive OuvrirPourEcrire(const QString& chemin, std::optional<QFileDevice::Permissions> droits, uint64_t volume,
+                         Relais& relais)
 {
     if (QFile::exists(chemin))
         return Archive(zip_open(QFile::encodeName(chemin).constData(), 0, nullptr));
-    zip_source_t* cible = CreerCible(chemin, droits, relais);
+    zip_source_t* cible = CreerCible(chemin, droits, volume, relais);
     Archive archive(cible ? zip_open_from_source(cible, ZIP_CREATE, nullptr) : nullptr);
     if (!archive && cible)
         zip_source_free(cible);
@@ -222,8 +224,9 @@ private:
 
 ResultatZip Ecrivain::Construire(const QString& chemin, std::vector<Ajout>& ajouts, const OrigineZip* origine)
 {
+    AttendreFermetures();
     m_relais = Relais();
-    Archive archive = OuvrirPourEcrire(chemin, m_droits, m_relais);
+    Archive archive = OuvrirPourEcrire(chemin, m_droits, origine ? origine->Taille() : 0, m_relais);
     if (!archive)
         return QFile::exists(chemin) ? ZipFormat : ZipCreation;
     for (Ajout& ajout : ajouts) {

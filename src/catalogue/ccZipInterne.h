@@ -80,6 +80,10 @@ zip_source_t* CreerSourceFichier(zip_t* archive, Ajout& ajout, const struct stat
 /// The same of deflated bytes, for a file that fits into memory. Where libdeflate is.
 zip_source_t* CreerSourceDeflate(zip_t* archive, Ajout& ajout, const struct stat& fichier, int niveau);
 
+/// Archives that were taken over from are closed by a thread, as it takes long to let go of a deleted one. This waits
+/// until the disk has their room back. To be called by the thread that saves.
+void AttendreFermetures();
+
 struct FormeArchive
 {
     QString commentaire;
@@ -108,10 +112,16 @@ public:
     {
     }
 
+    ~OrigineZip();
+    OrigineZip(const OrigineZip&) = delete;
+    OrigineZip& operator=(const OrigineZip&) = delete;
+
     /// The bytes of an unchanged file, deflated at this level, as they lie there; null when there are no such. They go
     /// over `relais`.
     zip_source_t* Source(zip_t* archive, zipinterne::Ajout& ajout, const struct stat& fichier, int niveau,
                          zipinterne::Relais& relais) const;
+    /// Of the archive, in bytes.
+    uint64_t Taille() const { return m_connue->etat.taille; }
     /// Whether nobody has written to the archive since it was known.
     bool EstIntacte() const;
 

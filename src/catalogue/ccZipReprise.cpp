@@ -10,7 +10,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <future>
 #include <memory>
+#include <system_error>
 #include <vector>
 
 namespace zipinterne {
@@ -179,6 +181,34 @@ using namespace zipinterne;
 void FermerOrigine::operator()(OrigineZip* origine) const
 {
     delete origine;
+}
+
+namespace {
+
+std::future<void>& Fermeture()
+{
+    static std::future<void> fermeture; // its end waits for the thread
+    return fermeture;
+}
+
+} // namespace
+
+OrigineZip::~OrigineZip()
+{
+    // When its name is gone, the system now lets go of all that the archive held. The user need not wait for that.
+    m_archive.reset();
+    AttendreFermetures();
+    try {
+        Fermeture() = std::async(std::launch::async, [fichier = std::move(m_fichier)]() mutable { fichier.Fermer(); });
+    } catch (const std::system_error&) {
+        // No thread is to be had: the file was closed with what was to run in it.
+    }
+}
+
+void zipinterne::AttendreFermetures()
+{
+    if (Fermeture().valid())
+        Fermeture().get();
 }
 
 Origine OuvrirOrigine(std::shared_ptr<const ArchiveConnue> connue)

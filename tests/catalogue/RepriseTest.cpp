@@ -2,10 +2,12 @@
 #include "catalogue/FichierQrt.h"
 #include "catalogue/ccZip.h"
 #include "catalogue/ccZipDescripteur.h"
+#include "catalogue/ccZipInterne.h"
 #include "support/ArchiveDeTest.h"
 #include "support/FileDeReponses.h"
 #include "support/TableDeTest.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTimer>
@@ -147,6 +149,23 @@ TEST_F(Reprise, FilesOfEverySizeArriveWhole)
             EXPECT_EQ(Contenu(QString::number(taille)), entrees[1 + tailles.indexOf(taille)].contenu) << taille;
     }
     EXPECT_GT(QFileInfo(d.doc.CheminReel()).size(), 140000) << "as they were, hardly compressed";
+}
+
+TEST_F(Reprise, TheReplacedArchiveIsLetGo)
+{
+    const auto ouverts = [] {
+        QStringList noms;
+        for (const QFileInfo& lien :
+             QDir(QStringLiteral("/proc/self/fd")).entryInfoList(QDir::AllEntries | QDir::System)) {
+            if (lien.symLinkTarget().contains(QStringLiteral("mes.qrt")))
+                noms += lien.symLinkTarget();
+        }
+        return noms;
+    };
+    Enregistrer();
+    Enregistrer();
+    zipinterne::AttendreFermetures();
+    EXPECT_EQ(ouverts(), QStringList()) << "its room on the disk would stay taken";
 }
 
 TEST_F(Reprise, ANewFileIsCompressedOnceAndTakenOverFromThenOn)
