@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QIconEngine>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPalette>
 #include <QPixmapCache>
@@ -45,14 +46,21 @@ public:
     QIconEngine* clone() const override { return new MoteurIcone(m_nom); }
     QString key() const override { return u"zelvane"_s; }
 
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override
     {
-        if (mode == QIcon::Disabled)
-            painter->setOpacity(painter->opacity() * OpaciteInactive);
-        QSvgRenderer(Vecteurs(m_nom, Encre(mode))).render(painter, Carre(rect));
+        const QRectF carre = Carre(rect);
+        const bool enPixels = painter->paintEngine()->type() == QPaintEngine::Raster &&
+                              painter->worldTransform().type() <= QTransform::TxTranslate;
+        if (!enPixels) {
+            Dessiner(*painter, carre, mode);
+            return;
+        }
+        // A table draws many on each frame: reading the vectors again would take longer than its texts.
+        const QSize taille = (carre.size() * painter->device()->devicePixelRatioF()).toSize();
+        painter->drawPixmap(carre, pixmap(taille, mode, state), QRectF(QPointF(), taille));
     }
 
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override
     {
         const QString cle = u"zelvane/%1/%2x%3/%4/%5"_s.arg(m_nom)
                                 .arg(size.width())
@@ -66,7 +74,7 @@ public:
         image.fill(Qt::transparent);
         QPainter painter(&image);
         painter.setRenderHint(QPainter::Antialiasing);
-        paint(&painter, image.rect(), mode, state);
+        Dessiner(painter, Carre(image.rect()), mode);
         QPixmapCache::insert(cle, image);
         return image;
     }
@@ -81,6 +89,13 @@ private:
         QRect carre(0, 0, cote, cote);
         carre.moveCenter(rect.center());
         return carre;
+    }
+
+    void Dessiner(QPainter& painter, const QRectF& carre, QIcon::Mode mode) const
+    {
+        if (mode == QIcon::Disabled)
+            painter.setOpacity(painter.opacity() * OpaciteInactive);
+        QSvgRenderer(Vecteurs(m_nom, Encre(mode))).render(&painter, carre);
     }
 
     QString m_nom;

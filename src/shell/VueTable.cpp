@@ -17,6 +17,7 @@
 #include <QScrollBar>
 #include <QStyleOptionFocusRect>
 #include <QWindow>
+#include <QtMath>
 
 #include <algorithm>
 
@@ -405,6 +406,7 @@ void VueTable::paintEvent(QPaintEvent* event)
 }
 
 /// Lines a little off the background in light and dark themes alike. The base takes a colour that dark themes swallow.
+/// They are filled: what is drawn with a pen the painter shares out among threads, and waits for them.
 void VueTable::DessinerGrille(QPainter& painter) const
 {
     const int premiere = rowAt(0);
@@ -412,19 +414,22 @@ void VueTable::DessinerGrille(QPainter& painter) const
         return;
     QColor trait = palette().color(QPalette::Text);
     trait.setAlphaF(PresenceGrille);
-    painter.setPen(trait);
 
+    // All lines equally thick, also where a unit is one point and a half of the screen.
+    const double points = devicePixelRatioF();
+    const double epaisseur = qFloor(points) / points;
+    const auto SurUnPoint = [points](int place) { return qRound(place * points) / points; };
     const int hauteur = verticalHeader()->defaultSectionSize();
     const int droite = qMin(columnViewportPosition(0) + horizontalHeader()->length(), viewport()->width()) - 1;
     int bas = rowViewportPosition(premiere) - 1;
     for (int ligne = premiere; ligne < m_modele->rowCount() && bas < viewport()->height(); ++ligne) {
         bas += hauteur;
-        painter.drawLine(0, bas, droite, bas);
+        painter.fillRect(QRectF(0, SurUnPoint(bas), droite + 1, epaisseur), trait);
     }
     for (int colonne = 0; colonne < m_modele->columnCount(); ++colonne) {
         const int bord = columnViewportPosition(colonne) + columnWidth(colonne) - 1;
         if (columnWidth(colonne) > 0)
-            painter.drawLine(bord, 0, bord, bas);
+            painter.fillRect(QRectF(SurUnPoint(bord), 0, epaisseur, bas + 1), trait);
     }
 }
 

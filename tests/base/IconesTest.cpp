@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QImage>
+#include <QPainter>
 #include <QPalette>
 
 #include <gtest/gtest.h>
@@ -77,6 +78,31 @@ TEST(Icones, AFineScreenGetsMorePoints)
     const QPixmap fin = Icone(u"ico"_s).pixmap(QSize(16, 16), 2.0);
     EXPECT_EQ(fin.size(), QSize(32, 32));
     EXPECT_EQ(fin.devicePixelRatio(), 2.0);
+}
+
+TEST(Icones, PaintedOnAFineScreenItHasAllItsPoints)
+{
+    QImage ecran(32, 32, QImage::Format_ARGB32_Premultiplied);
+    ecran.fill(Qt::transparent);
+    ecran.setDevicePixelRatio(2.0);
+    QPainter painter(&ecran);
+    Icone(u"ico"_s).paint(&painter, QRect(0, 0, 16, 16));
+    painter.end();
+    ecran.setDevicePixelRatio(1.0);
+    EXPECT_EQ(ecran, Dessin(u"ico"_s, 32).convertToFormat(ecran.format()));
+}
+
+TEST(Icones, PaintedEnlargedItIsDrawnAnew)
+{
+    // Paper has many more points than the screen that the rectangle was meant for.
+    QImage papier(64, 64, QImage::Format_ARGB32_Premultiplied);
+    papier.fill(Qt::transparent);
+    QPainter painter(&papier);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(4, 4);
+    Icone(u"ico"_s).paint(&painter, QRect(0, 0, 16, 16));
+    painter.end();
+    EXPECT_EQ(papier, Dessin(u"ico"_s, 64).convertToFormat(papier.format()));
 }
 
 TEST(Icones, TheInkIsTheTextsAlsoWhenTheThemeChanges)
