@@ -2,6 +2,7 @@
 
 #include "platform/PageDeCode.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <new>
@@ -13,6 +14,10 @@ namespace {
 // A block: number of cells, then the start of each cell, of the image and of the end, then the text. The mark on a
 // start tells a cell that was never written.
 constexpr uint32_t JamaisEcrite = 0x80000000U;
+
+// Room made at once for what most entries have; others grow.
+constexpr int ColonnesUsuelles = 16;
+constexpr qsizetype OctetsUsuels = 256;
 
 uint32_t NombreDeCellules(const char* bloc)
 {
@@ -94,6 +99,7 @@ Rangee Vue::Lire() const
 {
     Rangee rangee;
     const int nombre = EstTranche() ? std::max(1, m_colonnes) : static_cast<int>(NombreDeCellules(m_octets));
+    rangee.cellules.reserve(static_cast<size_t>(std::min(nombre, ColonnesUsuelles))); // a file may claim any number
     for (int i = 0; i < nombre; ++i) {
         const Cellule cellule = Champ(i);
         if (EstTranche() && !cellule.existe)
@@ -108,7 +114,10 @@ char* NouveauBloc(const Rangee& rangee)
 {
     const auto nombre = static_cast<uint32_t>(rangee.cellules.size());
     QByteArray texte;
-    std::vector<uint32_t> entete{nombre};
+    texte.reserve(OctetsUsuels);
+    std::vector<uint32_t> entete;
+    entete.reserve(nombre + 3);
+    entete.push_back(nombre);
     for (const std::optional<QString>& cellule : rangee.cellules) {
         entete.push_back(static_cast<uint32_t>(texte.size()) | (cellule ? 0 : JamaisEcrite));
         if (cellule)
