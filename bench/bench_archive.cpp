@@ -2,6 +2,8 @@
 //
 // ZELVANE_BENCH_ARCHIVE names the archive. It is copied to a folder of its own below ZELVANE_BENCH_SORTIE, by default
 // the archive's folder, and the document's folder lies there too.
+#include "Mesurer.h"
+
 #include "catalogue/FichierQrt.h"
 #include "catalogue/ccZip.h"
 
@@ -13,7 +15,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
 #include <memory>
 
 namespace {
@@ -92,13 +93,5 @@ BENCHMARK(EnregistrerArchive)->Unit(benchmark::kMillisecond)->UseRealTime();
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    if (CheminArchive().isEmpty()) {
-        std::fputs("bench_archive: set ZELVANE_BENCH_ARCHIVE\n", stderr);
-        return 2;
-    }
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 2;
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return MesurerTout(argc, argv, {"ZELVANE_BENCH_ARCHIVE"});
 }

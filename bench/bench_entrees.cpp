@@ -2,6 +2,8 @@
 // platform.
 //
 // ZELVANE_BENCH_FICHIER names a bare catalogue text.
+#include "Mesurer.h"
+
 #include "base/Avancement.h"
 #include "catalogue/FenetreDocument.h"
 #include "catalogue/FichierQrt.h"
@@ -15,7 +17,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
 #include <cstdlib>
 #include <memory>
 
@@ -138,13 +139,5 @@ int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
-    if (!qEnvironmentVariableIsSet("ZELVANE_BENCH_FICHIER")) {
-        std::fputs("bench_entrees: set ZELVANE_BENCH_FICHIER\n", stderr);
-        return 2;
-    }
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 2;
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return MesurerTout(argc, argv, {"ZELVANE_BENCH_FICHIER"});
 }

@@ -1,5 +1,7 @@
 // The table view on a table of a million entries: what a user waits for between a key and the picture. Runs on the
 // offscreen platform.
+#include "Mesurer.h"
+
 #include "catalogue/MyLV.h"
 #include "catalogue/QrtClass.h"
 #include "catalogue/TriDeTable.h"
@@ -197,11 +199,7 @@ int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 2;
     Montage montage;
     s_montage = &montage;
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return MesurerTout(argc, argv);
 }

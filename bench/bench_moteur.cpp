@@ -2,6 +2,8 @@
 //
 // ZELVANE_BENCH_FICHIER names a bare catalogue text whose entries stand in order, ZELVANE_BENCH_DESORDRE the same
 // entries shuffled. Files written go to ZELVANE_BENCH_SORTIE, by default /dev/shm.
+#include "Mesurer.h"
+
 #include "catalogue/FichierQrt.h"
 
 #include <QCoreApplication>
@@ -10,7 +12,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
 #include <cstdlib>
 #include <malloc.h>
 
@@ -149,14 +150,6 @@ BENCHMARK(SelItemsCount)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 int main(int argc, char** argv)
 {
-    QCoreApplication application(argc, argv);
-    if (Variable("ZELVANE_BENCH_FICHIER").isEmpty() || Variable("ZELVANE_BENCH_DESORDRE").isEmpty()) {
-        std::fputs("bench_moteur: set ZELVANE_BENCH_FICHIER and ZELVANE_BENCH_DESORDRE\n", stderr);
-        return 2;
-    }
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 2;
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    const QCoreApplication application(argc, argv);
+    return MesurerTout(argc, argv, {"ZELVANE_BENCH_FICHIER", "ZELVANE_BENCH_DESORDRE"});
 }
