@@ -167,7 +167,7 @@ def measure_archive(table, inputs, images, times):
         folder.mkdir()
 
     shutil.copyfile(inputs.archive, copy)
-    cp = quickest(["cp", inputs.archive, copy], times)
+    cp = quickest(["cp", inputs.archive, copy], times, before=os.sync)
     copy.unlink()
     zipped = inputs.folder / "texte.zip"
     text = quickest(["zip", "-q", "-5", zipped, inputs.text_with_images], times,
