@@ -9,9 +9,10 @@ constexpr int PasDeCascade = 28;
 constexpr double PartDeLaZone = 0.9; // at most, for a window of a cascade
 constexpr double PartEnCascade = 0.7;
 
-QList<QMdiSubWindow*> Fenetres(const QMdiArea& zone, bool reduites)
+QList<QMdiSubWindow*> Fenetres(const QMdiArea& zone, bool reduites,
+                               QMdiArea::WindowOrder ordre = QMdiArea::CreationOrder)
 {
-    QList<QMdiSubWindow*> fenetres = zone.subWindowList(QMdiArea::CreationOrder);
+    QList<QMdiSubWindow*> fenetres = zone.subWindowList(ordre);
     fenetres.removeIf([&](const QMdiSubWindow* f) { return f->isHidden() || f->isMinimized() != reduites; });
     return fenetres;
 }
@@ -27,7 +28,7 @@ QRect PlaceEnCascade(const QMdiArea& zone, int rang, QSize taille)
 void DisposerEnCascade(const QMdiArea& zone)
 {
     QMdiSubWindow* active = zone.currentSubWindow();
-    const QList<QMdiSubWindow*> fenetres = Fenetres(zone, false);
+    const QList<QMdiSubWindow*> fenetres = Fenetres(zone, false, QMdiArea::StackingOrder);
     for (int rang = 0; rang < fenetres.size(); ++rang) {
         fenetres[rang]->showNormal();
         fenetres[rang]->setGeometry(PlaceEnCascade(zone, rang, zone.size() * PartEnCascade));

@@ -9,7 +9,8 @@ enum class Mosaique {
     Verticale    ///< side by side, each as high as the area
 };
 
-/// Puts the windows that are not reduced one behind the other, oldest behind, each a step to the right and down.
+/// Puts the windows that are not reduced one behind the other, each a step to the right and down. They keep their
+/// order: the one that the user works in stays in front.
 void DisposerEnCascade(const QMdiArea& zone);
 
 /// Where a cascade puts the window of a rank, from 0, and how large.

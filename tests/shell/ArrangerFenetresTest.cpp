@@ -11,19 +11,28 @@ namespace {
 class ArrangerFenetresTest : public CadreEnFenetre
 {
 protected:
-    void Deposer(const QList<QUrl>& adresses)
+    /// Drops files on a control of the frame.
+    void Deposer(const QList<QUrl>& adresses, QWidget& cible)
     {
         QMimeData donnees;
         donnees.setUrls(adresses);
-        const QPoint ici = Zone().geometry().center();
+        const QPoint ici = cible.rect().center();
         QDragEnterEvent entree(ici, Qt::CopyAction, &donnees, Qt::LeftButton, {});
-        QApplication::sendEvent(cadre.get(), &entree);
+        QApplication::sendEvent(&cible, &entree);
         if (!entree.isAccepted())
             return;
+        const size_t avant = cadre->Documents().size();
         QDropEvent depot(ici, Qt::CopyAction, &donnees, Qt::LeftButton, {});
-        QApplication::sendEvent(cadre.get(), &depot);
-        EXPECT_TRUE(cadre->Documents().empty()) << "files are opened once the drop is over";
+        QApplication::sendEvent(&cible, &depot);
+        EXPECT_EQ(cadre->Documents().size(), avant) << "files are opened once the drop is over";
         Laisser();
+    }
+    void Deposer(const QList<QUrl>& adresses) { Deposer(adresses, *cadre); }
+    /// Whether the window is the one in front, and the one that is active.
+    bool EstDevant(const Form1& fenetre) const
+    {
+        return cadre->FenetreActive() == &fenetre &&
+               Zone().subWindowList(QMdiArea::StackingOrder).constLast() == fenetre.parentWidget();
     }
 };
 
@@ -94,6 +103,44 @@ TEST_F(ArrangerFenetresTest, ACascadeStepsToTheRightAndDown)
     EXPECT_EQ(cadre->FenetreActive(), &b);
 }
 
+TEST_F(ArrangerFenetresTest, ACascadeLeavesTheActiveWindowInFront)
+{
+    Montrer();
+    Form1& a = Ouvrir(u"a.qrt"_s);
+    const Form1& b = Ouvrir(u"b.qrt"_s);
+    const Form1& c = Ouvrir(u"c.qrt"_s);
+    cadre->AmenerDevant(a);
+    Menu(u"mEnCascade"_s).trigger();
+    EXPECT_TRUE(EstDevant(a));
+    EXPECT_GT(a.parentWidget()->x(), c.parentWidget()->x());
+    EXPECT_GT(c.parentWidget()->x(), b.parentWidget()->x());
+}
+
+TEST_F(ArrangerFenetresTest, EveryArrangementKeepsTheActiveWindow)
+{
+    Montrer();
+    Form1& a = Ouvrir(u"a.qrt"_s);
+    Ouvrir(u"b.qrt"_s);
+    cadre->AmenerDevant(a);
+    for (const QString& nom :
+         {u"mEnCascade"_s, u"mMosaiqueHorizontale"_s, u"mMosaiqueVerticale"_s, u"mArrangeIcones"_s}) {
+        Menu(nom).trigger();
+        Laisser();
+        EXPECT_TRUE(EstDevant(a)) << nom.toStdString();
+        EXPECT_EQ(Onglets().currentIndex(), 0) << nom.toStdString();
+    }
+}
+
+TEST_F(ArrangerFenetresTest, WithoutADocumentThereIsNothingToArrange)
+{
+    Montrer();
+    for (const QString& nom : {u"mEnCascade"_s, u"mMosaiqueHorizontale"_s, u"mMosaiqueVerticale"_s, u"mArrangeIcones"_s,
+                               u"mMinimiserTout"_s, u"mRestaurerTout"_s})
+        Menu(nom).trigger();
+    EXPECT_EQ(cadre->FenetreActive(), nullptr);
+    EXPECT_TRUE(cadre->isVisible());
+}
+
 TEST_F(ArrangerFenetresTest, AllWindowsAreReducedLinedUpAndRestored)
 {
     Montrer();
@@ -128,6 +175,25 @@ TEST_F(ArrangerFenetresTest, FilesThatAreDroppedOpenAndAreRecent)
     EXPECT_EQ(Titres(), QStringList({u"a.qrt"_s, u"b.qrt"_s}));
     EXPECT_EQ(Recent(0).data().toString(), b);
     EXPECT_EQ(Recent(1).data().toString(), a);
+}
+
+TEST_F(ArrangerFenetresTest, FilesMayBeDroppedAnywhereOnTheFrame)
+{
+    Montrer();
+    const Form1& a = Ouvrir(u"a.qrt"_s);
+    Deposer({QUrl::fromLocalFile(Fichier(u"b.qrt"_s))}, *a.ListView1().viewport());
+    Deposer({QUrl::fromLocalFile(Fichier(u"c.qrt"_s))}, Onglets());
+    Deposer({QUrl::fromLocalFile(Fichier(u"d.qrt"_s))}, Barre(u"Toolbar1"_s));
+    EXPECT_EQ(Titres(), QStringList({u"a.qrt"_s, u"b.qrt"_s, u"c.qrt"_s, u"d.qrt"_s}));
+}
+
+TEST_F(ArrangerFenetresTest, OneFileAmongThoseDroppedThatFailsDoesNotKeepTheOthersOut)
+{
+    Montrer();
+    Deposer({QUrl::fromLocalFile(Fichier(u"a.qrt"_s)), QUrl::fromLocalFile(dossier.Ecrire(u"lettre.txt"_s, "Bonjour")),
+             QUrl::fromLocalFile(dossier.Chemin()), QUrl::fromLocalFile(Fichier(u"b.qrt"_s))});
+    EXPECT_EQ(Titres(), QStringList({u"a.qrt"_s, u"b.qrt"_s}));
+    EXPECT_EQ(reponses.Cles(), QStringList({u"msg50"_s, u"msg49"_s}));
 }
 
 TEST_F(ArrangerFenetresTest, AFileThatIsNoCatalogueIsToldWhenItIsDropped)
