@@ -6,6 +6,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// Widths of tabs, in characters.
+constexpr int AuPlus = 48;
+constexpr int AuMoins = 20; // for those that would be wider
+
 /// Names of files are no captions with mnemonics.
 QString SansMnemonique(QString titre)
 {
@@ -76,6 +80,18 @@ void BandeOnglets::mouseReleaseEvent(QMouseEvent* event)
     }
     if (event->button() == Qt::RightButton)
         emit MenuDemande(event->globalPosition().toPoint());
+}
+
+QSize BandeOnglets::tabSizeHint(int index) const
+{
+    const QSize taille = QTabBar::tabSizeHint(index);
+    return taille.boundedTo(QSize(AuPlus * fontMetrics().averageCharWidth(), taille.height()));
+}
+
+QSize BandeOnglets::minimumTabSizeHint(int index) const
+{
+    const QSize taille = tabSizeHint(index);
+    return taille.boundedTo(QSize(AuMoins * fontMetrics().averageCharWidth(), taille.height()));
 }
 
 int BandeOnglets::IndexDe(const QString& cle) const

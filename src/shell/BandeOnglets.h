@@ -31,6 +31,9 @@ signals:
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    /// Names stay readable: a very long one is shortened, and with many tabs the strip scrolls before it squeezes them.
+    QSize tabSizeHint(int index) const override;
+    QSize minimumTabSizeHint(int index) const override;
 
 private:
     /// The index in the strip, from 0; -1 without such a tab.

@@ -113,6 +113,23 @@ TEST_F(OngletsTest, TheStripKnowsTheTabOnWhichAButtonWasReleased)
     EXPECT_EQ(Onglets().Tag, "2") << "beside the tabs, the tab last stored stays";
 }
 
+TEST_F(OngletsTest, NamesStayReadableInTabsHoweverManyThereAreAndHoweverLong)
+{
+    Montrer();
+    for (int i = 0; i < 40; ++i)
+        Onglets().Ajouter(QString::number(i), u"collection de disques numéro %1.qrt"_s.arg(i));
+    Onglets().Ajouter(u"long"_s, QString(400, u'm'));
+    Laisser();
+    const int lettre = Onglets().fontMetrics().averageCharWidth();
+    for (int i = 0; i < Onglets().count(); ++i) {
+        EXPECT_GE(Onglets().tabRect(i).width(), 15 * lettre) << i;
+        EXPECT_LE(Onglets().tabRect(i).width(), 60 * lettre) << i;
+    }
+    EXPECT_EQ(Onglets().tabToolTip(40), QString(400, u'm'));
+    Onglets().Ajouter(u"court"_s, u"a.qrt"_s);
+    EXPECT_LT(Onglets().tabRect(41).width(), 15 * lettre) << "a short name needs no more than its room";
+}
+
 TEST_F(OngletsTest, NoTwoWindowsShareAKey)
 {
     // Every draw gives the same number at the same moment.
