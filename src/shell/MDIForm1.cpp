@@ -19,6 +19,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDialog>
 #include <QKeySequence>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -103,10 +104,13 @@ void MDIForm1::RelierInstance()
 
 void MDIForm1::langChange()
 {
+    LangForm(*this);
     for (FenetreDocument* document : Documents())
         if (auto* fenetre = dynamic_cast<Form1*>(document))
             LangForm(*fenetre);
     LangForm(*m_popup);
+    for (QDialog* dialogue : findChildren<QDialog*>())
+        LangForm(*dialogue);
 }
 
 MDIForm1::~MDIForm1()

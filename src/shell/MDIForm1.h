@@ -53,7 +53,7 @@ public:
     void MontrerMenuClickDroit(bool avecSelection, const QPoint& endroit) override;
     /// Brings the check of mGrandesIcones in step with the tool bars.
     void RedrawAll();
-    /// Applies the language to every open document and to the pop-up menus.
+    /// Applies the language to every open form: the frame, its documents, the pop-up menus and the dialogs on show.
     void langChange();
 
     void MinimiserTout();

@@ -2,6 +2,8 @@
 #include "CadreEnFenetre.h"
 
 #include "extensions/Aide.h"
+#include "extensions/frmTip.h"
+#include "extensions/modLang.h"
 #include "support/FermeModales.h"
 
 #include <QDir>
@@ -287,6 +289,30 @@ TEST_F(MDIForm1Test, TheLanguageOfTheSettingIsInForce)
     dialogues.PreparerAnnulation();
     Menu(u"mOuvrir"_s).trigger();
     EXPECT_EQ(dialogues.Demandes().first().titre, "Open a category");
+}
+
+TEST_F(MDIForm1Test, AnotherLanguageIsAppliedToEveryOpenForm)
+{
+    const DossierDeTest& programme = PlateformeDeTest::Courante().dossier;
+    programme.Ecrire(u"astuces.txt"_s, "Une\r\n");
+    programme.Ecrire(u"lang/english.ini"_s,
+                     "[MDIForm1]\r\nCaption=Catalogues\r\nmFichier_C=&File\r\nmOuvrir_C=&Open\r\n"
+                     "Toolbar1_TT_6=Open a category\r\n"
+                     "[Form1]\r\nmFichier_C=File of the document\r\n"
+                     "[frmTip]\r\nCaption=Tip of the day\r\n");
+    EcrireOption(u"FRecent1"_s, u"/un.qrt"_s);
+    Montrer();
+    const Form1& a = Ouvrir(u"a.qrt"_s);
+    frmTip::Montrer(*cadre);
+    ASSERT_TRUE(ChargerLangue(u"english"_s));
+    cadre->langChange();
+    EXPECT_EQ(cadre->windowTitle(), "Catalogues - [a.qrt]");
+    EXPECT_EQ(Menu(u"mOuvrir"_s).text(), "&Open");
+    EXPECT_EQ(cadre->findChild<QToolBar*>(u"Toolbar1"_s)->actions()[5]->toolTip(), "Open a category");
+    EXPECT_EQ(a.findChild<QMenu*>(u"mFichier"_s)->title(), "File of the document");
+    EXPECT_EQ(cadre->findChild<frmTip*>()->windowTitle(), "Tip of the day");
+    EXPECT_EQ(Recent(0).text(), "/un.qrt");
+    EXPECT_EQ(Titres(), QStringList{u"a.qrt"_s});
 }
 
 TEST_F(MDIForm1Test, TheFrameStaysWhenAWindowRefusesToClose)
