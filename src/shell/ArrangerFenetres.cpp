@@ -1,5 +1,6 @@
 #include "shell/ArrangerFenetres.h"
 
+#include <QFontMetrics>
 #include <QMdiSubWindow>
 
 namespace {
@@ -15,6 +16,13 @@ QList<QMdiSubWindow*> Fenetres(const QMdiArea& zone, bool reduites,
     QList<QMdiSubWindow*> fenetres = zone.subWindowList(ordre);
     fenetres.removeIf([&](const QMdiSubWindow* f) { return f->isHidden() || f->isMinimized() != reduites; });
     return fenetres;
+}
+
+/// Room for a title, the columns' titles, a few entries and the line below them.
+QSize TailleUtile(const QMdiArea& zone)
+{
+    const QFontMetrics police = zone.fontMetrics();
+    return {24 * police.averageCharWidth(), 9 * police.height()};
 }
 
 } // namespace
@@ -41,23 +49,40 @@ void DisposerEnCascade(const QMdiArea& zone)
 void DisposerEnMosaique(const QMdiArea& zone, Mosaique sens)
 {
     const QList<QMdiSubWindow*> fenetres = Fenetres(zone, false);
-    const int nombre = static_cast<int>(fenetres.size());
     // One window alone that leaves the maximised state may give the area's scroll bars up: measured after all have.
     for (QMdiSubWindow* fenetre : fenetres)
         fenetre->showNormal();
-    const QSize place = zone.viewport()->size();
-    for (int i = 0; i < nombre; ++i) {
-        // Edges are shared out, not sizes: no pixel is left over.
-        const auto bord = [&](int etendue, int rang) { return etendue * rang / nombre; };
-        QMdiSubWindow* fenetre = fenetres[i];
-        if (sens == Mosaique::Horizontale) {
-            const int haut = bord(place.height(), i);
-            fenetre->setGeometry(0, haut, place.width(), bord(place.height(), i + 1) - haut);
-        } else {
-            const int gauche = bord(place.width(), i);
-            fenetre->setGeometry(gauche, 0, bord(place.width(), i + 1) - gauche, place.height());
+    const QList<QRect> places =
+        PlacesEnMosaique(zone.viewport()->size(), static_cast<int>(fenetres.size()), sens, TailleUtile(zone));
+    for (qsizetype i = 0; i < fenetres.size(); ++i)
+        fenetres[i]->setGeometry(places[i]);
+}
+
+QList<QRect> PlacesEnMosaique(QSize place, int nombre, Mosaique sens, QSize auMoins)
+{
+    if (nombre < 1)
+        return {};
+    // Told for windows one above the other; the other mosaic is the same with the axes exchanged.
+    const bool horizontale = sens == Mosaique::Horizontale;
+    const QSize vue = horizontale ? place : place.transposed();
+    const int hauteur = horizontale ? auMoins.height() : auMoins.width();
+    const int parColonne = qBound(1, vue.height() / hauteur, nombre);
+    const int colonnes = (nombre + parColonne - 1) / parColonne;
+    // Edges are shared out, not sizes: no pixel is left over.
+    const auto bord = [](int etendue, int rang, int parts) { return etendue * rang / parts; };
+
+    QList<QRect> places;
+    for (int colonne = 0; colonne < colonnes; ++colonne) {
+        const int gauche = bord(vue.width(), colonne, colonnes);
+        const int largeur = bord(vue.width(), colonne + 1, colonnes) - gauche;
+        const int rangs = bord(nombre, colonne + 1, colonnes) - bord(nombre, colonne, colonnes);
+        for (int rang = 0; rang < rangs; ++rang) {
+            const int haut = bord(vue.height(), rang, rangs);
+            const QRect ici(gauche, haut, largeur, bord(vue.height(), rang + 1, rangs) - haut);
+            places.append(horizontale ? ici : QRect(ici.y(), ici.x(), ici.height(), ici.width()));
         }
     }
+    return places;
 }
 
 void ArrangerIcones(const QMdiArea& zone)

@@ -1,6 +1,8 @@
 // The windows in the frame: how they are arranged, and how they come by a drop.
 #include "CadreEnFenetre.h"
 
+#include "shell/ArrangerFenetres.h"
+
 #include <QDropEvent>
 #include <QMimeData>
 
@@ -86,6 +88,32 @@ TEST_F(ArrangerFenetresTest, AMosaicLeavesReducedWindowsAlone)
     Menu(u"mMosaiqueHorizontale"_s).trigger();
     EXPECT_TRUE(a.parentWidget()->isMinimized());
     EXPECT_EQ(b.parentWidget()->size(), Zone().viewport()->size());
+}
+
+TEST(PlacesEnMosaique, ManyWindowsStandInSeveralColumnsOrRowsAndFillThePlace)
+{
+    constexpr QSize place(1003, 607), auMoins(200, 150);
+    for (const Mosaique sens : {Mosaique::Horizontale, Mosaique::Verticale}) {
+        for (int nombre = 1; nombre <= 40; ++nombre) {
+            const QList<QRect> places = PlacesEnMosaique(place, nombre, sens, auMoins);
+            ASSERT_EQ(places.size(), nombre);
+            QRegion couvert;
+            for (const QRect& ici : places) {
+                EXPECT_FALSE(couvert.intersects(ici)) << nombre;
+                couvert += ici;
+                if (sens == Mosaique::Horizontale)
+                    EXPECT_GE(ici.height(), auMoins.height()) << nombre;
+                else
+                    EXPECT_GE(ici.width(), auMoins.width()) << nombre;
+            }
+            EXPECT_EQ(couvert, QRegion(QRect(QPoint(), place))) << nombre;
+        }
+    }
+    EXPECT_EQ(PlacesEnMosaique(place, 4, Mosaique::Horizontale, auMoins).last(), QRect(0, 455, 1003, 152));
+    EXPECT_EQ(PlacesEnMosaique(place, 5, Mosaique::Horizontale, auMoins).last().left(), 501);
+    EXPECT_EQ(PlacesEnMosaique(place, 5, Mosaique::Verticale, auMoins).last(), QRect(802, 0, 201, 607));
+    EXPECT_EQ(PlacesEnMosaique(place, 0, Mosaique::Verticale, auMoins), QList<QRect>());
+    EXPECT_EQ(PlacesEnMosaique(QSize(50, 30), 2, Mosaique::Horizontale, auMoins).size(), 2) << "a tiny frame";
 }
 
 TEST_F(ArrangerFenetresTest, ACascadeStepsToTheRightAndDown)
