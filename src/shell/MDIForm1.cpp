@@ -95,7 +95,11 @@ MDIForm1::MDIForm1(QWidget* parent) : QMainWindow(parent), m_ui(std::make_unique
 /// Another start of the program sends its file here. It may come while a dialog is open, and opens all the same.
 void MDIForm1::RelierInstance()
 {
-    My_Instance.ReceiveOutputs = [this](const QString& texte) { OuvrirFichier(*this, texte, TypeQrt2, true); };
+    My_Instance.ReceiveOutputs = [this](const QString& texte) {
+        // At once: the other start asks for it when the file is open, and the opening may have something to ask first.
+        MettreAuPremierPlan(*this, QString());
+        OuvrirEtNoter({texte});
+    };
     My_Instance.ActionCmd = ActionInstance::Rien;
     My_Instance.InitClass({.montrer = [this](const QString& jeton) { MettreAuPremierPlan(*this, jeton); },
                            .fermer = [this] { close(); },

@@ -25,6 +25,20 @@ protected:
     static const ServicesInstance& Services() { return PlateformeDeTest::Courante().rendezvous.services; }
 };
 
+/// Looks at a window whenever a message is shown.
+struct Temoin : FileDeReponses
+{
+    explicit Temoin(const QWidget& vue) : fenetre(vue) {}
+    int Afficher(const Message& message, int genre, const QString& titre) override
+    {
+        reduit.append(fenetre.isMinimized());
+        return FileDeReponses::Afficher(message, genre, titre);
+    }
+
+    const QWidget& fenetre;
+    QList<bool> reduit;
+};
+
 } // namespace
 
 TEST_F(MDIForm1InstanceTest, TheFrameTakesNoStepByItselfWhenItFindsAnother)
@@ -45,7 +59,27 @@ TEST_F(MDIForm1InstanceTest, TheFileOfAnotherStartOpensHere)
     EXPECT_EQ(Titres(), QStringList({u"a.qrt"_s, u"mes  disques & livres.qrt"_s}));
     EXPECT_EQ(cadre->FenetreActive()->myqrt.CheminReel(), b);
     EXPECT_EQ(Onglets().currentIndex(), 1);
-    EXPECT_EQ(LireOption(u"FRecent1"_s), b);
+    EXPECT_EQ(Recent(0).data().toString(), b);
+}
+
+TEST_F(MDIForm1InstanceTest, TheFrameIsSeenBeforeTheFileThatComesHasSomethingToSay)
+{
+    MontrerPremier();
+    cadre->showMinimized();
+    ASSERT_TRUE(cadre->isMinimized());
+    const Temoin temoin(*cadre);
+    Recevoir(u"/nulle/part.qrt"_s);
+    EXPECT_EQ(temoin.reduit, QList<bool>{false});
+}
+
+TEST_F(MDIForm1InstanceTest, ARecentFileThatIsGoneLeavesTheMenuAtOnce)
+{
+    EcrireOption(u"FRecent1"_s, u"/parti.qrt"_s);
+    MontrerPremier();
+    ASSERT_TRUE(Recent(0).isVisible());
+    Recevoir(u"/parti.qrt"_s);
+    EXPECT_FALSE(Recent(0).isVisible());
+    EXPECT_EQ(reponses.Cles(), QStringList{u"msg49"_s});
 }
 
 TEST_F(MDIForm1InstanceTest, AFileThatIsOpenAlreadyComesToTheFront)

@@ -1,5 +1,6 @@
 #include "shell/PremierPlan.h"
 
+#include <QDialog>
 #include <QTest>
 #include <QWidget>
 
@@ -20,6 +21,23 @@ TEST(PremierPlan, ActivatesAWindowThatStandsBehind)
 
     EXPECT_TRUE(QTest::qWaitForWindowActive(&fenetre));
     EXPECT_FALSE(devant.isActiveWindow());
+}
+
+TEST(PremierPlan, LeavesTheKeysToADialogThatIsOpen)
+{
+    QWidget fenetre;
+    fenetre.show();
+    QDialog dialogue(&fenetre);
+    dialogue.setModal(true);
+    dialogue.show();
+    QWidget devant;
+    devant.show();
+    devant.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&devant));
+
+    MettreAuPremierPlan(fenetre, "");
+
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&dialogue));
 }
 
 TEST(PremierPlan, RestoresAMinimisedWindowAsItWas)
