@@ -70,6 +70,15 @@ TEST(FichierRecent, ThePathInTheFifthPlaceIsOverwrittenAndStandsOnTopOnce)
     EXPECT_EQ(Recents(), QStringList({"e", "a", "b", "c", "d"}));
 }
 
+TEST(FichierRecent, AFewPathsMoveDownWithoutLosingOne)
+{
+    for (const char* chemin : {"a", "b", "c"})
+        AjouterRecent(chemin);
+    EXPECT_EQ(Recents(), QStringList({"c", "b", "a", "", ""}));
+    AjouterRecent("a");
+    EXPECT_EQ(Recents(), QStringList({"a", "c", "b", "", ""}));
+}
+
 TEST(FichierRecent, PathsAreComparedWithCase)
 {
     Mettre({"x", "a"});
@@ -86,6 +95,15 @@ TEST(FichierRecent, RemovingMovesUpWhatStandsBehind)
     EXPECT_EQ(Recents(), QStringList({"a", "c", "d", "e", ""}));
     RetirerRecent("a");
     EXPECT_EQ(Recents(), QStringList({"c", "d", "e", "", ""}));
+}
+
+TEST(FichierRecent, TheFifthPathIsRemovedToo)
+{
+    Mettre({"a", "b", "c", "d", "e"});
+    RetirerRecent("E");
+    EXPECT_EQ(Recents(), QStringList({"a", "b", "c", "d", "e"})) << "another path";
+    RetirerRecent("e");
+    EXPECT_EQ(Recents(), QStringList({"a", "b", "c", "d", ""}));
 }
 
 TEST(FichierRecent, OfTwoEqualPathsTheLowerOneIsRemoved)

@@ -92,6 +92,18 @@ class Starting(DocumentTest):
         program.find(role="page tab", name="disques.qrt")
         self.wait_for_titles(["Zelvane v2 - [livres.qrt]"])
 
+    def test_a_start_without_a_file_while_the_program_runs_leaves_it_as_it_is(self):
+        program = self.start(self.catalogue("disques.qrt"))
+        program.table()
+
+        later = self.start(home=program.home)
+        self.assertEqual(later.wait_for_end(), 0)
+
+        self.assertTrue(program.running)
+        self.assertEqual(program.window_titles(), ["Zelvane v2 - [disques.qrt]"])
+        self.program = program
+        self.assertEqual(program.table().row_count(), len(DISQUES[1]))
+
 
 class Opening(DocumentTest):
 
