@@ -11,7 +11,6 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -203,67 +202,6 @@ void VueTable::selectionChanged(const QItemSelection&, const QItemSelection&)
     viewport()->update();
     QAccessibleEvent evenement(this, QAccessible::SelectionWithin);
     QAccessible::updateAccessibility(&evenement);
-}
-
-// ---- mouse
-
-void VueTable::mousePressEvent(QMouseEvent* event)
-{
-    m_modele->Rafraichir();
-    QTableView::mousePressEvent(event);
-    const int ligne = LigneSous(event->position().toPoint());
-    const bool dejaChoisie = ligne > 0 && m_modele->Table().EstSelectionnee(ligne);
-    m_ligneALaisser = 0;
-    m_ligneTiree = 0;
-    if (event->button() == Qt::RightButton && !dejaChoisie)
-        Faire(Geste::Choisir, ligne);
-    if (event->button() != Qt::LeftButton)
-        return;
-    m_ligneTiree = ligne;
-    const Geste geste = GesteDeSouris(event->modifiers());
-    if (geste == Geste::Choisir && dejaChoisie) {
-        m_ligneALaisser = ligne;
-        m_ancre = ligne;
-    } else if (ligne > 0 || geste == Geste::Choisir) {
-        Faire(geste, ligne);
-    }
-}
-
-void VueTable::mouseMoveEvent(QMouseEvent* event)
-{
-    QTableView::mouseMoveEvent(event);
-    if (!(event->buttons() & Qt::LeftButton) || state() != DragSelectingState || m_ligneTiree == 0)
-        return;
-    int ligne = LigneSous(event->position().toPoint());
-    if (ligne == 0)
-        ligne = event->position().y() < 0 ? qMax(LigneSous(QPoint(0, 0)), 1) : DerniereVisible();
-    if (ligne == m_ligneTiree)
-        return;
-    m_ligneTiree = ligne;
-    m_ligneALaisser = 0;
-    Faire(event->modifiers() & Qt::ControlModifier ? Geste::Ajouter : Geste::Etendre, ligne);
-}
-
-void VueTable::mouseReleaseEvent(QMouseEvent* event)
-{
-    QTableView::mouseReleaseEvent(event);
-    if (event->button() == Qt::RightButton)
-        emit ClicDroit(event->globalPosition().toPoint());
-    if (event->button() != Qt::LeftButton)
-        return;
-    if (m_ligneALaisser > 0)
-        Faire(Geste::Choisir, m_ligneALaisser);
-    m_ligneALaisser = 0;
-    m_ligneTiree = 0;
-    if (LigneSous(event->position().toPoint()) > 0)
-        emit EntreeCliquee();
-}
-
-void VueTable::mouseDoubleClickEvent(QMouseEvent* event)
-{
-    QTableView::mouseDoubleClickEvent(event);
-    if (event->button() == Qt::LeftButton && LigneSous(event->position().toPoint()) > 0)
-        emit EntreeDoubleCliquee();
 }
 
 // ---- keyboard

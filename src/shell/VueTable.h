@@ -2,6 +2,7 @@
 // seen is asked for and drawn; Selected and SelectedItem of the table are the selection and the focus.
 #pragma once
 
+#include <QBasicTimer>
 #include <QTableView>
 
 #include <memory>
@@ -70,6 +71,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -95,6 +97,9 @@ private:
     int LignesParPage() const;
     int DerniereVisible() const;
     void ToucheEspace(const QKeyEvent& event);
+    bool TireDehors(const QMouseEvent& event);
+    void Defiler();
+    void TirerJusque(int ligne);
 
     void TableChangee(const ChangementsTable& changements);
     void AppliquerLargeurs();
@@ -109,5 +114,9 @@ private:
     int m_ancre = 0;         ///< where a selection with Shift begins; 0 while there is none
     int m_ligneTiree = 0;    ///< entry under the pointer while the left button is held
     int m_ligneALaisser = 0; ///< pressed while selected: it alone stays so at release, unless the pointer drags
+    Qt::KeyboardModifiers m_touchesEnTirant; ///< held when the pointer that drags was last seen
+    QBasicTimer m_defilement;                ///< runs while it drags above or below the entries, which scroll by
+    int m_sensDuDefilement = 0;              ///< -1 towards the first entry, 1 towards the last
+    int m_pasDuDefilement = 0;               ///< pixels that the next tick scrolls by
     bool m_largeursEnCours = false;
 };

@@ -128,6 +128,53 @@ TEST_F(VueTableSelection, DraggingSelectsTheEntriesPassed)
     EXPECT_EQ(Choisies(), Positions({2, 3, 4, 5}));
 }
 
+TEST_F(VueTableSelection, DraggingBelowOrAboveTheViewScrollsForAsLongAsThePointerStays)
+{
+    Montrer(300);
+    const QRect vu = vue.viewport()->rect();
+    const auto tirerA = [this](const QPoint& point) {
+        QMouseEvent mouvement(QEvent::MouseMove, point, vue.viewport()->mapToGlobal(point), Qt::NoButton,
+                              Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(vue.viewport(), &mouvement);
+    };
+    QTest::mousePress(vue.viewport(), Qt::LeftButton, Qt::NoModifier, Milieu(2));
+    tirerA(QPoint(50, vu.bottom() + 30));
+    const size_t avant = Choisies().size();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Choisies().size() > avant + 20; }));
+    EXPECT_EQ(Choisies().front(), 2);
+    EXPECT_EQ(Choisies().back(), Focus());
+    EXPECT_TRUE(vu.intersects(vue.visualRect(vue.model()->index(Focus() - 1, 0))));
+
+    tirerA(QPoint(50, -30));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Choisies() == Positions({1, 2}); }));
+    tirerA(QPoint(50, vu.bottom() + 30));
+    QTest::mouseRelease(vue.viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(50, vu.bottom() + 30));
+    const int place = vue.verticalScrollBar()->value();
+    QTest::qWait(200);
+    EXPECT_EQ(vue.verticalScrollBar()->value(), place) << "the release ends it";
+}
+
+TEST_F(VueTableSelection, ShiftAndAClickSelectFromTheFocusWhenTheEntriesWereSorted)
+{
+    Montrer(8);
+    Cliquer(2);
+    table.SetSortOrder(1);
+    table.SetSorted(true);
+    QCoreApplication::processEvents();
+    ASSERT_EQ(Focus(), 7);
+    Cliquer(5, Qt::ShiftModifier);
+    EXPECT_EQ(Choisies(), Positions({5, 6, 7}));
+}
+
+TEST_F(VueTableSelection, TheMiddleButtonMovesNeitherSelectionNorFocus)
+{
+    Montrer(5);
+    Cliquer(2);
+    Cliquer(4, Qt::NoModifier, Qt::MiddleButton);
+    EXPECT_EQ(Choisies(), Positions({2}));
+    EXPECT_EQ(Focus(), 2);
+}
+
 TEST_F(VueTableSelection, ArrowKeysMoveTheSelection)
 {
     Montrer(5);
