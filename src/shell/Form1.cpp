@@ -9,6 +9,7 @@
 #include "images/FichierImage.h"
 #include "shell/Infobulle.h"
 #include "shell/PoliceDeTable.h"
+#include "shell/TexteDeBulle.h"
 #include "ui_Form1.h"
 
 #include <QAction>
@@ -96,7 +97,7 @@ void Form1::BrancherTable()
     connect(m_ui->Img, &PanneauImage::DoubleClic, this, &Form1::DoubleClicImage);
     connect(m_ui->Img, &PanneauImage::ClicDroit, this, &Form1::ClicDroitImage);
 
-    m_bulle = new QLabel(m_ui->Contenu);
+    m_bulle = new TexteDeBulle(m_ui->Contenu);
     m_bulle->setObjectName(u"myToolTipText"_s);
     m_infobulle = new Infobulle(*vue, *m_bulle, this);
 }

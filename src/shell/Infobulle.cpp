@@ -7,6 +7,7 @@
 
 #include <QLabel>
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <QToolTip>
 
 #include <chrono>
@@ -45,6 +46,9 @@ Infobulle::Infobulle(VueTable& vue, QLabel& myToolTipText, QObject* parent)
     m_vue.viewport()->setMouseTracking(true);
     m_vue.viewport()->installEventFilter(this);
     m_vue.installEventFilter(this);
+    for (const QScrollBar* barre : {m_vue.horizontalScrollBar(), m_vue.verticalScrollBar()})
+        connect(barre, &QScrollBar::valueChanged, this, &Infobulle::Oublier);
+    connect(&m_vue, &VueTable::TableRafraichie, this, [this] { m_texte.hide(); });
 }
 
 bool Infobulle::eventFilter(QObject* objet, QEvent* event)
@@ -52,9 +56,7 @@ bool Infobulle::eventFilter(QObject* objet, QEvent* event)
     if (objet == m_vue.viewport() && event->type() == QEvent::MouseMove) {
         PointeurEn(static_cast<QMouseEvent*>(event)->position().toPoint());
     } else if (objet == m_vue.viewport() && (event->type() == QEvent::Leave || event->type() == QEvent::Wheel)) {
-        // What lies under the pointer is no longer what was looked at.
-        m_dessus = false;
-        m_texte.hide();
+        Oublier();
     } else if (objet == &m_vue && event->type() == QEvent::FocusIn) {
         if (OptionEgale(LireOption(u"showInfobulles"_s), 1))
             m_minuteur.start();
@@ -71,6 +73,13 @@ void Infobulle::PointeurEn(const QPoint& position)
     m_dessus = true;
 }
 
+/// What lies under the pointer is no longer what was looked at.
+void Infobulle::Oublier()
+{
+    m_dessus = false;
+    m_texte.hide();
+}
+
 void Infobulle::Battre()
 {
     if (m_texte.isVisible() || !m_dessus)
@@ -83,11 +92,21 @@ void Infobulle::Battre()
     const QString texte = table.ListItems(ligne).Valeur(colonne);
     if (texte.isEmpty() || m_vue.EstEntiere(ligne, colonne))
         return;
-    const QRect cellule = m_vue.visualRect(m_vue.model()->index(ligne - 1, colonne - 1));
-    const QPoint coin = cellule.topLeft() + QPoint(m_vue.PixelsDe(EcartGauche), m_vue.PixelsDe(EcartHaut));
     m_texte.setText(texte.left(SignesAuPlus));
-    m_texte.resize(cellule.width(), m_texte.heightForWidth(cellule.width()));
-    m_texte.move(m_vue.viewport()->mapTo(m_texte.parentWidget(), coin));
+    Placer(m_vue.visualRect(m_vue.model()->index(ligne - 1, colonne - 1)));
     m_texte.raise();
     m_texte.show();
+}
+
+/// As wide as the column, a little off the corner of the cell; at the table's edges only as far as it is seen whole.
+void Infobulle::Placer(const QRect& cellule)
+{
+    const auto ici = [this](const QPoint& point) { return m_vue.viewport()->mapTo(m_texte.parentWidget(), point); };
+    const QSize taille(cellule.width(), m_texte.heightForWidth(cellule.width()));
+    const QPoint coin = ici(cellule.topLeft() + QPoint(m_vue.PixelsDe(EcartGauche), m_vue.PixelsDe(EcartHaut)));
+    const QPoint premier = ici(QPoint(0, 0));
+    const QSize reste = m_vue.viewport()->size() - taille;
+    const QPoint dernier = ici(QPoint(reste.width(), reste.height()));
+    m_texte.resize(taille);
+    m_texte.move(qMax(qMin(coin.x(), dernier.x()), premier.x()), qMax(qMin(coin.y(), dernier.y()), premier.y()));
 }

@@ -25,6 +25,8 @@ protected:
 private:
     void Battre();
     void PointeurEn(const QPoint& position);
+    void Oublier();
+    void Placer(const QRect& cellule);
 
     VueTable& m_vue;
     QLabel& m_texte;

@@ -1,10 +1,11 @@
 #include "shell/Infobulle.h"
 
 #include "base/Const_Vrac.h"
+#include "shell/TexteDeBulle.h"
 #include "shell/VueDeTest.h"
 #include "support/PlateformeDeTest.h"
 
-#include <QLabel>
+#include <QScrollBar>
 
 using namespace Qt::StringLiterals;
 
@@ -39,7 +40,7 @@ protected:
     void Battre() { emit bulle.ToolTipTimer().timeout({}); }
 
     const QString Long = u"Un titre beaucoup trop long pour une colonne d'un pouce"_s;
-    QLabel texte{&vue};
+    TexteDeBulle texte{&vue};
     Infobulle bulle{vue, texte};
 };
 
@@ -57,6 +58,59 @@ TEST_F(InfobulleTest, ACellThatIsCutOffShowsItsTextAtTheNextTick)
     const QPoint cellule = vue.visualRect(vue.model()->index(1, 0)).topLeft();
     const QPoint coin = cellule + QPoint(vue.PixelsDe(50), vue.PixelsDe(60));
     EXPECT_EQ(texte.pos(), vue.viewport()->mapTo(&vue, coin));
+}
+
+TEST_F(InfobulleTest, AWordThatIsWiderThanTheColumnIsBroken)
+{
+    Montrer();
+    table.ListItems(2).SetText(u"Anticonstitutionnellement"_s);
+    table.ColumnHeaders(1).SetWidth(900);
+    QCoreApplication::processEvents();
+    Pointer(2, 1);
+    Battre();
+    ASSERT_TRUE(texte.isVisible());
+    EXPECT_EQ(texte.width(), vue.columnWidth(0));
+    EXPECT_GT(texte.height(), 2 * texte.fontMetrics().height());
+    const QImage entier = texte.grab().toImage();
+    texte.setText(u"Anticonstitutionnellemenx"_s);
+    EXPECT_NE(texte.grab().toImage(), entier) << "its last letter is seen";
+}
+
+TEST_F(InfobulleTest, NearTheEdgesOfTheTableTheTipIsStillSeenWhole)
+{
+    VueDeTest::Montrer(200);
+    table.ColumnHeaders(2).SetWidth(14400);
+    for (int i = 1; i <= 200; ++i)
+        table.ListItems(i).SetSubItems(1, QString(3000, u'x'));
+    QCoreApplication::processEvents();
+    Bouger(QPoint(vue.viewport()->width() - 5, vue.viewport()->height() - 5));
+    Battre();
+    ASSERT_TRUE(texte.isVisible());
+    const QRect table(vue.viewport()->mapTo(&vue, QPoint(0, 0)), vue.viewport()->size());
+    EXPECT_EQ(texte.geometry().bottom(), table.bottom());
+    EXPECT_EQ(texte.geometry().left(), table.left()) << "wider than the table: its beginning is seen";
+}
+
+TEST_F(InfobulleTest, ATipGoesWhenTheEntriesScrollOrChange)
+{
+    VueDeTest::Montrer(200);
+    table.ListItems(2).SetText(Long);
+    table.ListItems(3).SetText(Long);
+    QCoreApplication::processEvents();
+    Pointer(3, 1);
+    Battre();
+    ASSERT_TRUE(texte.isVisible());
+    vue.verticalScrollBar()->setValue(vue.rowHeight(0));
+    EXPECT_FALSE(texte.isVisible());
+    Battre();
+    EXPECT_FALSE(texte.isVisible()) << "the pointer has not moved to what lies under it";
+
+    Pointer(2, 1);
+    Battre();
+    ASSERT_TRUE(texte.isVisible());
+    table.ListItems(2).SetText(u"Court"_s);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(texte.isVisible());
 }
 
 TEST_F(InfobulleTest, ACellThatFitsNeverShowsATip)
