@@ -87,7 +87,8 @@ void Form1::BrancherTable()
     vue->Afficher(m_table);
     vue->horizontalHeader()->setSectionsClickable(true);
     vue->installEventFilter(this);
-    connect(vue, &VueTable::TableRafraichie, this, [this] { RedrawAll(); });
+    // Without entries no picture is looked for, and only the layout takes the last one away.
+    connect(vue, &VueTable::TableRafraichie, this, [this] { RedrawAll(myqrt.ItemsCount() == 0); });
     connect(vue, &VueTable::ToucheRelachee, this, [this] { RedrawAll(); });
     connect(vue, &VueTable::ClicDroit, this, &Form1::ClicDroitTable);
     connect(vue, &VueTable::EntreeCliquee, this, &Form1::MontrerComptes);

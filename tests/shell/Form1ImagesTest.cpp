@@ -118,6 +118,17 @@ TEST_F(ImagesTest, AnEntryThatIsNotThereClearsThePanel)
     EXPECT_TRUE(Img(fenetre).Image().isNull());
 }
 
+TEST_F(ImagesTest, ThePictureGoesWithTheLastEntry)
+{
+    Form1& fenetre = Ouvrir();
+    MettreImage(fenetre, 1, u"un.png"_s, {40, 40}, Qt::red);
+    fenetre.AfficheImageEnCours(1);
+    ASSERT_EQ(CouleurDImg(fenetre), QColor(Qt::red));
+    fenetre.myqrt.MyLV->ListItems.Clear();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(Img(fenetre).Image().isNull());
+}
+
 TEST_F(ImagesTest, ADoubleClickOnThePictureEditsTheOneSelectedEntry)
 {
     const Form1& fenetre = Ouvrir();
