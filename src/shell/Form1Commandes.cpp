@@ -105,8 +105,7 @@ void Form1::mEntree_Click()
 
 void Form1::mModifierEnree_Click()
 {
-    if (myqrt.ItemsCount() > 0)
-        EditerEntrees(*this, true, true);
+    EditerEntrees(*this, true, true);
 }
 
 void Form1::mSupprimerEntree_Click()
@@ -151,6 +150,7 @@ void Form1::DoubleClicTable()
 
 void Form1::DoubleClicImage()
 {
+    AccorderMenus();
     if (myqrt.SelItemsCount() == 1)
         ItemNomme(u"mModifierEnree"_s).trigger();
 }

@@ -246,7 +246,8 @@ void Form1::AccorderMenus()
     const bool plusieurs = cadre && cadre->Documents().size() > 1;
     ItemNomme(u"mFermerTout"_s).setEnabled(plusieurs);
     ItemNomme(u"mEnregistrerTout"_s).setEnabled(plusieurs);
-    ItemNomme(u"mModifierEnree"_s).setEnabled(myqrt.ItemsCount() > 0);
+    ItemNomme(u"mModifierEnree"_s).setEnabled(myqrt.SelItemsCount() > 0);
+    ItemNomme(u"mRedimAuto2"_s).setEnabled(myqrt.ItemsCount() > 0);
     ItemNomme(u"mVoir"_s).setEnabled(myqrt.SelItemsCount() == 1);
     ItemNomme(u"mGrandesIcones"_s).setEnabled(BarresAutour());
     for (QAction* item : m_itemsDuCadre) {

@@ -93,6 +93,9 @@ void frmPopup::RelierOnglets()
 
 void frmPopup::MontrerMenuClickDroit(bool avecSelection, const QPoint& endroit)
 {
+    // The picture pops up the menu of a selection without one too.
+    const FenetreDocument* active = m_cadre.FenetreActive();
+    m_ui->mEditerEntree->setEnabled(active && active->myqrt.SelItemsCount() > 0);
     (avecSelection ? m_ui->MenuClickDroit : m_ui->MenuClickDroit3)->popup(endroit);
 }
 

@@ -184,20 +184,23 @@ TEST_F(Form1Test, MergingTwoCategoriesIsNotDone)
     EXPECT_EQ(reponses.Cles(), QStringList({"Pas fait"})) << "in no language but this one";
 }
 
-TEST_F(Form1Test, EditingAnEntryNeedsOneAndLookingAtItNeedsOneSelected)
+TEST_F(Form1Test, EditingNeedsSelectedEntriesAndLookingAtOneNeedsItAlone)
 {
     const Form1& vide = Ouvrir(u"vide.qrt"_s, {});
     EXPECT_FALSE(Commande(vide, u"mModifierEnree"_s).isEnabled());
     EXPECT_TRUE(Commande(vide, u"mEntree"_s).isEnabled());
     const Form1& fenetre = Ouvrir();
     const QAction& voir = Commande(fenetre, u"mVoir"_s);
-    EXPECT_TRUE(Commande(fenetre, u"mModifierEnree"_s).isEnabled());
+    const QAction& editer = Commande(fenetre, u"mModifierEnree"_s);
+    EXPECT_FALSE(editer.isEnabled());
     EXPECT_FALSE(voir.isEnabled());
     CliquerEntree(fenetre, 2);
     QCoreApplication::processEvents();
+    EXPECT_TRUE(editer.isEnabled());
     EXPECT_TRUE(voir.isEnabled());
     fenetre.ListView1().selectAll();
     QCoreApplication::processEvents();
+    EXPECT_TRUE(editer.isEnabled());
     EXPECT_FALSE(voir.isEnabled());
 }
 
@@ -379,6 +382,12 @@ TEST_F(Form1Test, ColumnsAreScaledToTheWindow)
     const VueTable& vue = fenetre.ListView1();
     EXPECT_NEAR(vue.horizontalHeader()->length(), vue.width() - vue.PixelsDe(340), 3);
     EXPECT_FALSE(fenetre.myqrt.IlFautSauver);
+}
+
+TEST_F(Form1Test, ScalingColumnsNeedsAnEntry)
+{
+    EXPECT_FALSE(Commande(Ouvrir(u"vide.qrt"_s, {}), u"mRedimAuto2"_s).isEnabled());
+    EXPECT_TRUE(Commande(Ouvrir(), u"mRedimAuto2"_s).isEnabled());
 }
 
 TEST_F(Form1Test, EveryItemOfTheMenusHasACaption)

@@ -178,6 +178,19 @@ TEST_F(FrmPopupTest, TheSelectionDecidesWhichMenuOfTheTablePopsUp)
     EXPECT_EQ(QApplication::activePopupWidget(), &MenuNomme(u"MenuClickDroit3"_s));
 }
 
+TEST_F(FrmPopupTest, WithNothingSelectedThereIsNothingToEdit)
+{
+    Montrer();
+    MyLV& table = *Ouvrir(u"a.qrt"_s).myqrt.MyLV;
+    for (const bool choisie : {false, true}) {
+        table.Selectionner(1, 1, choisie);
+        cadre->MontrerMenuClickDroit(true, QPoint(10, 10));
+        EXPECT_EQ(Item(u"mEditerEntree"_s).isEnabled(), choisie);
+        EXPECT_TRUE(Item(u"mSupprEntree"_s).isEnabled());
+        MenuNomme(u"MenuClickDroit"_s).close();
+    }
+}
+
 TEST_F(FrmPopupTest, ClosingAllIsDisabledFromTheLoadOn)
 {
     Montrer();
