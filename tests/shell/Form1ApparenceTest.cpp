@@ -28,13 +28,47 @@ TEST_F(Form1Test, OpeningADocumentLeavesTheStateAsItWasSet)
     EXPECT_EQ(LireOption(u"SizeForm1"_s).toString(), "2");
 }
 
-TEST_F(Form1Test, AReducedWindowStillCounts)
+TEST_F(Form1Test, AReducedWindowOnlyCounts)
 {
     Form1& fenetre = Ouvrir();
     fenetre.parentWidget()->showMinimized();
+    QCoreApplication::processEvents();
     fenetre.myqrt.MyLV->ListItems.Remove(1);
+    EcrireOption(u"FontBold"_s, true);
     fenetre.RedrawAll(true);
     EXPECT_EQ(Panneau(fenetre, 1), u"2 entrée(s)"_s);
+    EXPECT_FALSE(fenetre.ListView1().font().bold()) << "its layout waits until it is seen again";
+    fenetre.parentWidget()->showNormal();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(fenetre.ListView1().font().bold());
+}
+
+TEST_F(Form1Test, SortingRefreshingAndComingToTheFrontRedoTheLayout)
+{
+    Form1& a = Ouvrir(u"a.qrt"_s);
+    Ouvrir(u"b.qrt"_s);
+    const std::pair<QString, std::function<void()>> gestes[] = {
+        {u"activation"_s, [&] { cadre.AmenerDevant(a); }},
+        {u"sort"_s, [&] { CliquerTitre(a, 1); }},
+        {u"refresh"_s, [&] { Commande(a, u"mActualiser"_s).trigger(); }},
+    };
+    bool gras = false;
+    for (const auto& [nom, geste] : gestes) {
+        gras = !gras;
+        EcrireOption(u"FontBold"_s, gras);
+        geste();
+        EXPECT_EQ(a.ListView1().font().bold(), gras) << nom.toStdString();
+    }
+    a.myqrt.IlFautSauver = false;
+}
+
+TEST_F(Form1Test, TheFocusRefreshesTheCounts)
+{
+    const Form1& fenetre = Ouvrir();
+    fenetre.ListView1().clearFocus();
+    fenetre.findChild<QLabel*>(u"StatusBar1_1"_s)->setText(u"?"_s);
+    fenetre.ListView1().setFocus();
+    EXPECT_EQ(Panneau(fenetre, 1), u"3 entrée(s)"_s);
 }
 
 TEST_F(Form1Test, TheFontAndTheColourAreThoseOfTheSettings)
