@@ -26,6 +26,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double LargeurImages = 1500; // units of 1/1440 inch
+constexpr int SignesDUnCompte = 22;
 
 EtatDeForm1 EtatDe(const QWidget& fenetre)
 {
@@ -72,13 +73,20 @@ void Form1::FaireLigneDEtat()
         auto* texte = new QLabel(m_ui->StatusBar1);
         texte->setObjectName(u"StatusBar1_%1"_s.arg(numero));
         texte->setAccessibleDescription(nom);
-        texte->setMinimumWidth(texte->fontMetrics().averageCharWidth() * 22);
         m_ui->StatusBar1->addWidget(texte);
         return texte;
     };
     m_ui->StatusBar1->setContentsMargins(6, 0, 6, 0);
     m_nombre = panneau(1, u"Nombre d'entrées"_s);
     m_choisies = panneau(2, u"Nombre d'entrées sélectionnées"_s);
+    EcarterComptes();
+}
+
+/// The second count stands still while the first one changes.
+void Form1::EcarterComptes()
+{
+    for (QLabel* compte : {m_nombre, m_choisies})
+        compte->setMinimumWidth(compte->fontMetrics().averageCharWidth() * SignesDUnCompte);
 }
 
 void Form1::BrancherTable()
@@ -250,6 +258,7 @@ void Form1::AppliquerPolice()
     if (m_ui->ListView1->font() != police) {
         setFont(police);
         m_ui->ListView1->setFont(police);
+        EcarterComptes();
     }
     QPalette couleurs;
     if (const std::optional<QColor> encre = CouleurDeTable())

@@ -81,6 +81,7 @@ protected:
 
 private:
     void FaireLigneDEtat();
+    void EcarterComptes();
     void BrancherTable();
     void BrancherCadre();
 

@@ -86,6 +86,8 @@ TEST_F(Form1Test, TheFontAndTheColourAreThoseOfTheSettings)
     EXPECT_TRUE(police.bold());
     EXPECT_TRUE(police.italic());
     EXPECT_TRUE(fenetre.font().bold());
+    const auto* nombre = fenetre.findChild<QLabel*>(u"StatusBar1_1"_s);
+    EXPECT_GE(nombre->minimumWidth(), 22 * nombre->fontMetrics().averageCharWidth());
     EXPECT_EQ(fenetre.ListView1().palette().color(QPalette::Text), QColor(0, 0x80, 0xFF));
 }
 
