@@ -35,6 +35,17 @@ EtatDeForm1 EtatDe(const QWidget& fenetre)
     return fenetre.isMaximized() ? Agrandie : Normale;
 }
 
+/// Whether a key asks for the menu of the right button. On X11, Qt knows the one key that many keyboards lack.
+bool DemandeLeMenu(const QEvent& event)
+{
+    if (event.type() == QEvent::ContextMenu)
+        return static_cast<const QContextMenuEvent&>(event).reason() == QContextMenuEvent::Keyboard;
+    if (event.type() != QEvent::KeyPress)
+        return false;
+    const auto& touche = static_cast<const QKeyEvent&>(event);
+    return touche.key() == Qt::Key_F10 && touche.modifiers() == Qt::ShiftModifier;
+}
+
 } // namespace
 
 Form1::Form1(QWidget* parent) : QMainWindow(parent), m_ui(std::make_unique<Ui::Form1>())
@@ -179,8 +190,7 @@ bool Form1::eventFilter(QObject* objet, QEvent* event)
         RedrawAll();
         MajMenuRecents(*this);
     }
-    if (objet == m_ui->ListView1 && event->type() == QEvent::ContextMenu &&
-        static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard) {
+    if (objet == m_ui->ListView1 && DemandeLeMenu(*event)) {
         ClicDroitTable(PlaceDuFocus());
         return true;
     }

@@ -139,6 +139,15 @@ TEST_F(Form1Test, AKeyPopsUpTheMenuAtTheEntryWithTheFocus)
     EXPECT_EQ(MenuSurgi(), "MenuClickDroit");
 }
 
+TEST_F(Form1Test, ShiftAndF10PopUpTheMenuToo)
+{
+    const Form1& fenetre = Ouvrir();
+    QTest::keyClick(&fenetre.ListView1(), Qt::Key_F10);
+    EXPECT_EQ(MenuSurgi(), "");
+    QTest::keyClick(&fenetre.ListView1(), Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_EQ(MenuSurgi(), "MenuClickDroit3");
+}
+
 TEST_F(Form1Test, AKeyPopsUpTheMenuInsideTheTableWhenTheFocusIsScrolledAway)
 {
     QList<QByteArray> entrees;
