@@ -356,18 +356,18 @@ void VueTable::DessinerGrille(QPainter& painter) const
     // All lines equally thick, also where a unit is one point and a half of the screen.
     const double points = devicePixelRatioF();
     const double epaisseur = qFloor(points) / points;
-    const auto SurUnPoint = [points](int place) { return qRound(place * points) / points; };
+    const auto surUnPoint = [points](int place) { return qRound(place * points) / points; };
     const int hauteur = verticalHeader()->defaultSectionSize();
     const int droite = qMin(columnViewportPosition(0) + horizontalHeader()->length(), viewport()->width()) - 1;
     int bas = rowViewportPosition(premiere) - 1;
     for (int ligne = premiere; ligne < m_modele->rowCount() && bas < viewport()->height(); ++ligne) {
         bas += hauteur;
-        painter.fillRect(QRectF(0, SurUnPoint(bas), droite + 1, epaisseur), trait);
+        painter.fillRect(QRectF(0, surUnPoint(bas), droite + 1, epaisseur), trait);
     }
     for (int colonne = 0; colonne < m_modele->columnCount(); ++colonne) {
         const int bord = columnViewportPosition(colonne) + columnWidth(colonne) - 1;
         if (columnWidth(colonne) > 0)
-            painter.fillRect(QRectF(SurUnPoint(bord), 0, epaisseur, bas + 1), trait);
+            painter.fillRect(QRectF(surUnPoint(bord), 0, epaisseur, bas + 1), trait);
     }
 }
 
