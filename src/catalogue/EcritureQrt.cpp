@@ -43,45 +43,49 @@ EntreesEcrites Entrees(bool selection)
     return selection ? EntreesEcrites::Selection : EntreesEcrites::Toutes;
 }
 
-/// Writes the exact text beside the 8-bit one. `commentaire`: the comment's exact text, where it needs one.
-bool EcrireTexteExact(const QrtClass& doc, EntreesEcrites entrees, const std::optional<QByteArray>& commentaire)
+/// Writes the exact text without putting it in its place. `commentaire`: the comment's exact text, where it needs one.
+bool PreparerTexteExact(const QrtClass& doc, EntreesEcrites entrees, const std::optional<QByteArray>& commentaire,
+                        FichierDuDossier& fichier)
 {
-    FichierDuDossier fichier(doc.TmpFolder + TexteExact::NomDuFichier());
     if (!fichier.Ouvrir())
         return false;
     PuitsFichier puits(fichier.Fichier());
     if (!EcrireTexteQrt(doc, "2", entrees, Codage::Utf8, puits))
         return false;
-    if (commentaire) {
-        const QByteArray suite = TexteExact::Separateur() + *commentaire;
-        if (!puits.Recevoir(suite.constData(), static_cast<size_t>(suite.size())))
-            return false;
-    }
-    return fichier.Valider();
+    const QByteArray suite = commentaire ? TexteExact::Separateur() + *commentaire : QByteArray();
+    return puits.Recevoir(suite.constData(), static_cast<size_t>(suite.size()));
 }
 
 /// The text files of the folder, all or none: a reader that comes in between finds the old text whole.
 bool EcrireTextes(const QrtClass& doc, EntreesEcrites entrees)
 {
     const QString chemin = doc.TmpFolder + QStringLiteral("Zelvane.qrt");
+    const QString cheminExact = doc.TmpFolder + TexteExact::NomDuFichier();
     // The exact comment is known by the text that stands there now: it is read before that goes.
     std::optional<QByteArray> commentaire;
-    if (QFileInfo::exists(doc.TmpFolder + TexteExact::NomDuFichier()))
+    if (QFileInfo::exists(cheminExact))
         commentaire =
             TexteExact::Lire(doc.TmpFolder, LireFichier(chemin).value_or(QByteArray()),
                              LireFichier(doc.TmpFolder + QStringLiteral("Zelvane.txt")).value_or(QByteArray()))
                 .commentaire;
 
+    // Both are written whole before either takes its place: a full disk leaves the old ones, which belong together.
     FichierDuDossier fichier(chemin);
+    FichierDuDossier fichierExact(cheminExact);
     if (!fichier.Ouvrir())
         return false;
     PuitsFichier puits(fichier.Fichier());
     const std::optional<qint64> manques = EcrireTexteQrt(doc, "2", entrees, Codage::Cp1252, puits);
-    if (!manques || !fichier.Valider())
+    if (!manques)
         return false;
-    if (*manques > 0 || commentaire)
-        return EcrireTexteExact(doc, entrees, commentaire);
-    QFile::remove(doc.TmpFolder + TexteExact::NomDuFichier());
+    const bool exact = *manques > 0 || commentaire;
+    if (exact && !PreparerTexteExact(doc, entrees, commentaire, fichierExact))
+        return false;
+    // The exact one first: until the other follows, a rescue copy still counts as later than what is there.
+    if ((exact && !fichierExact.Valider()) || !fichier.Valider())
+        return false;
+    if (!exact)
+        QFile::remove(cheminExact);
     return true;
 }
 

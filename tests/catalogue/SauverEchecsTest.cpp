@@ -3,6 +3,7 @@
 
 #include "base/Const_Vrac.h"
 #include "base/Options.h"
+#include "catalogue/Commentaires.h"
 #include "catalogue/FichierQrt.h"
 #include "catalogue/ccZip.h"
 #include "support/ArchiveDeTest.h"
@@ -83,6 +84,30 @@ TEST_F(SauvegardeManquee, ADiskFullForTheTextLeavesTheOldFile)
     EXPECT_EQ(resultat, 0);
     EXPECT_EQ(dossier.Lire("mes.qrt"), "ancien");
     EXPECT_EQ(DansLeDossier(), QStringList("mes.qrt"));
+}
+
+TEST_F(SauvegardeManquee, ADiskFullForTheExactTextLeavesTheTextsThatBelongTogether)
+{
+    ASSERT_TRUE(Commentaires::Ecrire(d.doc.TmpFolder, "Lu \u2605"));
+    d.table.ListItems(1).SetText("日本");
+    ASSERT_TRUE(Enregistrer(d.doc, false, true));
+    const QByteArray texte = d.dossier.Lire("Zelvane.qrt"), exact = d.dossier.Lire("Zelvane.utf8");
+    ASSERT_TRUE(exact.contains("日本"));
+
+    d.doc.IlFautSauver = true;
+    d.table.ListItems(1).SetText(QString(3000, u'Я'));
+    const int resultat = DansUnEnfant([&] {
+        LimiterTailleDesFichiers(5000); // the 8-bit text has room
+        const bool enregistre = Enregistrer(d.doc, false, true);
+        return !enregistre && d.doc.IlFautSauver && messages.Cles() == QStringList("msg62") ? 0 : 1;
+    });
+
+    EXPECT_EQ(resultat, 0);
+    EXPECT_EQ(d.dossier.Lire("Zelvane.qrt"), texte);
+    EXPECT_EQ(d.dossier.Lire("Zelvane.utf8"), exact);
+    EXPECT_EQ(QDir(d.dossier.Chemin()).entryList({"*~"}), QStringList());
+    EXPECT_TRUE(Enregistrer(d.doc, false, true)) << "once there is room again";
+    EXPECT_EQ(Commentaires::Lire(d.doc.TmpFolder), "Lu \u2605");
 }
 
 TEST_F(SauvegardeManquee, ADiskFullForTheArchiveKeepsTheFolder)
