@@ -44,6 +44,9 @@ QSet<QString> Candidats()
     QSet<QString> dossiers;
     for (const QString& base : {TempFolder, QString(DossierProgramme() + u"temp"_s)}) {
         const QDir lieu(QDir(base).canonicalPath());
+        // Where there is no such place, the folder that happens to be the current one is none of ours.
+        if (lieu.isRelative())
+            continue;
         for (const QString& nom : lieu.entryList(ToutContenu, QDir::Unsorted)) {
             if (const auto trouve = forme.match(nom); trouve.hasMatch())
                 dossiers.insert(lieu.filePath(trouve.captured(1)) + u'/');

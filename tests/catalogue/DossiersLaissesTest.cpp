@@ -170,6 +170,19 @@ TEST_F(Laisses, TheDefaultPlaceIsLookedAtWhenTheSettingsNameAnotherOne)
     EXPECT_EQ(ChercherLaisses().size(), 1);
 }
 
+TEST_F(Laisses, TheCurrentFolderIsNeverLookedAt)
+{
+    dossier.Ecrire("ici/cat7/mine", "x");
+    QDir().mkpath(dossier.Fichier("ici/cat8"));
+    const QString avant = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(dossier.Fichier("ici")));
+    TempFolder = dossier.Fichier("absent");
+    QDir(DossierProgramme() + u"temp"_s).removeRecursively();
+    EXPECT_TRUE(ChercherLaisses().empty());
+    EXPECT_TRUE(dossier.Existe("ici/cat8"));
+    QDir::setCurrent(avant);
+}
+
 TEST_F(Laisses, AFolderOfALivingProcessIsNeverOffered)
 {
     LaisserDossier();
