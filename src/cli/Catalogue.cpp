@@ -2,35 +2,16 @@
 
 #include "base/AfficherMsg.h"
 #include "base/Const_Vrac.h"
+#include "base/DossiersDeCommande.h"
 #include "catalogue/ChargerCatalogue.h"
 #include "catalogue/FichierQrt.h"
 #include "extensions/modLang.h"
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QFileInfo>
-
-using namespace Qt::StringLiterals;
-
-namespace {
-
-/// Makes a folder of this process below the base of temporary folders, and the base of those drawn from here on: what
-/// another process left behind is never drawn.
-QString BaseDeCeProcessus()
-{
-    const QString base = AjouterSlash(TempFolder) + u"cli-%1/"_s.arg(QCoreApplication::applicationPid());
-    SupprimerDossier(base, true);
-    QDir().mkpath(base);
-    TempFolder = base;
-    return base;
-}
-
-} // namespace
-
 CatalogueOuvert::CatalogueOuvert()
     : m_base([this] {
           // Both folders in one step: once an interrupt has taken them away, nothing here makes them anew.
-          const QString base = BaseDeCeProcessus();
+          TempFolder = CreerDossierDeCommande();
+          const QString base = TempFolder;
           doc.TmpFolder = CreerDossierTemp();
           return base;
       })

@@ -1,5 +1,6 @@
 // zelvane-cli: the catalogue engine without a window.
 #include "base/Const_Vrac.h"
+#include "base/DossiersDeCommande.h"
 #include "cli/Commandes.h"
 #include "cli/Console.h"
 #include "cli/Menage.h"
@@ -62,6 +63,7 @@ Statut ExecuterCommande(const Commande& commande, const LigneDeCommande& ligne)
     }
     ChargerLangue(LireOption(u"QRTLangue"_s, u"default"_s).toString());
     InitialiserTempFolder();
+    SupprimerDossiersDeCommande();
     return commande.executer(ligne);
 }
 

@@ -1,5 +1,6 @@
 #include "shell/EtapesEnFenetres.h"
 
+#include "base/DossiersDeCommande.h"
 #include "catalogue/DossiersLaisses.h"
 #include "catalogue/OuvrirFichiersQrt.h"
 #include "extensions/frmPresent2.h"
@@ -58,6 +59,7 @@ void EtapesEnFenetres::MontrerPresentation()
 
 void EtapesEnFenetres::ProposerSecours()
 {
+    SupprimerDossiersDeCommande();
     std::vector<DossierLaisse> laisses = ChercherLaisses();
     if (!laisses.empty())
         frmSecours(*m_cadre, std::move(laisses), m_cadre.get()).exec();

@@ -303,6 +303,34 @@ TEST_F(ZelvaneCli, AnInterruptLeavesNoFolderBehind)
     }
 }
 
+TEST_F(ZelvaneCli, WhatAKilledRunLeavesGoesWithTheNextOne)
+{
+    TexteDeCatalogue texte = Catalogue();
+    texte.nombreDEntrees = "900000";
+    const QString grand = dossier.Ecrire("grand.qrt", texte.Texte());
+    const auto documents = [this] {
+        const QDir temp(dossier.Fichier("programme/temp"));
+        const QStringList runs = temp.entryList({"cli-*"});
+        return runs.isEmpty() ? QStringList() : QDir(temp.filePath(runs.first())).entryList({"cat*"});
+    };
+    QProcess processus;
+    processus.setProcessEnvironment(environnement);
+    processus.start(ZELVANE_CLI, {"convert", grand, dossier.Fichier("sortie.qrt")});
+    ASSERT_TRUE(processus.waitForStarted());
+    QElapsedTimer temps;
+    for (temps.start(); documents().isEmpty() && temps.elapsed() < 20000;)
+        QThread::msleep(1);
+    ASSERT_EQ(kill(static_cast<pid_t>(processus.processId()), SIGSTOP), 0);
+    ASSERT_EQ(Lancer({"type", Bare()}).statut, 0);
+    EXPECT_EQ(documents().size(), 1) << "it lives";
+
+    processus.kill();
+    ASSERT_TRUE(processus.waitForFinished(20000));
+    EXPECT_EQ(documents().size(), 1);
+    EXPECT_EQ(Lancer({"type", Bare()}).statut, 0);
+    EXPECT_EQ(documents(), QStringList());
+}
+
 TEST_F(ZelvaneCli, AFullOutputIsAFailure)
 {
     QProcess processus;

@@ -236,3 +236,16 @@ TEST_F(FrmSecours, TheStartOffersWhatWasLeftAndNothingElse)
     etapes.ProposerSecours();
     EXPECT_FALSE(EstLaisse(7));
 }
+
+TEST_F(FrmSecours, TheStartTidiesUpWhatAKilledCommandLeftAndOffersNothingOfIt)
+{
+    EtapesEnFenetres etapes;
+    etapes.ChargerCadre();
+    etapes.MontrerCadre();
+    const DossierDeTest& racine = PlateformeDeTest::Courante().dossier;
+    racine.Ecrire("temp/cli-12-abcdef/cat7/Zelvane.qrt", "copy");
+    ASSERT_TRUE(QFile::setPermissions(racine.Fichier("temp/cli-12-abcdef/cat7"),
+                                      QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    etapes.ProposerSecours();
+    EXPECT_FALSE(racine.Existe("temp/cli-12-abcdef"));
+}
