@@ -27,7 +27,7 @@ QByteArray Entete(const QrtClass& doc, const QString& nom, bool texte)
 {
     const auto ligne = [](const char* cle, const QByteArray& valeur) { return cle + ('=' + valeur) + "\r\n"; };
     return s_debut + ligne("Nom", nom.toUtf8().toPercentEncoding()) +
-           ligne("Chemin", doc.CheminReel().toUtf8().toPercentEncoding()) +
+           ligne("Chemin", doc.CheminConnu().toUtf8().toPercentEncoding()) +
            ligne("Type", doc.FileType.toUtf8().toPercentEncoding()) +
            ligne("Processus", QByteArray::number(QCoreApplication::applicationPid())) +
            ligne("Base", EmpreinteDuTexte(doc.TmpFolder)) + ligne("Texte", texte ? "1" : "0");

@@ -21,7 +21,7 @@
 struct IdentiteDeSecours
 {
     QString nom;          ///< the window's caption
-    QString chemin;       ///< the document's file; empty for one that was never saved
+    QString chemin;       ///< the document's file, as CheminConnu
     QString type;         ///< its form, as FileType
     qint64 processus = 0; ///< the process that wrote it
     QByteArray base;      ///< EmpreinteDuTexte when the text was written

@@ -274,6 +274,7 @@ bool OuvrirLaisse(Cadre& cadre, const DossierLaisse& laisse)
     FenetreDocument& fenetre = cadre.NouvelleFenetre();
     QrtClass& doc = fenetre.myqrt;
     doc.TmpFolder = CreerDossierTemp();
+    doc.CheminAvantSecours = laisse.chemin;
     fenetre.SetCaption(NomRecupere(laisse.nom));
     cadre.AjouterOnglet(fenetre);
     const std::optional<Lecture> lecture = Remplir(fenetre, laisse);

@@ -40,6 +40,11 @@ public:
     /// The file name part of CheminReel.
     const QString& filename() const { return m_filename; }
 
+    /// Of a recovered document: the file that it came from, which Save As proposes until it has one of its own.
+    QString CheminAvantSecours;
+    /// The path that the user knows the document by: its own, else the one above; empty for a category never saved.
+    const QString& CheminConnu() const { return m_cheminReel.isEmpty() ? CheminAvantSecours : m_cheminReel; }
+
     /// Full path of the program's settings file, fixed when the object is made.
     const QString& ZelvaneIni() const { return m_zelvaneIni; }
 

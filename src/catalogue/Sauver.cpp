@@ -134,7 +134,8 @@ CibleChoisie ChoisirCible(QrtClass& doc)
     demande.type = TypeArchive;
     for (;;) {
         const QString dossier = LireOption(u"SaveInitDir"_s).toString();
-        demande.depart = dossier.isEmpty() ? doc.CheminReel() : AjouterSlash(dossier) + doc.filename();
+        const QString& connu = doc.CheminConnu();
+        demande.depart = dossier.isEmpty() ? connu : AjouterSlash(dossier) + NomDeFichier(connu);
         const std::optional<ReponseFichier> reponse = DialogueEnregistrer(demande);
         if (!reponse)
             return {Choix::Abandonner};

@@ -90,6 +90,17 @@ TEST_F(CopieDeSecours, HoldsTheWholeTableAndWhoseItIs)
     EXPECT_FALSE(QFileInfo::exists(EnCours()));
 }
 
+TEST_F(CopieDeSecours, OfARecoveredDocumentTellsTheFileThatItCameFrom)
+{
+    doc.SetCheminReel(QString());
+    doc.CheminAvantSecours = u"/home/moi/disques.qrt"_s;
+    ASSERT_EQ(Ecrire(), Etat::Faite);
+    EXPECT_EQ(LireIdentite(Copie())->chemin, "/home/moi/disques.qrt") << "also after the next crash";
+    doc.SetCheminReel(u"/home/moi/autre.qrt"_s);
+    ASSERT_EQ(Ecrire(), Etat::Faite);
+    EXPECT_EQ(LireIdentite(Copie())->chemin, "/home/moi/autre.qrt");
+}
+
 TEST_F(CopieDeSecours, NeverTouchesTheFolder)
 {
     ASSERT_EQ(Ecrire(), Etat::Faite);

@@ -4,7 +4,9 @@
 #include "catalogue/Commentaires.h"
 #include "catalogue/CopieDeSecours.h"
 #include "catalogue/FichierQrt.h"
+#include "catalogue/Sauver.h"
 #include "support/CadreDeTest.h"
+#include "support/FileDeFichiers.h"
 #include "support/FileDeReponses.h"
 #include "support/Impression.h"
 #include "support/PlateformeDeTest.h"
@@ -258,6 +260,31 @@ TEST_F(Laisses, OneIsOpenedAsAnUnsavedDocumentWithImagesAndComments)
     EXPECT_FALSE(fenetre->fOuvrir.visible);
     EXPECT_NE(doc.TmpFolder, Temp("cat7/"));
     EXPECT_TRUE(RienNEstLaisse());
+}
+
+TEST_F(Laisses, SavingProposesTheFileThatItCameFrom)
+{
+    LaisserDossier();
+    LaisserIdentite();
+    FenetreDeTest* fenetre = Ouvrir();
+    ASSERT_TRUE(fenetre);
+    FileDeFichiers dialogues;
+    dialogues.PreparerAnnulation();
+    EXPECT_FALSE(Enregistrer(fenetre->myqrt, false, true));
+    EXPECT_EQ(dialogues.Demandes().last().depart, "/home/moi/disques.qrt");
+
+    EcrireOption("SaveInitDir", "/ailleurs");
+    dialogues.PreparerAnnulation();
+    EXPECT_FALSE(Enregistrer(fenetre->myqrt, false, true));
+    EXPECT_EQ(dialogues.Demandes().last().depart, "/ailleurs/disques.qrt")
+        << "the start folder is that of the last one";
+
+    dialogues.Preparer({dossier.Fichier("neuf.qrt")}, 2);
+    EXPECT_TRUE(Enregistrer(fenetre->myqrt, false, true));
+    EcrireOption("SaveInitDir", QString());
+    dialogues.PreparerAnnulation();
+    EXPECT_FALSE(Enregistrer(fenetre->myqrt, true, true));
+    EXPECT_EQ(dialogues.Demandes().last().depart, dossier.Fichier("neuf.qrt")) << "it has a file of its own now";
 }
 
 TEST_F(Laisses, UnsavedChangesComeBackWithAllTheirCharacters)

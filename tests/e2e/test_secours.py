@@ -66,7 +66,9 @@ class ComingBackAfterAKill(ProgramTest):
         program.find_all(table=True)[-1].cell(2, 0).click()
         program.find(name="1 selectionnée(s)")
         program.key("ctrl+s")
-        program.find(name=lambda name: "Enregistrer La Categorie Sous" in name)
+        dialog = program.find(role="dialog", name=lambda name: "Enregistrer La Categorie Sous" in name)
+        wait_until(lambda: dialog.find(role="text", name="Nom de fichier :").text == "discotheque.qrt",
+                   "the name of the file that it came from")
 
     def test_what_is_thrown_away_is_never_offered_again(self):
         home = self.edit_and_kill()
