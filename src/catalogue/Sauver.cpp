@@ -106,8 +106,7 @@ Choix AccepterFichier(const QString& fichier)
         Demander(u"msg60"_s, u"Le fichier est en lecture seule. Continuer l'enregistrement?"_s, QString());
     if (forcer != RepOui)
         return forcer == RepNon ? Choix::Recommencer : Choix::Abandonner;
-    plateforme().attributs->MettreLectureSeule(fichier, false);
-    return Choix::Prendre;
+    return plateforme().attributs->MettreLectureSeule(fichier, false) ? Choix::Prendre : Choix::Abandonner;
 }
 
 /// The path that was typed; a catalogue type gives it its extension where none was typed.
@@ -213,15 +212,16 @@ Issue EnregistrerSurPlace(QrtClass& doc)
     return DireRienEnregistre(Issue::SortieNette);
 }
 
-/// The question about a read-only file; nothing when the user gives up, else whether to go to Save As.
+/// The question about a read-only file; nothing when the user gives up or the file stays read-only, else whether to go
+/// to Save As.
 std::optional<bool> VerifierLectureSeule(const QrtClass& doc, bool saveAs)
 {
     if (!EstLectureSeule(doc.CheminReel()))
         return saveAs;
     switch (Demander(u"msg59"_s, u"Le fichier est en lecture seule. Continuer l'enregistrement?"_s, QString())) {
     case RepOui:
-        plateforme().attributs->MettreLectureSeule(doc.CheminReel(), false);
-        return saveAs;
+        return plateforme().attributs->MettreLectureSeule(doc.CheminReel(), false) ? std::optional(saveAs)
+                                                                                   : std::nullopt;
     case RepNon:
         return true;
     default:

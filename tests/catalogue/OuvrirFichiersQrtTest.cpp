@@ -197,6 +197,7 @@ TEST_F(OuvrirFichierTest, AWrongTypeLineLeavesAnEmptyDocumentOpen)
     EXPECT_EQ(Derniere().myqrt.CheminReel(), chemin);
     EXPECT_EQ(Derniere().myqrt.ItemsCount(), 0);
     EXPECT_EQ(Derniere().myqrt.ColCount(), 0);
+    EXPECT_EQ(LireOption(u"FRecent1"_s, QString()).toString(), chemin) << "it has been opened";
     EXPECT_FALSE(Derniere().fOuvrir.visible);
 }
 

@@ -6,6 +6,7 @@
 #include "platform/Plateforme.h"
 #include "support/FileDeFichiers.h"
 #include "support/FileDeReponses.h"
+#include "support/PlateformeDeTest.h"
 #include "support/TableDeTest.h"
 
 #include <QFile>
@@ -102,10 +103,12 @@ TEST_F(Sauvegarde, TheQuestionAtClosingHasThreeAnswers)
     messages.Preparer(RepAnnuler);
     EXPECT_FALSE(Enregistrer(d.doc, false, false));
     EXPECT_EQ(dossier.Lire("mes.qrt"), "ancien");
+    EXPECT_EQ(panneau.montres, 0) << "there is nothing to wait for";
     AttendreFin();
     messages.Preparer(RepOui);
     EXPECT_TRUE(Enregistrer(d.doc, false, false));
     EXPECT_FALSE(d.doc.IlFautSauver);
+    EXPECT_EQ(panneau.montres, 1);
     AttendreFin();
     const auto& question = messages.Affiches().first();
     EXPECT_EQ(question.message.texte, "Voulez-vous enregistrer les changement dans cette catégorie?");
@@ -183,7 +186,108 @@ TEST_F(Sauvegarde, NoToAReadOnlyFileLeadsToSaveAs)
     plateforme().attributs->MettreLectureSeule(chemin, false);
 }
 
+TEST_F(Sauvegarde, AFileWhoseAttributeStaysIsNotWrittenAndNothingIsTold)
+{
+    const QString chemin = DepuisFichier("2");
+    AttributsEnMemoire& attributs = PlateformeDeTest::Courante().attributsEnMemoire;
+    plateforme().attributs = &attributs;
+    attributs.lectureSeule.insert(chemin);
+    attributs.figes.insert(chemin);
+    messages.Preparer(RepOui);
+    EXPECT_FALSE(Enregistrer(d.doc, false, true));
+    AttendreFin();
+
+    d.doc.SetCheminReel(QString());
+    dialogues.Preparer({chemin}, 2);
+    messages.Preparer(RepOui); // to replace it
+    messages.Preparer(RepOui);
+    EXPECT_FALSE(Enregistrer(d.doc, false, true));
+    AttendreFin();
+
+    EXPECT_EQ(messages.Cles(), QStringList({"msg59", "msg59", "msg60"}));
+    EXPECT_EQ(dossier.Lire("mes.qrt"), "ancien");
+    EXPECT_EQ(d.doc.CheminReel(), "");
+    EXPECT_TRUE(d.doc.IlFautSauver);
+}
+
+TEST_F(Sauvegarde, AReadOnlyFileIsAskedAboutAlsoBeforeSaveAs)
+{
+    const QString chemin = DepuisFichier("2");
+    for (const int reponse : {RepAnnuler, RepNon, RepOui}) {
+        ASSERT_TRUE(plateforme().attributs->MettreLectureSeule(chemin, true));
+        d.doc.SetCheminReel(chemin);
+        messages.Preparer(reponse);
+        if (reponse != RepAnnuler)
+            dialogues.Preparer({dossier.Fichier(QString::number(reponse))}, 2);
+        EXPECT_EQ(Enregistrer(d.doc, true, true), reponse != RepAnnuler);
+        EXPECT_EQ(plateforme().attributs->EstLectureSeule(chemin), reponse != RepOui);
+    }
+    EXPECT_EQ(messages.Cles(), QStringList({"msg59", "msg59", "msg59"}));
+    EXPECT_EQ(dossier.Lire("mes.qrt"), "ancien");
+}
+
 // ---- Save As
+
+TEST_F(Sauvegarde, TheDialogStartsAtTheDocumentsFileThenInTheFolderOfTheLastOne)
+{
+    DepuisFichier("2");
+    dialogues.PreparerAnnulation();
+    EXPECT_FALSE(Enregistrer(d.doc, true, true));
+    EXPECT_EQ(dialogues.Demandes().last().depart, d.doc.CheminReel());
+
+    EcrireOption("SaveInitDir", "/ailleurs/");
+    dialogues.PreparerAnnulation();
+    EXPECT_FALSE(Enregistrer(d.doc, true, true));
+    EXPECT_EQ(dialogues.Demandes().last().depart, "/ailleurs/mes.qrt");
+
+    d.doc.SetCheminReel(QString());
+    dialogues.PreparerAnnulation();
+    EXPECT_FALSE(Enregistrer(d.doc, true, true));
+    EXPECT_EQ(dialogues.Demandes().last().depart, "/ailleurs/") << "a new category has no name to propose";
+}
+
+TEST_F(Sauvegarde, AFileThatHasItsNewNameIsTheMostRecentOneAndHasNoBackup)
+{
+    EcrireOption("SauvegardeLBK", 1);
+    EcrireOption("SauvegardeLBK_1", 1);
+    const QString existant = dossier.Ecrire("existant.qrt", "ancien");
+    DepuisFichier("2");
+    dialogues.Preparer({existant}, 2);
+    messages.Preparer(RepOui);
+    EXPECT_TRUE(Enregistrer(d.doc, true, true));
+    EXPECT_EQ(LireOption("FRecent1").toString(), existant);
+    EXPECT_EQ(d.doc.NbSauv(), "0") << "a plain save makes backups";
+    EXPECT_FALSE(dossier.Existe("existant.qrt.bak") || dossier.Existe("mes.qrt.bak"));
+}
+
+TEST_F(Sauvegarde, ANewNameThatCannotBeWrittenToStaysTheDocuments)
+{
+    d.doc.ClearLV();
+    for (const int type : {2, 3}) {
+        const QString chemin = dossier.Fichier(QString::number(type) + ".qrt");
+        dialogues.Preparer({chemin}, type);
+        if (type == 3)
+            messages.Preparer(RepNon);
+        EXPECT_FALSE(Enregistrer(d.doc, true, true));
+        EXPECT_EQ(messages.Cles().last(), "msg62");
+        EXPECT_EQ(d.doc.CheminReel(), chemin);
+        EXPECT_EQ(d.doc.FileType, QString::number(type));
+        EXPECT_TRUE(d.doc.IlFautSauver);
+        EXPECT_EQ(LireOption("FRecent1").toString(), "");
+        AttendreFin();
+    }
+}
+
+TEST_F(Sauvegarde, ACancelledDialogEndsInOrderAlsoAfterASaveThatDidNot)
+{
+    DepuisFichier("3");
+    EXPECT_FALSE(Enregistrer(d.doc, false, true));
+    AttendreSortieNette();
+    dialogues.PreparerAnnulation();
+    EXPECT_FALSE(Enregistrer(d.doc, true, true));
+    EXPECT_EQ(messages.Cles(), QStringList("msg63"));
+    AttendreFin();
+}
 
 TEST_F(Sauvegarde, ADocumentNeverSavedGoesThroughSaveAsWithoutABackup)
 {
@@ -227,6 +331,7 @@ TEST_F(Sauvegarde, AllFilesIsNoTypeToSaveAs)
     EXPECT_FALSE(Enregistrer(d.doc, true, true));
     EXPECT_EQ(messages.Cles(), QStringList("msg46"));
     EXPECT_FALSE(dossier.Existe("a.qrt"));
+    EXPECT_EQ(LireOption("SaveInitDir").toString(), dossier.Chemin()) << "the folder is remembered all the same";
 }
 
 TEST_F(Sauvegarde, AnExistingFileIsReplacedOnYesOnly)
