@@ -2,6 +2,7 @@
 
 #include "base/Const_Vrac.h"
 #include "catalogue/Cadre.h"
+#include "catalogue/FichierQrt.h"
 #include "catalogue/Sauver.h"
 
 #include <algorithm>
@@ -17,11 +18,13 @@ bool AvancerLesSecours(const Cadre& cadre, const MomentDeSecours& moment)
 
 void LaisserAuSecours(const Cadre& cadre)
 {
-    for (FenetreDocument* fenetre : cadre.Documents()) {
+    const auto fenetres = cadre.Documents();
+    for (FenetreDocument* fenetre : fenetres)
+        fenetre->Secours.EcrireMaintenant(fenetre->myqrt, fenetre->Caption());
+    // Then what may take its time: a folder goes once what was saved is on the disk.
+    for (FenetreDocument* fenetre : fenetres) {
         QrtClass& doc = fenetre->myqrt;
-        if (doc.IlFautSauver)
-            fenetre->Secours.EcrireMaintenant(doc, fenetre->Caption());
-        else if (!doc.DossierAGarder)
+        if (!doc.IlFautSauver && ForcerArchive(doc) && !doc.DossierAGarder)
             SupprimerDossier(std::exchange(doc.TmpFolder, QString()), true);
     }
 }

@@ -242,6 +242,19 @@ TEST_F(Secours, AtTheEndUnsavedChangesAreWrittenAtOnceAndSavedDocumentsGo)
     EXPECT_TRUE(QFileInfo::exists(gardee.myqrt.TmpFolder)) << "its data are nowhere else";
 }
 
+TEST_F(Secours, AtTheEndWhatWasSavedIsOnTheDiskBeforeItsFolderGoes)
+{
+    const QString dossier = doc.TmpFolder;
+    doc.ArchiveAForcer = u"/proc/self/stat"_s; // cannot be forced anywhere
+    LaisserAuSecours(cadre);
+    EXPECT_TRUE(QFileInfo::exists(dossier));
+
+    doc.DossierAGarder = false;
+    doc.ArchiveAForcer = PlateformeDeTest::Courante().dossier.Ecrire(u"disques.qrt"_s, "x");
+    LaisserAuSecours(cadre);
+    EXPECT_FALSE(QFileInfo::exists(dossier));
+}
+
 TEST_F(Secours, TheEndFinishesACopyThatIsBeingWritten)
 {
     for (int i = 0; i < 20000; ++i)
