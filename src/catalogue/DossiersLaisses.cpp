@@ -106,6 +106,13 @@ bool CopiePlusRecente(const QString& dossier, const IdentiteDeSecours& identite)
     return identite.texte && (empreinte.isEmpty() || identite.base == empreinte);
 }
 
+/// Whether the document's file stands. A save that was cut short leaves none, or half of an archive.
+bool EstEnregistree(const IdentiteDeSecours& identite)
+{
+    const QFileInfo fichier(identite.chemin);
+    return fichier.isFile() && (identite.type != u"2" || (fichier.isReadable() && TypeFichier(identite.chemin) == 2));
+}
+
 DossierLaisse Decrire(const QString& dossier, VerrouDossier verrou)
 {
     const QString nom = QDir(dossier).dirName();
@@ -119,6 +126,7 @@ DossierLaisse Decrire(const QString& dossier, VerrouDossier verrou)
         laisse.nom = identite->nom.isEmpty() ? nom : identite->nom;
         laisse.chemin = identite->chemin;
         laisse.modifie = CopiePlusRecente(dossier, *identite);
+        laisse.enregistree = EstEnregistree(*identite);
     }
     const QString texte = laisse.modifie ? copie : CheminDuTexte(dossier);
     laisse.entrees = EntreesAnnoncees(DebutDe(texte));

@@ -19,7 +19,8 @@ struct DossierLaisse
     QString chemin;  ///< the document's file; empty when it was never saved or nothing tells it
     QDateTime date;  ///< when something of it was last written
     std::optional<qint64> entrees;
-    bool modifie = false; ///< unsaved changes are in its rescue copy
+    bool modifie = false;     ///< unsaved changes are in its rescue copy
+    bool enregistree = false; ///< its file is there and whole; without that it may be nowhere else
     VerrouDossier verrou;
 };
 

@@ -5,6 +5,7 @@
 #include "catalogue/CopieDeSecours.h"
 #include "catalogue/FichierQrt.h"
 #include "catalogue/Sauver.h"
+#include "support/ArchiveDeTest.h"
 #include "support/CadreDeTest.h"
 #include "support/FileDeFichiers.h"
 #include "support/FileDeReponses.h"
@@ -126,6 +127,29 @@ TEST_F(Laisses, AFolderThatNothingTellsAboutHasItsOwnName)
     EXPECT_EQ(laisses[0].nom, "cat7");
     EXPECT_EQ(laisses[0].chemin, "");
     EXPECT_FALSE(laisses[0].entrees);
+}
+
+TEST_F(Laisses, ACategoryWhoseFileDoesNotStandIsTold)
+{
+    LaisserDossier();
+    const auto enregistree = [this](const QString& chemin, const QString& type) {
+        MyLV table;
+        QrtClass doc;
+        doc.MyLV = &table;
+        doc.TmpFolder = Temp("cat7/");
+        doc.SetCheminReel(chemin);
+        doc.FileType = type;
+        EXPECT_TRUE(EcrireIdentite(doc, u"disques.qrt"_s));
+        const std::vector<DossierLaisse> laisses = ChercherLaisses();
+        return laisses.size() == 1 && laisses[0].enregistree;
+    };
+    const QByteArray archive = FaireArchive({{"Zelvane.qrt", Texte({"a||"})}});
+    EXPECT_TRUE(enregistree(dossier.Ecrire("disques.qrt", archive), u"2"_s));
+    EXPECT_FALSE(enregistree(dossier.Ecrire("disques.qrt", archive.chopped(30)), u"2"_s)) << "half an archive";
+    EXPECT_TRUE(enregistree(dossier.Ecrire("vieux.qrt", Texte({"a||"})), u"1"_s));
+    EXPECT_FALSE(enregistree(dossier.Fichier("absent.qrt"), u"2"_s));
+    EXPECT_FALSE(enregistree(QString(), QString())) << "never saved";
+    EXPECT_TRUE(reponses.Affiches().isEmpty());
 }
 
 TEST_F(Laisses, TheLatestComesFirst)

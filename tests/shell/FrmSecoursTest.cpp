@@ -1,5 +1,6 @@
 #include "shell/frmSecours.h"
 
+#include "catalogue/CopieDeSecours.h"
 #include "extensions/modLang.h"
 #include "shell/CadreEnFenetre.h"
 #include "shell/EtapesEnFenetres.h"
@@ -68,8 +69,23 @@ TEST_F(FrmSecours, EachLineTellsWhatWasLeft)
     EXPECT_EQ(ligne.text(1), u"jamais enregistrée"_s);
     EXPECT_EQ(ligne.text(2), "24/12/2099 18:30");
     EXPECT_EQ(ligne.text(3), "1");
-    EXPECT_EQ(ligne.text(4), "aucune");
+    EXPECT_EQ(ligne.text(4), u"non enregistrées"_s) << "it is nowhere else";
     EXPECT_TRUE(ligne.isSelected());
+}
+
+TEST_F(FrmSecours, OneWhoseFileStandsHasNothingUnsaved)
+{
+    Abandonner(7, 30);
+    QrtClass doc;
+    doc.TmpFolder = TempFolder + u"/cat7/"_s;
+    doc.FileType = u"1"_s;
+    doc.SetCheminReel(PlateformeDeTest::Courante().dossier.Ecrire("disques.qrt", TexteDeCatalogue().Texte()));
+    ASSERT_TRUE(EcrireIdentite(doc, u"disques.qrt"_s));
+    const auto form = Form();
+    ASSERT_EQ(Noms(*form), QStringList("disques.qrt"));
+    const QTreeWidgetItem& ligne = *Liste(*form).topLevelItem(0);
+    EXPECT_EQ(ligne.text(1), doc.CheminReel());
+    EXPECT_EQ(ligne.text(4), "aucune");
 }
 
 TEST_F(FrmSecours, OneThatCannotBeReadLeavesNoWindowBehind)
