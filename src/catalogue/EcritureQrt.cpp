@@ -15,8 +15,6 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
-#include <unistd.h>
-
 #include <optional>
 #include <utility>
 
@@ -164,11 +162,8 @@ bool EcrireFichier(QrtClass& doc, bool selection)
 
 bool ForcerArchive(QrtClass& doc)
 {
-    QFile archive(std::exchange(doc.ArchiveAForcer, QString()));
-    // Where it is gone by now, there is nothing left to do.
-    if (archive.fileName().isEmpty() || !archive.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return true;
-    const bool bon = fsync(archive.handle()) == 0;
+    const QString archive = std::exchange(doc.ArchiveAForcer, QString());
+    const bool bon = archive.isEmpty() || ForcerFichier(archive);
     doc.DossierAGarder = doc.DossierAGarder || !bon;
     return bon;
 }

@@ -1,6 +1,7 @@
 #include "catalogue/FichierDuDossier.h"
 
 #include <cstdio>
+#include <unistd.h>
 
 std::optional<QByteArray> LireFichier(const QString& chemin)
 {
@@ -8,6 +9,12 @@ std::optional<QByteArray> LireFichier(const QString& chemin)
     if (!fichier.open(QIODevice::ReadOnly))
         return std::nullopt;
     return fichier.readAll();
+}
+
+bool ForcerFichier(const QString& chemin)
+{
+    QFile fichier(chemin);
+    return !fichier.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || fsync(fichier.handle()) == 0;
 }
 
 FichierDuDossier::~FichierDuDossier()

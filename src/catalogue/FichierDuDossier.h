@@ -1,5 +1,5 @@
-// A file of a document's folder, replaced as a whole: whoever reads it finds the old text or the new one. Nothing is
-// forced to the disk, as the folder does not outlive the program's run.
+// A file of a document's folder, replaced as a whole: whoever reads it finds the old text or the new one. Nothing of
+// it is forced to the disk: the archive and the rescue copy are.
 #pragma once
 
 #include <QByteArray>
@@ -11,6 +11,9 @@
 
 /// All bytes of a file; nothing when it cannot be read.
 std::optional<QByteArray> LireFichier(const QString& chemin);
+
+/// Has every byte of a file on the disk; false when the disk refuses. One that is gone by now has none.
+bool ForcerFichier(const QString& chemin);
 
 class FichierDuDossier
 {

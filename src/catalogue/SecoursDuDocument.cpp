@@ -2,8 +2,11 @@
 
 #include "base/Const_Vrac.h"
 #include "catalogue/QrtClass.h"
+#include "catalogue/Sauver.h"
 
 #include <QFile>
+
+#include <chrono>
 
 SecoursDuDocument::Etat SecoursDuDocument::EtatDe(const QrtClass& doc, const QString& nom)
 {
@@ -32,7 +35,9 @@ bool SecoursDuDocument::Avancer(const QrtClass& doc, const QString& nom, const M
         return false;
     if (!doc.IlFautSauver) {
         Oublier();
-        TenirIdentite(doc, nom);
+        // While a save runs, the changes count as saved before they are.
+        if (!EnCoursDeSauvegarde && EstSurLeDisque(doc))
+            TenirIdentite(doc, nom);
         return false;
     }
     const bool occupe = moment.maintenant - moment.derniereTouche < Pause || moment.maintenant - m_vuDepuis < Pause;
@@ -61,6 +66,22 @@ void SecoursDuDocument::Finir(EcritureDeSecours::Etat issue)
         return;
     m_copie = m_vu;
     m_identite.reset();
+}
+
+/// Whether what was saved is on the disk, to which a helper thread sees. Before that the copy stays: a power cut may
+/// take the old file, which is deleted, and the new one.
+bool SecoursDuDocument::EstSurLeDisque(const QrtClass& doc)
+{
+    const auto occupe = [this] {
+        return m_forcage.valid() && m_forcage.wait_for(std::chrono::seconds(0)) == std::future_status::timeout;
+    };
+    const Depot depot{doc.ArchiveAForcer, doc.Archive};
+    if (!depot.chemin.isEmpty() && m_depot != depot && !occupe()) {
+        m_depot = depot;
+        // Where no thread can be had, closing the document sees to it.
+        m_forcage = std::async(std::launch::async | std::launch::deferred, ForcerFichier, depot.chemin);
+    }
+    return !occupe();
 }
 
 /// What is saved needs no copy. Where not even a few lines can be written, there is none at all.

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <future>
 #include <memory>
 #include <optional>
 
@@ -24,8 +25,8 @@ public:
     static constexpr qint64 Pause = 2000;       ///< without touches and without changes
     static constexpr qint64 Intervalle = 30000; ///< between two copies, and between two tries on a full disk
 
-    /// Does what there is to do, a few milliseconds long: a copy of unsaved changes, or, once they are saved, no more
-    /// than whose folder it is. `nom`: the window's caption. True when it has more to do at once.
+    /// Does what there is to do, a few milliseconds long: a copy of unsaved changes, or, once they are saved and on the
+    /// disk, no more than whose folder it is. `nom`: the window's caption. True when it has more to do at once.
     bool Avancer(const QrtClass& doc, const QString& nom, const MomentDeSecours& moment);
 
     /// Writes the copy of unsaved changes whole, whenever the last one was. False when that fails.
@@ -47,7 +48,16 @@ private:
     };
     static Etat EtatDe(const QrtClass& doc, const QString& nom);
 
+    /// A file that was saved: another one at each save.
+    struct Depot
+    {
+        QString chemin;
+        std::shared_ptr<const ArchiveConnue> archive;
+        bool operator==(const Depot&) const = default;
+    };
+
     void Oublier();
+    bool EstSurLeDisque(const QrtClass& doc);
     void TenirIdentite(const QrtClass& doc, const QString& nom);
     bool Continuer(const QrtClass& doc, const QString& nom, qint64 maintenant);
     void Finir(EcritureDeSecours::Etat issue);
@@ -58,5 +68,7 @@ private:
     std::optional<Etat> m_identite; ///< the same, for one without a text
     std::optional<qint64> m_derniere;
     std::unique_ptr<EcritureDeSecours> m_ecriture;
+    Depot m_depot; ///< what m_forcage sees to, or saw to last
+    std::future<bool> m_forcage;
     bool m_perimee = false; ///< what is being written is of no use any more
 };

@@ -17,6 +17,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -187,6 +189,40 @@ TEST_F(Secours, ASavedDocumentKeepsNoCopy)
     Changer(u"b"_s);
     Attendre(33);
     EXPECT_EQ(TitreEcrit(), u"b"_s) << "and is copied again after the next change";
+}
+
+TEST_F(Secours, ASavedDocumentKeepsItsCopyUntilTheFileIsOnTheDisk)
+{
+    Changer(u"a"_s);
+    Attendre(3);
+    // A disk that takes its time: who opens a pipe waits for the other end.
+    const QString lent = PlateformeDeTest::Courante().dossier.Fichier(u"lent"_s);
+    ASSERT_EQ(mkfifo(QFile::encodeName(lent).constData(), 0600), 0);
+    doc.IlFautSauver = false;
+    doc.ArchiveAForcer = lent;
+    Attendre(5);
+    EXPECT_EQ(TitreEcrit(), u"a"_s);
+
+    QFile autreBout(lent);
+    ASSERT_TRUE(autreBout.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+    for (int i = 0; i < 5000 && TitreEcrit(); ++i) {
+        Attendre(1);
+        QThread::msleep(1);
+    }
+    EXPECT_FALSE(TitreEcrit());
+}
+
+TEST_F(Secours, TheCopyStaysWhileASaveRuns)
+{
+    Changer(u"a"_s);
+    Attendre(3);
+    doc.IlFautSauver = false;
+    EnCoursDeSauvegarde = true;
+    Attendre(5);
+    EXPECT_EQ(TitreEcrit(), u"a"_s);
+    EnCoursDeSauvegarde = false;
+    Attendre(1);
+    EXPECT_FALSE(TitreEcrit());
 }
 
 TEST_F(Secours, ADocumentThatIsClosedLeavesNothing)
