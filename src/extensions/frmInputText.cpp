@@ -2,6 +2,7 @@
 
 #include "base/Icones.h"
 #include "extensions/LangForm.h"
+#include "extensions/MotsLongs.h"
 #include "extensions/ValideurDeLigne.h"
 #include "ui_frmInputText.h"
 
@@ -21,7 +22,8 @@ frmInputText::frmInputText(const QString& libelle, const QString& defaut, QWidge
     connect(m_ui->btAnnuler, &QPushButton::clicked, this, &QDialog::reject);
     LangForm(*this);
 
-    m_ui->Label1->setText(libelle);
+    QLabel& label = *m_ui->Label1;
+    label.setText(CouperMotsLongs(libelle, label.fontMetrics(), label.minimumWidth()));
     m_ui->Text1->setAccessibleName(libelle);
     m_ui->Text1->setText(defaut);
     m_ui->Text1->selectAll();

@@ -3,6 +3,7 @@
 #include "base/AfficherMsg.h"
 #include "base/Icones.h"
 #include "extensions/LangForm.h"
+#include "extensions/MotsLongs.h"
 #include "ui_frmMsg.h"
 
 #include <QKeySequence>
@@ -13,8 +14,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int LargeurMin = 200;      // room for a title above a text of one word
 constexpr int LargeurTexte = 340;    // a line of some 55 letters reads well
-constexpr int LargeurMot = 560;      // a line that cannot be broken, a path say, may be longer
+constexpr int LargeurMot = 560;      // a line without blanks, a path say, may be longer
 constexpr double PartDeLEcran = 0.6; // of the height that a text may take before it scrolls
 constexpr int LargeurBouton = 92;
 constexpr int CoteImage = 32;
@@ -28,7 +30,7 @@ frmMsg::frmMsg(const QString& texte, int genre, const QString& titre, QWidget* p
     LangForm(*this);
     // An empty title bar would show the name of the executable.
     setWindowTitle(titre.isEmpty() ? u"Zelvane"_s : titre);
-    m_ui->Label1->setText(texte);
+    m_ui->Label1->setText(CouperMotsLongs(texte, m_ui->Label1->fontMetrics(), LargeurMot));
     // What a screen reader says first.
     setAccessibleDescription(texte);
 
@@ -36,7 +38,7 @@ frmMsg::frmMsg(const QString& texte, int genre, const QString& titre, QWidget* p
 
     ChoisirBoutons(genre);
     DonnerTouches();
-    AjusterTaille();
+    AjusterTaille(LargeurDuPlusLongMot(texte, m_ui->Label1->fontMetrics()));
     connect(m_ui->btYes, &QPushButton::clicked, this, [this] { Repondre(RetourYes); });
     connect(m_ui->btNo, &QPushButton::clicked, this, [this] { Repondre(RetourNo); });
     connect(m_ui->btCancel, &QPushButton::clicked, this, [this] { Repondre(RetourCancel); });
@@ -68,10 +70,10 @@ void frmMsg::DonnerTouches()
 }
 
 /// As wide as the text asks for, within bounds; as high too, and what is beyond the bound scrolls.
-void frmMsg::AjusterTaille()
+void frmMsg::AjusterTaille(int plusLongMot)
 {
     const QFontMetrics mesures = m_ui->Label1->fontMetrics();
-    int largeur = 0;
+    int largeur = qMax(LargeurMin, qMin(plusLongMot + 1, LargeurMot));
     for (const QString& ligne : m_ui->Label1->text().split(u'\n')) {
         const int auPlus = ligne.contains(u' ') ? LargeurTexte : LargeurMot;
         largeur = qMax(largeur, qMin(mesures.horizontalAdvance(ligne) + 1, auPlus));

@@ -28,7 +28,7 @@ public:
 private:
     void ChoisirBoutons(int genre);
     void DonnerTouches();
-    void AjusterTaille();
+    void AjusterTaille(int plusLongMot);
     void Repondre(int reponse);
 
     std::unique_ptr<Ui::frmMsg> m_ui;

@@ -146,6 +146,15 @@ TEST(FrmInputText, TheFormShowsAndTellsWhatIsAsked)
     EXPECT_TRUE(Bouton(boite, "btOk").isDefault());
 }
 
+TEST(FrmInputText, AWordThatIsTooLongDoesNotWidenTheForm)
+{
+    frmInputText normale(u"Texte"_s, u""_s);
+    frmInputText boite(u"mot"_s.repeated(80), u""_s);
+    normale.show();
+    boite.show();
+    EXPECT_EQ(boite.width(), normale.width());
+}
+
 TEST(FrmInputText, TabFollowsTheEye)
 {
     frmInputText boite(u"Texte"_s, u""_s);

@@ -1,6 +1,7 @@
 #include "extensions/frmMotDePasse.h"
 
 #include "extensions/MessagesEnFenetre.h"
+#include "extensions/frmInputText.h"
 #include "support/GardeModale.h"
 #include "support/Impression.h"
 
@@ -82,4 +83,30 @@ TEST(FrmMotDePasse, WhatIsTypedIsNotShown)
         EXPECT_FALSE(saisie->displayText().contains(u'a'));
         boite.close();
     });
+}
+
+TEST(FrmMotDePasse, AltAndTheMarkedLettersPressTheButtons)
+{
+    const auto taper = [](Qt::Key touche) {
+        return Demander([touche](QWidget& boite) {
+            Saisir(boite, "abc");
+            QTest::keyClick(&boite, touche, Qt::AltModifier);
+        });
+    };
+    EXPECT_EQ(taper(Qt::Key_O), "abc");
+    EXPECT_EQ(taper(Qt::Key_A), "");
+}
+
+TEST(FrmMotDePasse, ItLooksLikeTheOtherQuestionForALine)
+{
+    frmMotDePasse boite(u"Titre"_s, u"mot"_s.repeated(80));
+    frmInputText autre(u"Texte"_s, u""_s);
+    boite.show();
+    autre.show();
+    EXPECT_EQ(boite.width(), autre.width()) << "a long word is broken";
+    for (const char* nom : {"btOk", "btAnnuler"}) {
+        const auto* bouton = boite.findChild<QPushButton*>(QString::fromLatin1(nom));
+        EXPECT_EQ(bouton->text(), autre.findChild<QPushButton*>(QString::fromLatin1(nom))->text());
+        EXPECT_FALSE(bouton->icon().isNull()) << nom;
+    }
 }

@@ -4,6 +4,7 @@
 #include "support/GardeModale.h"
 #include "support/Impression.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
@@ -49,6 +50,12 @@ QStringList BoutonsVisibles(int genre)
             titres.append(bouton.text());
     }
     return titres;
+}
+
+/// Pixels in which the text is seen.
+int PlaceDuTexte(const frmMsg& boite)
+{
+    return boite.findChild<QScrollArea*>()->viewport()->width();
 }
 
 } // namespace
@@ -145,6 +152,55 @@ TEST(FrmMsg, AShortTextIsSeenWhole)
     boite.show();
     EXPECT_EQ(boite.findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0);
     EXPECT_LT(boite.height(), 200);
+}
+
+TEST(FrmMsg, AWordAloneLeavesRoomForTheTitle)
+{
+    frmMsg boite(u"Rien"_s, MsgOk, u"Zelvane"_s);
+    boite.show();
+    EXPECT_GE(boite.width(), 250);
+}
+
+TEST(FrmMsg, TheBoxIsAsWideAsItsLongestWord)
+{
+    QString nom = u"Inventaire"_s;
+    while (QFontMetrics(QApplication::font()).horizontalAdvance(nom) < 450)
+        nom += u"_complet"_s;
+    const QString message = u"Le fichier "_s + nom + u" est deja ouvert."_s;
+    frmMsg boite(message, MsgOk, QString());
+    boite.show();
+    const auto* texte = boite.findChild<QLabel*>(u"Label1"_s);
+    EXPECT_GE(PlaceDuTexte(boite), texte->fontMetrics().horizontalAdvance(nom));
+    EXPECT_EQ(texte->text(), message);
+}
+
+TEST(FrmMsg, AWordThatIsTooLongIsBrokenAndReadOutWhole)
+{
+    const QString mot = u"mot"_s.repeated(80);
+    frmMsg boite(u"Le fichier "_s + mot, MsgOk, QString());
+    boite.show();
+    const auto* texte = boite.findChild<QLabel*>(u"Label1"_s);
+    EXPECT_LE(texte->minimumSizeHint().width(), PlaceDuTexte(boite));
+    EXPECT_LT(boite.width(), 700);
+    EXPECT_EQ(boite.findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0);
+    EXPECT_EQ(boite.accessibleDescription(), u"Le fichier "_s + mot);
+}
+
+TEST(FrmMsg, TheButtonsStandInTheMiddle)
+{
+    for (const int genre : {MsgOk, MsgOkAnnuler, MsgOuiNonAnnuler, MsgOuiNon}) {
+        frmMsg boite(u"Voulez-vous enregistrer les modifications avant de fermer ?"_s, genre, QString());
+        boite.show();
+        int gauche = boite.width();
+        int droite = 0;
+        for (const auto* bouton : boite.findChildren<QPushButton*>()) {
+            if (!bouton->isVisible())
+                continue;
+            gauche = qMin(gauche, bouton->x());
+            droite = qMax(droite, bouton->x() + bouton->width());
+        }
+        EXPECT_NEAR(gauche, boite.width() - droite, 1) << genre;
+    }
 }
 
 TEST(FrmMsg, ALongTextScrollsAndTheButtonsStayOnTheScreen)
