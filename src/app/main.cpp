@@ -1,4 +1,5 @@
 // zelvane [PATH]: the program with its windows. All that stands behind the program's name is one path.
+#include "extensions/DialoguesDansLEcran.h"
 #include "extensions/DialoguesEnFenetre.h"
 #include "extensions/MessagesEnFenetre.h"
 #include "extensions/RepriseDuFocus.h"
@@ -52,6 +53,7 @@ int main(int argc, char** argv)
     const MessagesEnFenetre messages;
     const DialoguesEnFenetre dialogues;
     const RepriseDuFocus reprise;
+    const DialoguesDansLEcran dansLEcran;
     EtapesEnFenetres etapes;
     if (Main(LigneDeCommande(QApplication::arguments()), etapes) == SuiteDemarrage::Finir)
         return 0;
