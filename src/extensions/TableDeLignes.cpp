@@ -2,10 +2,38 @@
 
 #include <QHeaderView>
 #include <QItemSelectionModel>
+#include <QStyleOption>
 #include <QTableView>
+
+namespace {
+
+/// Ends a title that is longer than its column with an ellipsis, as the values below it; Qt 6.4 cuts it off, whatever
+/// the header's elide mode.
+class TitresDeLignes : public QHeaderView
+{
+public:
+    explicit TitresDeLignes(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
+
+    void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override
+    {
+        QHeaderView::initStyleOptionForIndex(option, section);
+        QStyleOptionHeader titre = *option;
+        titre.rect = QRect(0, 0, sectionSize(section), height());
+        int place = style()->subElementRect(QStyle::SE_HeaderLabel, &titre, this).width();
+        if (!titre.icon.isNull())
+            place -= style()->pixelMetric(QStyle::PM_SmallIconSize, &titre, this) + EcartIcone;
+        option->text = fontMetrics().elidedText(option->text, Qt::ElideRight, place);
+    }
+
+private:
+    static constexpr int EcartIcone = 2; // pixels that styles leave behind the icon
+};
+
+} // namespace
 
 void FaireTableDeLignes(QTableView& table)
 {
+    table.setHorizontalHeader(new TitresDeLignes(&table));
     table.setSelectionBehavior(QTableView::SelectRows);
     table.setSelectionMode(QTableView::ExtendedSelection);
     table.setEditTriggers(QTableView::NoEditTriggers);

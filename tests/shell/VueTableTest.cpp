@@ -56,6 +56,23 @@ TEST_F(VueTableTest, DraggingATitlesEdgeWritesTheWidth)
     EXPECT_EQ(Largeur(1), vue.logicalDpiX() + 48);
 }
 
+TEST_F(VueTableTest, ATitleThatIsTooLongEndsInAnEllipsis)
+{
+    Montrer(1);
+    table.ColumnHeaders(1).SetText(u"|"_s.repeated(200));
+    QCoreApplication::processEvents();
+    const QImage titre = vue.horizontalHeader()->viewport()->grab().toImage();
+    // The points of the ellipsis stand at the foot of the line: above them the column's end is empty.
+    QSet<QRgb> couleurs;
+    for (int x = Largeur(1) - 10; x < Largeur(1) - 3; ++x)
+        couleurs.insert(titre.pixel(x, titre.height() / 2));
+    EXPECT_EQ(couleurs.size(), 1);
+    couleurs.clear();
+    for (int x = 10; x < 40; ++x)
+        couleurs.insert(titre.pixel(x, titre.height() / 2));
+    EXPECT_GT(couleurs.size(), 1) << "the title is drawn";
+}
+
 TEST_F(VueTableTest, AWidthWithoutMeasureIsShownWithinBounds)
 {
     Montrer(1);
