@@ -16,7 +16,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int CoteImage = 32;
-constexpr int Air = 10; // between the lines of the list, in pixels
+constexpr int Air = 10;              // between the lines of the list, in pixels
+constexpr int LargeurMaxDuNom = 240; // the most that a name takes by itself: the other columns want to be seen too
 
 enum Colonne { ColNom, ColChemin, ColDate, ColEntrees, ColModifications };
 
@@ -81,7 +82,9 @@ void frmSecours::Remplir()
         liste->addTopLevelItem(ligne);
     }
     liste->header()->setStretchLastSection(false);
-    for (const Colonne colonne : {ColNom, ColDate, ColEntrees, ColModifications})
+    liste->resizeColumnToContents(ColNom);
+    liste->setColumnWidth(ColNom, qMin(liste->columnWidth(ColNom), LargeurMaxDuNom));
+    for (const Colonne colonne : {ColDate, ColEntrees, ColModifications})
         liste->header()->setSectionResizeMode(colonne, QHeaderView::ResizeToContents);
     liste->header()->setSectionResizeMode(ColChemin, QHeaderView::Stretch);
     liste->setCurrentItem(liste->topLevelItem(0));

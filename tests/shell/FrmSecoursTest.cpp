@@ -10,6 +10,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
@@ -86,6 +87,17 @@ TEST_F(FrmSecours, OneWhoseFileStandsHasNothingUnsaved)
     const QTreeWidgetItem& ligne = *Liste(*form).topLevelItem(0);
     EXPECT_EQ(ligne.text(1), doc.CheminReel());
     EXPECT_EQ(ligne.text(4), "aucune");
+}
+
+TEST_F(FrmSecours, ALongNameLeavesTheOtherColumnsInSight)
+{
+    Abandonner(7, 30);
+    std::vector<DossierLaisse> laisses = ChercherLaisses();
+    laisses.front().nom = u"Une collection de disques "_s.repeated(8);
+    frmSecours form(*cadre, std::move(laisses), cadre.get());
+    form.show();
+    EXPECT_EQ(Liste(form).horizontalScrollBar()->maximum(), 0);
+    EXPECT_GT(Liste(form).columnWidth(1), 100);
 }
 
 TEST_F(FrmSecours, OneThatCannotBeReadLeavesNoWindowBehind)
