@@ -77,6 +77,7 @@ TEST_F(FrmCommentairesTest, ShowsTheTextUnderTheDocumentsName)
         EXPECT_EQ(form.windowTitle(), "Commentaires (discotheque.qrt)");
         EXPECT_EQ(Text1(form).toPlainText(), "Mes disques\nrangés");
         EXPECT_EQ(Fermer(form).text(), "&Fermer");
+        EXPECT_EQ(Check1(form).text(), "Afficher les commentaires lors de l'ouverture.");
         form.close();
     });
 }

@@ -174,6 +174,8 @@ TEST_F(FrmTipTest, TheButtonsHaveTheirHintsAndTabFollowsTheEye)
     frmTip form;
     EXPECT_EQ(Bouton(form, "cmdNextTip").toolTip(), "Voir l'astuce suivante");
     EXPECT_EQ(Bouton(form, "cmdOK").toolTip(), "Fermer cette fenêtre");
+    EXPECT_FALSE(Bouton(form, "cmdNextTip").icon().isNull());
+    EXPECT_FALSE(Bouton(form, "cmdOK").icon().isNull());
     EXPECT_EQ(Boite(form).text(), "&Afficher les astuces au démarrage");
     form.show();
     EXPECT_EQ(ControlesSansNom(form), QStringList());
