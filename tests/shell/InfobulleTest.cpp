@@ -86,9 +86,9 @@ TEST_F(InfobulleTest, NearTheEdgesOfTheTableTheTipIsStillSeenWhole)
     Bouger(QPoint(vue.viewport()->width() - 5, vue.viewport()->height() - 5));
     Battre();
     ASSERT_TRUE(texte.isVisible());
-    const QRect table(vue.viewport()->mapTo(&vue, QPoint(0, 0)), vue.viewport()->size());
-    EXPECT_EQ(texte.geometry().bottom(), table.bottom());
-    EXPECT_EQ(texte.geometry().left(), table.left()) << "wider than the table: its beginning is seen";
+    const QRect zone(vue.viewport()->mapTo(&vue, QPoint(0, 0)), vue.viewport()->size());
+    EXPECT_EQ(texte.geometry().bottom(), zone.bottom());
+    EXPECT_EQ(texte.geometry().left(), zone.left()) << "wider than the table: its beginning is seen";
 }
 
 TEST_F(InfobulleTest, ATipGoesWhenTheEntriesScrollOrChange)
