@@ -119,6 +119,10 @@ class Parts:
         """The largest: what a counter counts is a cost, and a second run may find some of it paid already."""
         return max(run[counter] for run in self._of(name))
 
+    def quickest_counter(self, name, counter):
+        """The smallest, of one that counts seconds."""
+        return min(run[counter] for run in self._of(name))
+
 
 class Table:
     """Rows of the report: what was measured, against what, and whether it keeps its limit."""
@@ -223,7 +227,7 @@ def measure(inputs, engine, window, entries, cli, times):
                 iconv, 0.5)
     table.ratio("delete every tenth entry", entries.seconds("SupprimerUnDixieme"), "iconv", iconv, 0.5)
     table.ratio("click on a title, to the picture of the sorted table", window.seconds("ClicSurUnTitre"),
-                "the sort alone", window.seconds("TriSeul"), 1.2)
+                "the sort alone", window.quickest_counter("ClicSurUnTitre", "tri"), 1.2)
     table.time("both counts, every other entry selected", window.seconds("Comptes"), 0.100)
     table.time("a picture of the table while it scrolls", window.seconds("ImageDeDefilement"), 0.008)
     table.time("first picture of a filled table", window.seconds("PremiereImage"), 0.100)
