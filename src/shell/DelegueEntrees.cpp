@@ -5,6 +5,10 @@
 #include <QApplication>
 #include <QPainter>
 #include <QStyle>
+#include <QTextLayout>
+#include <QTextOption>
+
+#include <algorithm>
 
 namespace {
 
@@ -18,6 +22,43 @@ QString PartieVisible(const QString& texte, int largeur)
 {
     const qsizetype assez = 4 * qsizetype(largeur) + 16;
     return texte.size() > assez ? texte.left(assez) : texte;
+}
+
+/// Whether a painter draws the text as it is: without line ends, tabs and the like.
+bool SansCommandes(const QString& texte)
+{
+    return std::ranges::none_of(texte, [](QChar c) {
+        const QChar::Category genre = c.category();
+        return genre == QChar::Other_Control || genre == QChar::Separator_Line || genre == QChar::Separator_Paragraph;
+    });
+}
+
+/// Draws a text that fits; false, and nothing drawn, when it does not.
+bool DessinerEntier(QPainter& painter, const QRect& place, const QString& texte)
+{
+    QTextOption choix;
+    choix.setWrapMode(QTextOption::NoWrap);
+    choix.setTextDirection(painter.layoutDirection());
+    QTextLayout trace(texte, painter.font(), painter.device());
+    trace.setTextOption(choix);
+    trace.beginLayout();
+    QTextLine ligne = trace.createLine();
+    ligne.setLineWidth(QWIDGETSIZE_MAX);
+    trace.endLayout();
+    if (ligne.horizontalAdvance() > place.width())
+        return false;
+    ligne.draw(&painter, QPointF(place.left(), place.top() + (place.height() - ligne.height()) / 2));
+    return true;
+}
+
+/// One line, which ends with an ellipsis where it is cut. Most texts fit, and shaping their letters takes most of the
+/// time: it is done once for them, by who draws them, not first by who measures them.
+void DessinerTexte(QPainter& painter, const QRect& place, const QString& texte, const QFontMetrics& mesures)
+{
+    if (SansCommandes(texte) && DessinerEntier(painter, place, texte))
+        return;
+    painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     mesures.elidedText(texte, Qt::ElideRight, place.width()));
 }
 
 } // namespace
@@ -75,9 +116,7 @@ void DelegueEntrees::paint(QPainter* painter, const QStyleOptionViewItem& option
         return;
     const auto groupe = option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
     painter->setPen(option.palette.color(groupe, choisie ? QPalette::HighlightedText : QPalette::Text));
-    painter->drawText(
-        place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-        option.fontMetrics.elidedText(PartieVisible(texte, place.width()), Qt::ElideRight, place.width()));
+    DessinerTexte(*painter, place, PartieVisible(texte, place.width()), option.fontMetrics);
 }
 
 QSize DelegueEntrees::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
