@@ -268,6 +268,13 @@ class Program:
         wait_until(lambda: xdotool("getactivewindow", "getwindowname", check=False).strip() == title,
                    f"the window '{title}'")
 
+    def await_frame(self):
+        """Waits until the program is ready for the first key: the window manager calls its frame active a moment before
+        the program knows of that itself."""
+        self.await_window("Zelvane v2")
+        frame = self.find(role="frame")
+        wait_until(lambda: frame.has("active"), "the frame to be active")
+
     def type(self, text):
         xdotool("type", "--delay", 20, text)
 
