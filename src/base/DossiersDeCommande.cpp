@@ -1,6 +1,7 @@
 #include "base/DossiersDeCommande.h"
 
 #include "base/Const_Vrac.h"
+#include "base/LieuxTemporaires.h"
 #include "platform/VerrouDossier.h"
 
 #include <QCoreApplication>
@@ -94,11 +95,7 @@ void SupprimerDossiersDeCommande()
 {
     static const QRegularExpression forme(u"^cli-[0-9]+(-[A-Za-z0-9]{6})?(\\.fin)?$"_s);
     QSet<QString> dossiers;
-    for (const QString& base : {TempFolder, QString(DossierProgramme() + u"temp"_s)}) {
-        const QDir lieu(QDir(base).canonicalPath());
-        // Without a place the folder that happens to be the current one would be looked at.
-        if (lieu.isRelative())
-            continue;
+    for (const QDir& lieu : LieuxTemporaires()) {
         for (const QString& nom : lieu.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Unsorted)) {
             if (EstNomme(nom, forme))
                 dossiers.insert(lieu.filePath(nom));

@@ -1,6 +1,7 @@
 #include "catalogue/DossiersLaisses.h"
 
 #include "base/Const_Vrac.h"
+#include "base/LieuxTemporaires.h"
 #include "catalogue/Cadre.h"
 #include "catalogue/CopieDeSecours.h"
 #include "catalogue/FichierQrt.h"
@@ -36,17 +37,12 @@ QString CheminDuTexte(const QString& dossier)
 
 // ---- Finding
 
-/// Folders of documents, also those of which only the rescue copy is left; in the default place, too, for a run that
-/// had other settings.
+/// Folders of documents, also those of which only the rescue copy is left.
 QSet<QString> Candidats()
 {
     static const QRegularExpression forme(u"^(cat[0-9]+)(\\.secours~?)?$"_s);
     QSet<QString> dossiers;
-    for (const QString& base : {TempFolder, QString(DossierProgramme() + u"temp"_s)}) {
-        const QDir lieu(QDir(base).canonicalPath());
-        // Where there is no such place, the folder that happens to be the current one is none of ours.
-        if (lieu.isRelative())
-            continue;
+    for (const QDir& lieu : LieuxTemporaires()) {
         for (const QString& nom : lieu.entryList(ToutContenu, QDir::Unsorted)) {
             if (const auto trouve = forme.match(nom); trouve.hasMatch())
                 dossiers.insert(lieu.filePath(trouve.captured(1)) + u'/');
