@@ -134,9 +134,7 @@ TEST_F(TamponTest, RoomThatWasNotNeededIsGivenBack)
         struct stat etat;
         return stat(QFile::encodeName(dossier.Fichier("sortie")).constData(), &etat) == 0 ? etat.st_blocks * 512 : -1;
     };
-    tampon.Reserver(uint64_t(Beaucoup));
-    if (place() < Beaucoup)
-        GTEST_SKIP() << "this disk makes no room ahead";
+    tampon.Reserver(uint64_t(Beaucoup)); // what a disk without this service makes of it, must come out the same
     EXPECT_EQ(dossier.Lire("sortie"), QByteArray()) << "room is no content";
     Ecrire(bruit.left(5000));
     EXPECT_EQ(Terminer(), bruit.left(5000));
