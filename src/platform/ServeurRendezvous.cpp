@@ -1,7 +1,8 @@
 #include "platform/ServeurRendezvous.h"
 
+#include "platform/Retenue.h"
+
 #include <QFile>
-#include <QPointer>
 
 #include <unistd.h>
 #include <utility>
@@ -83,6 +84,9 @@ ServeurRendezvous::ServeurRendezvous(Traitement traitement, std::chrono::millise
     : m_traitement(std::move(traitement)), m_patience(patience)
 {
     m_serveur.setSocketOptions(QLocalServer::UserAccessOption);
+    // Another start is answered at any time; what changes something waits (Traiter).
+    Retenue::Excepter(this);
+    Retenue::Excepter(&m_serveur);
     connect(&m_serveur, &QLocalServer::newConnection, this, &ServeurRendezvous::Accueillir);
 }
 
@@ -112,12 +116,22 @@ void ServeurRendezvous::Recevoir(QLocalSocket* prise)
     connect(
         visite, &VisiteRendezvous::Demandee, this,
         [this, visite = QPointer(visite)](const DemandeInstance& demande) {
-            const Traitement traitement = m_traitement;
-            const ReponseInstance reponse = traitement(demande);
-            if (visite)
-                visite->Repondre(reponse);
+            const auto traiter = [this, visite, demande] { Traiter(visite, demande); };
+            // A text opens a file: not in the middle of the save of another one.
+            if (demande.ordre == OrdreInstance::Texte)
+                Retenue::Apres(this, traiter);
+            else
+                traiter();
         },
         Qt::QueuedConnection);
+}
+
+void ServeurRendezvous::Traiter(const QPointer<VisiteRendezvous>& visite, const DemandeInstance& demande)
+{
+    const Traitement traitement = m_traitement; // a copy: what is called may end this object
+    const ReponseInstance reponse = traitement(demande);
+    if (visite)
+        visite->Repondre(reponse);
 }
 
 void ServeurRendezvous::FairePlace()

@@ -7,6 +7,7 @@
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QObject>
+#include <QPointer>
 #include <QTimer>
 
 #include <chrono>
@@ -49,7 +50,8 @@ class ServeurRendezvous : public QObject
     Q_OBJECT
 
 public:
-    /// Called from the event loop for each request, also while an earlier one is still being handled.
+    /// Called from the event loop for each request, also while an earlier one is still being handled. Texts wait while
+    /// a Retenue lives.
     using Traitement = std::function<ReponseInstance(const DemandeInstance&)>;
 
     ServeurRendezvous(Traitement traitement, std::chrono::milliseconds patience);
@@ -64,6 +66,7 @@ public:
 private:
     void Accueillir();
     void Recevoir(QLocalSocket* prise);
+    void Traiter(const QPointer<VisiteRendezvous>& visite, const DemandeInstance& demande);
     void FairePlace();
 
     QLocalServer m_serveur;

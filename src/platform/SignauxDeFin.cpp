@@ -36,7 +36,7 @@ void Installer(void (*traitement)(int))
     {
     };
     action.sa_handler = traitement;
-    action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
+    action.sa_flags = SA_RESTART;
     for (const int signal : s_signaux) {
         if (!EstIgnore(signal))
             sigaction(signal, &action, nullptr);

@@ -9,8 +9,9 @@
 class SignauxDeFin
 {
 public:
-    /// From the event loop, the first of them calls `avant` and then ends the process, as it would have done. The same
-    /// one a second time ends it at once. Those that are ignored stay so. One object at a time.
+    /// From the event loop, and never while a Retenue lives, the first of them calls `avant` and then ends the process,
+    /// as it would have done. Further ones change nothing: `avant` saves what would be lost. SIGQUIT is left alone, for
+    /// a program that hangs. Signals that are ignored stay so. One object at a time.
     explicit SignauxDeFin(std::function<void()> avant);
     ~SignauxDeFin();
     SignauxDeFin(const SignauxDeFin&) = delete;

@@ -3,6 +3,7 @@
 
 #include "base/Icones.h"
 #include "catalogue/Cadre.h"
+#include "shell/Relier.h"
 #include "ui_Form1.h"
 
 #include <QKeySequence>
@@ -174,7 +175,7 @@ void Form1::FaireMenus()
     auto* fichier = findChild<QMenu*>(u"mFichier"_s);
     fichier->insertMenu(fichier->actions().constFirst(), FaireMenu(Menus::DansFichier));
     for (int i = 0; i < NombreDeRecents; ++i)
-        connect(&ItemNomme(u"mRecent_%1"_s.arg(i)), &QAction::triggered, this, [this, i] { mRecent_Click(i); });
+        Relier(ItemNomme(u"mRecent_%1"_s.arg(i)), this, [this, i] { mRecent_Click(i); });
     ItemNomme(u"mAfficherImages"_s).setChecked(true);
     // Shown once there are plug-ins.
     findChild<QMenu*>(u"mPlugin"_s)->menuAction()->setVisible(false);
@@ -219,7 +220,7 @@ QAction* Form1::FaireItem(const Item& item)
                 modele->trigger();
         });
     } else if (item.commande) {
-        connect(fait, &QAction::triggered, this, item.commande);
+        Relier(*fait, this, [this, commande = item.commande] { (this->*commande)(); });
     }
     fait->setEnabled(item.commande || item.genre == Genre::Cache);
     return fait;

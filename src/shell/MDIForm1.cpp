@@ -11,6 +11,7 @@
 #include "shell/ArrangerFenetres.h"
 #include "shell/IconesDeMenu.h"
 #include "shell/PremierPlan.h"
+#include "shell/Relier.h"
 #include "shell/StyleDeMenus.h"
 #include "shell/Toolbars.h"
 #include "shell/frmPopup.h"
@@ -102,7 +103,7 @@ void MDIForm1::RelierInstance()
     };
     My_Instance.ActionCmd = ActionInstance::Rien;
     My_Instance.InitClass({.montrer = [this](const QString& jeton) { MettreAuPremierPlan(*this, jeton); },
-                           .fermer = [this] { close(); },
+                           .fermer = [this] { Retenue::Apres(this, [this] { close(); }); },
                            .finir = {}});
 }
 
@@ -254,7 +255,8 @@ void MDIForm1::RelierBarres()
     m_ui->Toolbar1->Remplir(BoutonsDeToolbar1());
     m_ui->Toolbar2->Remplir(BoutonsDeToolbar2());
     for (const BarreOutils* barre : {m_ui->Toolbar1, m_ui->Toolbar2})
-        connect(barre, &BarreOutils::BoutonPresse, this, [this](const QString& cle) { Commande(*this, cle); });
+        connect(barre, &BarreOutils::BoutonPresse, this,
+                [this](const QString& cle) { Retenue::Apres(this, [this, cle] { Commande(*this, cle); }); });
 }
 
 void MDIForm1::MontrerEtats(const FenetreDocument& fenetre, bool grille, bool images)
@@ -275,19 +277,19 @@ void MDIForm1::MontrerMenuClickDroit(bool avecSelection, const QPoint& endroit)
 void MDIForm1::RelierMenus()
 {
     const auto commander = [this](const QAction* item, const QString& cle) {
-        connect(item, &QAction::triggered, this, [this, cle] { Commande(*this, cle); });
+        Relier(*item, this, [this, cle] { Commande(*this, cle); });
     };
     commander(m_ui->mCategorie, u"addcat"_s);
     commander(m_ui->mAPropos, u"aide"_s);
     // mImporter has no command, and it is meant: plug-ins import, from menus of their own.
     connect(m_ui->mAideDeZelvane, &QAction::triggered, this, &AfficherAide);
     connect(m_ui->mZelvaneSurLeWeb, &QAction::triggered, this, &AfficherPageDAccueil);
-    connect(m_ui->mOuvrir, &QAction::triggered, this, [this] {
+    Relier(*m_ui->mOuvrir, this, [this] {
         OuvrirDialogue(*this);
         MajMenuRecents(*this);
     });
     for (QAction* recent : {m_ui->mRecent_0, m_ui->mRecent_1, m_ui->mRecent_2, m_ui->mRecent_3, m_ui->mRecent_4})
-        connect(recent, &QAction::triggered, this, [this, recent] { OuvrirEtNoter({recent->data().toString()}); });
+        Relier(*recent, this, [this, recent] { OuvrirEtNoter({recent->data().toString()}); });
     connect(m_ui->mGrandesIcones, &QAction::triggered, this, &MDIForm1::mGrandesIcones_Click);
 }
 
@@ -391,7 +393,11 @@ void MDIForm1::dropEvent(QDropEvent* event)
     event->acceptProposedAction();
     // Later: the program that the files come from waits for the end of this event, and a message could keep it.
     QMetaObject::invokeMethod(
-        this, [this, chemins = FichiersDe(*event->mimeData())] { OuvrirEtNoter(chemins); }, Qt::QueuedConnection);
+        this,
+        [this, chemins = FichiersDe(*event->mimeData())] {
+            Retenue::Apres(this, [this, chemins] { OuvrirEtNoter(chemins); });
+        },
+        Qt::QueuedConnection);
 }
 
 /// The empty frame: a shade off the windows' own colour, in light and dark themes alike.

@@ -5,6 +5,7 @@
 #include "extensions/LangForm.h"
 #include "shell/IconesDeMenu.h"
 #include "shell/MDIForm1.h"
+#include "shell/Relier.h"
 #include "shell/Toolbars.h"
 #include "ui_frmPopup.h"
 
@@ -61,7 +62,7 @@ void frmPopup::RelierCommandes()
         if (cle.isEmpty())
             continue;
         item->setEnabled(CommandeDisponible(cle));
-        connect(item, &QAction::triggered, this, [this, cle] { Executer(cle); });
+        Relier(*item, this, [this, cle] { Executer(cle); });
     }
 }
 
@@ -78,7 +79,7 @@ void frmPopup::Executer(const QString& cle)
 void frmPopup::RelierOnglets()
 {
     const auto surOnglet = [this](QAction* item, auto commande) {
-        connect(item, &QAction::triggered, this, [this, commande] {
+        Relier(*item, this, [this, commande] {
             if (FenetreDocument* fenetre = m_cadre.AmenerOngletRetenu())
                 commande(*fenetre);
         });
@@ -88,7 +89,7 @@ void frmPopup::RelierOnglets()
     surOnglet(m_ui->mEnregistrerSous,
               [this](FenetreDocument& fenetre) { EnregistrerEtTitrer(m_cadre, fenetre, true); });
     surOnglet(m_ui->mFemer, [](FenetreDocument& fenetre) { fenetre.Decharger(); });
-    connect(m_ui->mFermerTout, &QAction::triggered, this, [] { ToutFermer(); });
+    Relier(*m_ui->mFermerTout, this, [] { ToutFermer(); });
 }
 
 void frmPopup::MontrerMenuClickDroit(bool avecSelection, const QPoint& endroit)

@@ -1,5 +1,6 @@
 // What is sent arrives, and who sends it learns so.
 #include "platform/RendezvousLocalDeTest.h"
+#include "platform/Retenue.h"
 #include "platform/TrameRendezvous.h"
 
 #include <QTest>
@@ -134,6 +135,28 @@ TEST_F(RendezvousLocalTest, CanEndWhileItHandlesAText)
     EXPECT_FALSE(Envoyer("/a.qrt"));
 
     EXPECT_EQ(m_recus, QStringList{"/a.qrt"});
+}
+
+TEST_F(RendezvousLocalTest, WhileAFileIsReplacedItAnswersAndATextWaits)
+{
+    Ecouter();
+    std::atomic<int> etape = 0;
+    bool envoye = false;
+    auto retenue = std::make_unique<Retenue>();
+    const std::unique_ptr<QThread> fil = EnFil([&](RendezvousLocal& autre) {
+        EXPECT_EQ(autre.Chercher(Titre, [] { ADD_FAILURE() << "counts as first"; }), getpid());
+        EXPECT_TRUE(autre.Montrer(getpid()));
+        etape = 1;
+        envoye = autre.Envoyer(getpid(), "/a.qrt");
+    });
+    ASSERT_TRUE(QTest::qWaitFor([&] { return etape == 1; }, 30000)) << "is answered as ever";
+    QTest::qWait(200); // the text arrives
+    EXPECT_EQ(m_recus, QStringList());
+    retenue.reset();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return fil->isFinished(); }, 30000));
+    EXPECT_TRUE(envoye) << "is told so once it is opened";
+    EXPECT_EQ(m_recus, QStringList{"/a.qrt"});
+    fil->wait();
 }
 
 TEST_F(RendezvousLocalTest, TakesNothingThatIsMeantForAnotherHandle)

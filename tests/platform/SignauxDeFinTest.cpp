@@ -1,4 +1,5 @@
 #include "platform/SignauxDeFin.h"
+#include "platform/Retenue.h"
 #include "support/DossierDeTest.h"
 
 #include <QCoreApplication>
@@ -51,15 +52,38 @@ TEST_P(SignauxDeFinTest, CallsFromTheEventLoopAndThenEndsTheProcess)
     EXPECT_TRUE(dossier.Existe("called"));
 }
 
-TEST_P(SignauxDeFinTest, ASecondOneEndsTheProcessAtOnce)
+TEST_P(SignauxDeFinTest, ASecondOneCutsNothingShort)
 {
     const int etat = EtatFinal([this] {
-        const SignauxDeFin signaux([this] { dossier.Ecrire("called", "x"); });
+        const SignauxDeFin signaux([this] {
+            raise(GetParam());
+            dossier.Ecrire("called", dossier.Existe("called") ? "twice" : "x");
+        });
         raise(GetParam());
         raise(GetParam());
+        LaisserVenirLesEvenements();
     });
     ASSERT_TRUE(WIFSIGNALED(etat));
-    EXPECT_FALSE(dossier.Existe("called"));
+    EXPECT_EQ(WTERMSIG(etat), GetParam());
+    EXPECT_EQ(dossier.Lire("called"), "x");
+}
+
+TEST_P(SignauxDeFinTest, WhileAFileIsReplacedTheyWait)
+{
+    const int etat = EtatFinal([this] {
+        const SignauxDeFin signaux([this] { dossier.Ecrire("called", dossier.Existe("whole") ? "x" : "early"); });
+        {
+            const Retenue retenue;
+            raise(GetParam());
+            raise(GetParam());
+            LaisserVenirLesEvenements();
+            dossier.Ecrire("whole", "x");
+        }
+        LaisserVenirLesEvenements();
+    });
+    ASSERT_TRUE(WIFSIGNALED(etat));
+    EXPECT_EQ(WTERMSIG(etat), GetParam());
+    EXPECT_EQ(dossier.Lire("called"), "x");
 }
 
 TEST_P(SignauxDeFinTest, OneThatIsIgnoredStaysSo)
