@@ -5,15 +5,18 @@
 #include "base/Const_Vrac.h"
 #include "catalogue/Evenements.h"
 #include "catalogue/FichierDuDossier.h"
+#include "catalogue/PlaceDuFichier.h"
 #include "catalogue/TexteExact.h"
 #include "catalogue/TexteQrt.h"
 #include "catalogue/ccZip.h"
 #include "extensions/modLang.h"
+#include "platform/Retenue.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QScopeGuard>
 
 #include <optional>
 #include <utility>
@@ -87,35 +90,19 @@ bool EcrireTextes(const QrtClass& doc, EntreesEcrites entrees)
     return true;
 }
 
-/// Who may read and write the file that a new one takes the place of: what is private stays so.
-std::optional<QFileDevice::Permissions> DroitsDe(const QString& chemin)
-{
-    const QFileInfo ancien(chemin);
-    return ancien.isFile() ? std::optional(ancien.permissions()) : std::nullopt;
-}
-
-/// Makes room for the new file. What is there and no file, such as a folder or a device, is never deleted.
-bool SupprimerAncien(const QString& chemin)
-{
-    const QFileInfo ancien(chemin);
-    if (!ancien.exists() && !ancien.isSymLink())
-        return true;
-    return (ancien.isFile() || !ancien.exists()) && QFile::remove(chemin);
-}
-
 /// Puts all of the folder into a new archive; false when something of it is not in there at the end.
-bool EcrireArchive(QrtClass& doc, Origine origine, std::optional<QFileDevice::Permissions> droits)
+bool EcrireArchive(QrtClass& doc, Origine origine, PlaceDuFichier& place)
 {
     ccZip zip;
-    zip.Init(doc.CheminReel());
+    zip.Init(place.Chemin());
     zip.Level = NiveauDesCatalogues;
-    zip.Droits = droits;
+    zip.Occuper(place);
     zip.Reprendre(std::move(origine));
     zip.Comm = QStringLiteral("Zelvane v2.2 by Morvenal");
-    bool bon = true;
     const QStringList noms =
         QDir(doc.TmpFolder)
             .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Unsorted);
+    bool bon = noms.contains(QStringLiteral("Zelvane.qrt")); // somebody may have cleared the folder away
     for (const QString& nom : noms) {
         // A folder has no place in an archive of bare names; it is not a loss, as nothing of the category lies there.
         bon = (zip.AddFile(doc.TmpFolder + nom, 0, true) < 2 || QFileInfo(doc.TmpFolder + nom).isDir()) && bon;
@@ -148,15 +135,27 @@ bool EcrireFichier(QrtClass& doc, bool selection)
 {
     if (doc.ColCount() == 0 || SelectionVide(doc, selection))
         return false;
-    if (!EcrireTextes(doc, Entrees(selection)))
+    // Events run while the archive is written. What would end the program, or open and close documents, waits.
+    const Retenue retenue;
+    doc.EnEcriture = true;
+    const auto fini = qScopeGuard([&doc] { doc.EnEcriture = false; });
+
+    PlaceDuFichier place(CibleDesLiens(doc.CheminReel()));
+    if (!place.Prendre() || !EcrireTextes(doc, Entrees(selection)))
         return false;
     // Before its name goes.
     Origine origine = OuvrirOrigine(doc.Archive);
-    const std::optional<QFileDevice::Permissions> droits = DroitsDe(doc.CheminReel());
-    if (!SupprimerAncien(doc.CheminReel()))
+    if (!place.SupprimerAncien())
         return false;
-    doc.DossierAGarder = !EcrireArchive(doc, std::move(origine), droits);
-    doc.ArchiveAForcer = doc.DossierAGarder ? QString() : doc.CheminReel();
+    // At once: many files are looked at before the first byte is written, and the place must not stand free so long.
+    place.Reserver();
+    const bool bon = EcrireArchive(doc, std::move(origine), place);
+    if (!bon)
+        place.Retirer();
+    if (place.EstPerdue())
+        return false; // the file that stands there is another program's, and whole: what is here is still to be saved
+    doc.DossierAGarder = !bon;
+    doc.ArchiveAForcer = bon ? doc.CheminReel() : QString();
     return true;
 }
 
@@ -191,15 +190,24 @@ bool EcrireFichier14(QrtClass& doc, bool selection)
 {
     if (doc.ColCount() == 0 || SelectionVide(doc, selection))
         return false;
-    if (const QFileInfo cible(doc.CheminReel()); cible.exists() && !cible.isFile()) {
+    PlaceDuFichier place(CibleDesLiens(doc.CheminReel()));
+    if (!place.Prendre())
+        return false;
+    if (const QFileInfo cible(place.Chemin()); cible.exists() && !cible.isFile()) {
         // A device or a pipe is written to, never replaced.
         QFile fichier(doc.CheminReel());
         return fichier.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && EcrireTexte14(doc, selection, fichier);
     }
     // The old file stays until the new one is whole, also when the disk is full; where the folder lets no new file in,
     // the file is written in place.
-    QSaveFile fichier(doc.CheminReel());
+    QSaveFile fichier(place.Chemin());
     fichier.setDirectWriteFallback(true);
-    return fichier.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && EcrireTexte14(doc, selection, fichier) &&
-           fichier.commit();
+    if (!fichier.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        return false;
+    if (const std::optional<struct stat> ancien = place.Ancien())
+        TransmettreDroits(fichier.handle(), *ancien);
+    if (!EcrireTexte14(doc, selection, fichier) || !fichier.commit())
+        return false;
+    doc.ArchiveAForcer = doc.CheminReel();
+    return true;
 }

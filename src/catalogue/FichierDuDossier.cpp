@@ -1,7 +1,15 @@
 #include "catalogue/FichierDuDossier.h"
 
+#include "catalogue/PlaceDuFichier.h"
+#include "catalogue/ccZipDescripteur.h"
+
+#include <QFileInfo>
+
 #include <cstdio>
+#include <fcntl.h>
 #include <unistd.h>
+
+using zipinterne::Descripteur;
 
 std::optional<QByteArray> LireFichier(const QString& chemin)
 {
@@ -13,8 +21,15 @@ std::optional<QByteArray> LireFichier(const QString& chemin)
 
 bool ForcerFichier(const QString& chemin)
 {
-    QFile fichier(chemin);
-    return !fichier.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || fsync(fichier.handle()) == 0;
+    const Descripteur fichier(open(QFile::encodeName(chemin).constData(), O_RDONLY | O_CLOEXEC));
+    if (!fichier || fsync(fichier.Numero()) != 0)
+        return false;
+    // Its name too. Not every file system can do that for a folder, or needs it.
+    const Descripteur dossier(open(QFile::encodeName(QFileInfo(CibleDesLiens(chemin)).absolutePath()).constData(),
+                                   O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (dossier)
+        fsync(dossier.Numero());
+    return true;
 }
 
 FichierDuDossier::~FichierDuDossier()

@@ -12,7 +12,7 @@
 /// All bytes of a file; nothing when it cannot be read.
 std::optional<QByteArray> LireFichier(const QString& chemin);
 
-/// Has every byte of a file on the disk; false when the disk refuses. One that is gone by now has none.
+/// Has every byte of a file, and its name, on the disk; false when the disk refuses, or there is no such file.
 bool ForcerFichier(const QString& chemin);
 
 class FichierDuDossier

@@ -68,12 +68,14 @@ public:
     /// Removes all entries, then all columns.
     void ClearLV();
 
+    /// The archive is being made from the folder right now: until it is whole, nothing of the folder may go.
+    bool EnEcriture = false;
     /// Set when a write failed after the old file was gone: the folder is then kept when the window goes.
     bool DossierAGarder = false;
     /// The archive that the folder was last read from or written to, where a save may find unchanged files compressed;
     /// null when there is none such.
     std::shared_ptr<const ArchiveConnue> Archive;
-    /// Path of an archive that was written and may not have reached the disk yet; empty for none. See ForcerArchive.
+    /// Path of a file that was written and may not have reached the disk yet; empty for none. See ForcerArchive.
     QString ArchiveAForcer;
 
 private:

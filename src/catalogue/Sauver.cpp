@@ -283,7 +283,7 @@ bool Enregistrer(QrtClass& doc, bool saveAs, bool sansQuestion)
 
 bool PeutFermer(QrtClass& doc)
 {
-    if (EnCoursDeSauvegarde)
+    if (EnCoursDeSauvegarde || doc.EnEcriture)
         return false;
     // A save may leave the flag up: the window then waits for one that ends in order.
     if (doc.IlFautSauver && (!Enregistrer(doc, false, false) || EnCoursDeSauvegarde))

@@ -24,7 +24,7 @@ void LaisserAuSecours(const Cadre& cadre)
     // Then what may take its time: a folder goes once what was saved is on the disk.
     for (FenetreDocument* fenetre : fenetres) {
         QrtClass& doc = fenetre->myqrt;
-        if (!doc.IlFautSauver && ForcerArchive(doc) && !doc.DossierAGarder)
+        if (!doc.IlFautSauver && !doc.EnEcriture && ForcerArchive(doc) && !doc.DossierAGarder)
             SupprimerDossier(std::exchange(doc.TmpFolder, QString()), true);
     }
 }

@@ -2,7 +2,6 @@
 
 #include "base/Const_Vrac.h"
 #include "catalogue/QrtClass.h"
-#include "catalogue/Sauver.h"
 
 #include <QFile>
 
@@ -36,7 +35,7 @@ bool SecoursDuDocument::Avancer(const QrtClass& doc, const QString& nom, const M
     if (!doc.IlFautSauver) {
         Oublier();
         // While a save runs, the changes count as saved before they are.
-        if (!EnCoursDeSauvegarde && EstSurLeDisque(doc))
+        if (!doc.EnEcriture && EstSurLeDisque(doc))
             TenirIdentite(doc, nom);
         return false;
     }

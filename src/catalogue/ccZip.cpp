@@ -59,7 +59,7 @@ void ccZip::Init(const QString& chemin)
     Col.clear();
     Comm.clear();
     Level = NiveauDesCatalogues;
-    Droits.reset();
+    m_place = nullptr;
     Connue.reset();
 
     m_prive->etat = EtatPasse(chemin);
@@ -154,7 +154,7 @@ int ccZip::Fermer()
     const QByteArray niveau = QByteArray::number(Level).left(1);
     std::vector<Ajout> ajouts = std::move(m_prive->ajouts);
     m_prive = std::make_unique<Prive>();
-    const FormeArchive forme{Comm, niveau == "-" ? NiveauDesCatalogues : niveau.toInt(), Droits};
+    const FormeArchive forme{Comm, niveau == "-" ? NiveauDesCatalogues : niveau.toInt(), m_place};
     Ecrit ecrit = Ecrire(m_nom, std::move(ajouts), forme, std::move(m_origine), m_infos);
     Connue = std::move(ecrit.connue);
     return ecrit.resultat;

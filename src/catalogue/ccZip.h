@@ -3,7 +3,6 @@
 
 #include "catalogue/ccZipReprise.h"
 
-#include <QFileDevice>
 #include <QString>
 #include <QStringList>
 
@@ -11,6 +10,7 @@
 #include <memory>
 #include <optional>
 
+class PlaceDuFichier;
 class QrtClass;
 
 /// What archive operations return, with the numbers of Info-ZIP. From 2 on the operation has failed.
@@ -55,8 +55,6 @@ public:
     QString Comm;                    ///< the archive comment; read by Init, written when it is not empty
     int Level = NiveauDesCatalogues; ///< deflate level, its first digit counts; 0 stores
     LimitesExtraction Limites;       ///< for Decompress
-    /// Who may read and write a new archive; the system's usual without.
-    std::optional<QFileDevice::Permissions> Droits;
     /// The archive that Decompress has read or Fermer has written; null where it cannot be known again.
     std::shared_ptr<const ArchiveConnue> Connue;
 
@@ -69,6 +67,8 @@ public:
     /// it holds, links to folders excepted; `junk`: without folder names. 0: taken; 1: nothing to take, such as a
     /// folder without `recurse`; 2 or more: not to be read. The bytes are read and written by Fermer.
     int AddFile(const QString& fichier, int recurse, bool junk);
+    /// The place where Fermer makes a new archive, held by the caller, who keeps it until then.
+    void Occuper(PlaceDuFichier& place) { m_place = &place; }
     /// Where Fermer finds files that did not change compressed already.
     void Reprendre(Origine origine) { m_origine = std::move(origine); }
     /// Writes what AddFile took, and lists it again. A new archive is written where it stands, and goes again when that
@@ -88,6 +88,7 @@ private:
     struct Prive;
     std::unique_ptr<Prive> m_prive;
     Origine m_origine;
+    PlaceDuFichier* m_place = nullptr;
     QString m_nom;
     QString m_infos;
 };

@@ -2,9 +2,8 @@
 // folder that lets both in, and twice the time where it then copies.
 #include "catalogue/ccZipCible.h"
 
+#include "catalogue/PlaceDuFichier.h"
 #include "catalogue/ccZipTampon.h"
-
-#include <QFile>
 
 #include <cerrno>
 #include <memory>
@@ -19,8 +18,7 @@ namespace {
 class Cible
 {
 public:
-    Cible(const QString& chemin, std::optional<QFileDevice::Permissions> droits, uint64_t volume, Relais& relais)
-        : m_relais(relais), m_volume(volume), m_chemin(QFile::encodeName(chemin)), m_droits(droits)
+    Cible(PlaceDuFichier& place, uint64_t volume, Relais& relais) : m_place(place), m_relais(relais), m_volume(volume)
     {
         zip_error_init(&m_erreur);
     }
@@ -42,13 +40,12 @@ private:
     zip_int64_t Valider();
     zip_int64_t Defaire();
 
+    PlaceDuFichier& m_place;
     Relais& m_relais;
     uint64_t m_volume;
-    QByteArray m_chemin;
-    std::optional<QFileDevice::Permissions> m_droits;
     zip_error_t m_erreur;
-    Tampon m_sortie;      ///< open while writing
-    uint64_t m_place = 0; ///< where the next byte goes
+    Tampon m_sortie;         ///< open while writing
+    uint64_t m_position = 0; ///< where the next byte goes
 };
 
 zip_int64_t Cible::Echec(int erreur, int cause)
@@ -59,15 +56,15 @@ zip_int64_t Cible::Echec(int erreur, int cause)
 
 zip_int64_t Cible::Commencer()
 try {
-    m_place = 0;
-    if (!m_sortie.Creer(m_chemin))
+    m_position = 0;
+    std::optional<Descripteur> neuf = m_place.Creer();
+    if (!neuf)
         return Echec(ZIP_ER_TMPOPEN, errno);
-    // While it is empty: what others may not read they never could.
-    if (m_droits)
-        QFile::setPermissions(QFile::decodeName(m_chemin), *m_droits | QFileDevice::WriteOwner);
+    m_sortie.Commencer(std::move(*neuf));
     m_sortie.Reserver(m_volume);
     return 0;
 } catch (const std::bad_alloc&) {
+    m_place.Retirer();
     return Echec(ZIP_ER_MEMORY);
 }
 
@@ -77,19 +74,19 @@ zip_int64_t Cible::Ecrire(std::span<const char> octets)
     const std::optional<Plage> plage = relaye ? m_relais.Recevoir(octets) : std::nullopt;
     if (relaye && !plage)
         return Echec(ZIP_ER_INTERNAL);
-    if (plage ? !m_sortie.Copier(m_place, *plage) : !m_sortie.Ecrire(m_place, octets))
+    if (plage ? !m_sortie.Copier(m_position, *plage) : !m_sortie.Ecrire(m_position, octets))
         return Echec(ZIP_ER_WRITE, errno);
-    m_place += octets.size();
+    m_position += octets.size();
     return static_cast<zip_int64_t>(octets.size());
 }
 
 /// The library goes back to complete what it wrote ahead of an entry's bytes.
 zip_int64_t Cible::Aller(void* ou, zip_uint64_t taille)
 {
-    const zip_int64_t vers = zip_source_seek_compute_offset(m_place, m_sortie.Taille(), ou, taille, &m_erreur);
+    const zip_int64_t vers = zip_source_seek_compute_offset(m_position, m_sortie.Taille(), ou, taille, &m_erreur);
     if (vers < 0)
         return -1;
-    m_place = static_cast<uint64_t>(vers);
+    m_position = static_cast<uint64_t>(vers);
     return 0;
 }
 
@@ -97,7 +94,7 @@ zip_int64_t Cible::Valider()
 {
     if (!m_sortie.Terminer()) {
         const int cause = errno;
-        unlink(m_chemin.constData());
+        m_place.Retirer();
         return Echec(ZIP_ER_WRITE, cause);
     }
     return 0;
@@ -107,7 +104,7 @@ zip_int64_t Cible::Defaire()
 {
     if (m_sortie.EstOuvert()) {
         m_sortie.Abandonner();
-        unlink(m_chemin.constData());
+        m_place.Retirer();
     }
     return 0;
 }
@@ -125,7 +122,7 @@ zip_int64_t Cible::Commande(void* cible, void* donnees, zip_uint64_t taille, zip
     case ZIP_SOURCE_SEEK_WRITE:
         return moi->Aller(donnees, taille);
     case ZIP_SOURCE_TELL_WRITE:
-        return static_cast<zip_int64_t>(moi->m_place);
+        return static_cast<zip_int64_t>(moi->m_position);
     case ZIP_SOURCE_COMMIT_WRITE:
         return moi->Valider();
     case ZIP_SOURCE_ROLLBACK_WRITE:
@@ -145,10 +142,9 @@ zip_int64_t Cible::Commande(void* cible, void* donnees, zip_uint64_t taille, zip
 
 } // namespace
 
-zip_source_t* CreerCible(const QString& chemin, std::optional<QFileDevice::Permissions> droits, uint64_t volume,
-                         Relais& relais)
+zip_source_t* CreerCible(PlaceDuFichier& place, uint64_t volume, Relais& relais)
 {
-    auto cible = std::make_unique<Cible>(chemin, droits, volume, relais);
+    auto cible = std::make_unique<Cible>(place, volume, relais);
     zip_source_t* source = zip_source_function_create(Cible::Commande, cible.get(), nullptr);
     if (source)
         static_cast<void>(cible.release()); // the library frees it

@@ -3,20 +3,17 @@
 
 #include "catalogue/ccZipRelais.h"
 
-#include <QFileDevice>
-#include <QString>
-
 #include <zip.h>
 
 #include <cstdint>
-#include <optional>
+
+class PlaceDuFichier;
 
 namespace zipinterne {
 
 /// A new archive that is written where it will stand. There must be nothing yet, and what was begun goes again unless
-/// it comes to its end. `droits`: who may read and write it; without, the system's usual. `volume`: how many bytes to
-/// make room for at once, about. `relais` outlives what is returned. Null when it cannot be had.
-zip_source_t* CreerCible(const QString& chemin, std::optional<QFileDevice::Permissions> droits, uint64_t volume,
-                         Relais& relais);
+/// it comes to its end. `volume`: how many bytes to make room for at once, about. `place` and `relais` outlive what is
+/// returned. Null when it cannot be had.
+zip_source_t* CreerCible(PlaceDuFichier& place, uint64_t volume, Relais& relais);
 
 } // namespace zipinterne

@@ -4,6 +4,7 @@
 #include "catalogue/ccZipInterne.h"
 
 #include "catalogue/Evenements.h"
+#include "catalogue/PlaceDuFichier.h"
 
 #include "platform/PageDeCode.h"
 
@@ -162,14 +163,16 @@ bool EstComplet(const QString& chemin, const std::vector<Attendu>& attendus, con
            (commentaire.isEmpty() || LireCommentaire(ecrite.archive.get()) == PageDeCode::VersTexte(commentaire));
 }
 
-/// The archive to write into: the new one, which will take about `volume` bytes (0: not known), or the copy of an old
-/// one.
-Archive OuvrirPourEcrire(const QString& chemin, std::optional<QFileDevice::Permissions> droits, uint64_t volume,
-                         Relais& relais)
+/// The copy of an old archive.
+Archive OuvrirCopie(const QString& chemin)
 {
-    if (QFile::exists(chemin))
-        return Archive(zip_open(QFile::encodeName(chemin).constData(), 0, nullptr));
-    zip_source_t* cible = CreerCible(chemin, droits, volume, relais);
+    return Archive(zip_open(QFile::encodeName(chemin).constData(), 0, nullptr));
+}
+
+/// A new archive, which will take about `volume` bytes (0: not known).
+Archive OuvrirNeuve(PlaceDuFichier& place, uint64_t volume, Relais& relais)
+{
+    zip_source_t* cible = CreerCible(place, volume, relais);
     Archive archive(cible ? zip_open_from_source(cible, ZIP_CREATE, nullptr) : nullptr);
     if (!archive && cible)
         zip_source_free(cible);
@@ -205,30 +208,46 @@ class Ecrivain
 {
 public:
     Ecrivain(const FormeArchive& forme, QString& infos)
-        : m_commentaire(OctetsDuCommentaire(forme.commentaire)), m_niveau(forme.niveau), m_droits(forme.droits),
-          m_infos(infos)
+        : m_commentaire(OctetsDuCommentaire(forme.commentaire)), m_niveau(forme.niveau), m_infos(infos)
     {
     }
-    /// Writes a new archive, or adds to the one that is there; on failure a new one is gone again.
-    ResultatZip Construire(const QString& chemin, std::vector<Ajout>& ajouts, const OrigineZip* origine);
+    /// Writes a new archive; on failure it is gone again.
+    ResultatZip Construire(PlaceDuFichier& place, std::vector<Ajout>& ajouts, const OrigineZip* origine);
+    /// Adds to an archive; on failure it is as it was.
+    ResultatZip Completer(const QString& chemin, std::vector<Ajout>& ajouts);
 
 private:
+    ResultatZip Remplir(Archive archive, const QString& chemin, std::vector<Ajout>& ajouts, const OrigineZip* origine);
     ResultatZip Clore(Archive archive, const QString& chemin);
 
     QByteArray m_commentaire;
     int m_niveau;
-    std::optional<QFileDevice::Permissions> m_droits;
     QString& m_infos;
     Relais m_relais;
 };
 
-ResultatZip Ecrivain::Construire(const QString& chemin, std::vector<Ajout>& ajouts, const OrigineZip* origine)
+ResultatZip Ecrivain::Construire(PlaceDuFichier& place, std::vector<Ajout>& ajouts, const OrigineZip* origine)
 {
     AttendreFermetures();
     m_relais = Relais();
-    Archive archive = OuvrirPourEcrire(chemin, m_droits, origine ? origine->Taille() : 0, m_relais);
+    Archive archive = OuvrirNeuve(place, origine ? origine->Taille() : 0, m_relais);
     if (!archive)
-        return QFile::exists(chemin) ? ZipFormat : ZipCreation;
+        return ZipCreation;
+    const ResultatZip resultat = Remplir(std::move(archive), place.Chemin(), ajouts, origine);
+    if (resultat != ZipFait)
+        place.Retirer();
+    return resultat;
+}
+
+ResultatZip Ecrivain::Completer(const QString& chemin, std::vector<Ajout>& ajouts)
+{
+    Archive archive = OuvrirCopie(chemin);
+    return archive ? Remplir(std::move(archive), chemin, ajouts, nullptr) : ZipFormat;
+}
+
+ResultatZip Ecrivain::Remplir(Archive archive, const QString& chemin, std::vector<Ajout>& ajouts,
+                              const OrigineZip* origine)
+{
     for (Ajout& ajout : ajouts) {
         ajout.etat.reset();
         const ResultatZip pose = Poser(archive.get(), ajout, m_niveau, origine, m_relais);
@@ -255,10 +274,9 @@ ResultatZip Ecrivain::Clore(Archive archive, const QString& chemin)
         return ResultatEcriture(*zip_get_error(archive.get()));
     }
     static_cast<void>(archive.release()); // closed
-    if ((ascii || PoserCommentaire(chemin, m_commentaire)) && EstComplet(chemin, attendus, m_commentaire))
-        return ZipFait;
-    QFile::remove(chemin);
-    return ZipEcriture;
+    const bool complet =
+        (ascii || PoserCommentaire(chemin, m_commentaire)) && EstComplet(chemin, attendus, m_commentaire);
+    return complet ? ZipFait : ZipEcriture;
 }
 
 /// What is to be known of a new archive.
@@ -282,20 +300,22 @@ Ecrit Ecrire(const QString& chemin, std::vector<Ajout> ajouts, const FormeArchiv
              QString& infos)
 {
     Ecrivain ecrivain(forme, infos);
-    if (QFile::exists(chemin)) {
+    // Where the caller has made the place free, what has come there since is somebody else's.
+    if (!forme.place && QFile::exists(chemin)) {
         const FichierProvisoire provisoire(chemin);
         if (!QFile::copy(chemin, provisoire.Chemin()))
             return {ZipCreation, nullptr};
-        const ResultatZip resultat = ecrivain.Construire(provisoire.Chemin(), ajouts, nullptr);
+        const ResultatZip resultat = ecrivain.Completer(provisoire.Chemin(), ajouts);
         return {resultat == ZipFait ? provisoire.Deposer() : resultat, nullptr};
     }
-    ResultatZip resultat = ecrivain.Construire(chemin, ajouts, origine.get());
-    if (origine && (resultat != ZipFait || !origine->EstIntacte())) {
+    PlaceDuFichier sienne(chemin);
+    PlaceDuFichier& place = forme.place ? *forme.place : sienne;
+    ResultatZip resultat = ecrivain.Construire(place, ajouts, origine.get());
+    if (origine && !place.EstPerdue() && (resultat != ZipFait || !origine->EstIntacte())) {
         // Somebody wrote to the old archive, or it takes the place that the new one needs: all comes from the folder.
-        if (resultat == ZipFait)
-            QFile::remove(chemin);
+        place.Retirer();
         origine.reset();
-        resultat = ecrivain.Construire(chemin, ajouts, nullptr);
+        resultat = ecrivain.Construire(place, ajouts, nullptr);
     }
     return {resultat, resultat == ZipFait ? Connaitre(chemin, ajouts, forme.niveau) : nullptr};
 }

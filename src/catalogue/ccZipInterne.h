@@ -12,8 +12,11 @@
 #include <zip.h>
 
 #include <memory>
+#include <optional>
 #include <utility>
 #include <vector>
+
+class PlaceDuFichier;
 
 namespace zipinterne {
 
@@ -87,8 +90,8 @@ void AttendreFermetures();
 struct FormeArchive
 {
     QString commentaire;
-    int niveau = NiveauDesCatalogues;               ///< deflate level; 0 stores
-    std::optional<QFileDevice::Permissions> droits; ///< of a new archive; the system's usual without
+    int niveau = NiveauDesCatalogues; ///< deflate level; 0 stores
+    PlaceDuFichier* place = nullptr;  ///< of a new archive, held by the caller; may be null
 };
 
 struct Ecrit

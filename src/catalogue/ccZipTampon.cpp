@@ -4,16 +4,16 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <utility>
 
 namespace zipinterne {
 
-bool Tampon::Creer(const QByteArray& chemin)
+void Tampon::Commencer(Descripteur sortie)
 {
     for (std::unique_ptr<char[]>& bloc : m_blocs)
         bloc = std::make_unique_for_overwrite<char[]>(TailleBloc);
     m_debut = m_taille = m_reserve = 0;
-    m_sortie = Descripteur(open(chemin.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
-    return EstOuvert();
+    m_sortie = std::move(sortie);
 }
 
 void Tampon::Reserver(uint64_t taille)

@@ -19,8 +19,8 @@ namespace zipinterne {
 class Tampon
 {
 public:
-    /// Makes the file, which must not be there yet. Throws std::bad_alloc.
-    bool Creer(const QByteArray& chemin);
+    /// Begins with a new file, open for writing. Throws std::bad_alloc.
+    void Commencer(Descripteur sortie);
     bool EstOuvert() const { return bool(m_sortie); }
     /// Bytes so far.
     uint64_t Taille() const { return m_taille; }

@@ -4,6 +4,7 @@
 #include "base/Nombres.h"
 #include "catalogue/ChargerCatalogue.h"
 #include "catalogue/FichierQrt.h"
+#include "catalogue/PlaceDuFichier.h"
 #include "catalogue/ccZip.h"
 #include "cli/Catalogue.h"
 #include "cli/Console.h"
@@ -135,21 +136,33 @@ bool EcrireDans(QrtClass& doc, const QString& chemin, FormeFichier forme)
     return EcrireFichier(doc, false) && ForcerArchive(doc) && !doc.DossierAGarder;
 }
 
-/// Writes the document beside `cible` and puts it in its place once it is whole.
-bool Remplacer(QrtClass& doc, const QFileInfo& cible, FormeFichier forme)
+/// Gives the new file what the one that it replaces has: its owner and who may read it.
+void HeriterDroits(const QString& neuf, const struct stat& ancien)
+{
+    QFile fichier(neuf);
+    if (fichier.open(QIODevice::ReadWrite))
+        TransmettreDroits(fichier.handle(), ancien);
+}
+
+/// Writes the document beside `sortie` and puts it in its place once it is whole.
+bool Remplacer(QrtClass& doc, const QString& sortie, FormeFichier forme)
 {
     // Through a link the file that it names is replaced, not the link; what is no file is never replaced.
+    const QFileInfo cible(CibleDesLiens(QFileInfo(sortie).absoluteFilePath()));
     if (cible.exists() && !cible.isFile())
         return false;
-    const QString destination = cible.exists() ? cible.canonicalFilePath() : cible.absoluteFilePath();
+    const QString destination = cible.absoluteFilePath();
+    PlaceDuFichier place(destination);
+    if (!place.Prendre())
+        return false;
     const DossierPassager voisin([&destination] { return DossierVoisin(destination); });
     if (voisin.Chemin().isEmpty())
         return false;
     const QString neuf = voisin.Chemin() + u"categorie.qrt"_s;
     if (!EcrireDans(doc, neuf, forme))
         return false;
-    if (cible.exists())
-        QFile::setPermissions(neuf, QFile::permissions(destination));
+    if (place.Ancien())
+        HeriterDroits(neuf, *place.Ancien());
     return std::rename(QFile::encodeName(neuf).constData(), QFile::encodeName(destination).constData()) == 0;
 }
 
@@ -169,7 +182,7 @@ Statut ExecuterConvert(const LigneDeCommande& ligne)
         return Echec;
     if (forme == TexteSeul && !force && !AccepterPerteDeCaracteres(catalogue->doc))
         return Echec;
-    if (Remplacer(catalogue->doc, cible, forme))
+    if (Remplacer(catalogue->doc, sortie, forme))
         return Fait;
     AfficherMsg(LangMsg(u"msg62"_s, u"Erreur d'enregistrement !"_s), MsgOk, QString());
     DireErreur(u"Le fichier n'a pas pu être écrit : "_s + sortie);

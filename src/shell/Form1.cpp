@@ -2,6 +2,7 @@
 
 #include "base/Const_Vrac.h"
 #include "base/Options.h"
+#include "catalogue/FichierQrt.h"
 #include "catalogue/Sauver.h"
 #include "catalogue/TriDeTable.h"
 #include "extensions/LangForm.h"
@@ -75,7 +76,9 @@ Form1::~Form1()
     // The tip and the view look at the table to its last moment.
     delete m_infobulle;
     delete m_ui->ListView1;
-    SupprimerTmpFolder();
+    // A window that goes without having been closed leaves what is not saved for the next start.
+    if (!myqrt.IlFautSauver && !myqrt.EnEcriture && ForcerArchive(myqrt))
+        SupprimerTmpFolder();
 }
 
 void Form1::FaireLigneDEtat()

@@ -176,16 +176,44 @@ TEST_F(SauvegardeManquee, AFolderOrAPipeInTheFilesPlaceIsNotTouched)
     EXPECT_EQ(DansLeDossier(), QStringList({"dossier.qrt", "mes.qrt", "tube.qrt"}));
 }
 
-TEST_F(SauvegardeManquee, ALinkInTheFilesPlaceGivesWayAlsoWhenItLeadsNowhere)
+TEST_F(SauvegardeManquee, ThroughALinkTheFileThatItNamesIsWrittenInBothForms)
 {
     const QString cible = dossier.Ecrire("cible.qrt", "cible");
-    for (const QString& vers : {cible, dossier.Fichier("absent")}) {
-        ASSERT_TRUE(QFile::remove(d.doc.CheminReel()) && QFile::link(vers, d.doc.CheminReel()));
-        EXPECT_TRUE(Enregistrer(d.doc, false, true));
-        EXPECT_FALSE(d.doc.DossierAGarder);
-        EXPECT_FALSE(QFileInfo(d.doc.CheminReel()).isSymLink());
+    ASSERT_TRUE(QDir().mkpath(dossier.Fichier("loin")));
+    for (const char* forme : {"2", "1"}) {
+        for (const QString& vers : {cible, QStringLiteral("loin/absent.qrt")}) {
+            ASSERT_TRUE(QFile::remove(d.doc.CheminReel()) && QFile::link(vers, d.doc.CheminReel()));
+            d.doc.FileType = forme;
+            EXPECT_TRUE(Enregistrer(d.doc, false, true));
+            EXPECT_FALSE(d.doc.DossierAGarder);
+            EXPECT_TRUE(QFileInfo(d.doc.CheminReel()).isSymLink());
+            const int type = *forme == '2' ? 2 : 1;
+            EXPECT_EQ(TypeFichier(dossier.Fichier(vers == cible ? "cible.qrt" : "loin/absent.qrt")), type);
+        }
+        ASSERT_TRUE(QFile::remove(dossier.Fichier("loin/absent.qrt")));
     }
-    EXPECT_EQ(dossier.Lire("cible.qrt"), "cible");
+    EXPECT_EQ(DansLeDossier(), QStringList({"cible.qrt", "loin", "mes.qrt"}));
+}
+
+TEST_F(SauvegardeManquee, WhoMayReadAndWhoOwnsTheFileStaysInBothForms)
+{
+    const QByteArray chemin = QFile::encodeName(d.doc.CheminReel());
+    const bool superutilisateur = geteuid() == 0; // others give no files away
+    for (const char* forme : {"2", "1"}) {
+        d.doc.FileType = forme;
+        ASSERT_EQ(chmod(chemin.constData(), 0640), 0);
+        if (superutilisateur) {
+            ASSERT_EQ(chown(chemin.constData(), 12345, 12346), 0);
+        }
+        EXPECT_TRUE(Enregistrer(d.doc, false, true));
+        struct stat etat;
+        ASSERT_EQ(stat(chemin.constData(), &etat), 0);
+        EXPECT_EQ(etat.st_mode & 07777U, 0640U);
+        if (superutilisateur) {
+            EXPECT_EQ(etat.st_uid, 12345U);
+            EXPECT_EQ(etat.st_gid, 12346U);
+        }
+    }
 }
 
 TEST_F(SauvegardeManquee, AnotherDiskIsWrittenToLikeAnyOther)
@@ -209,9 +237,14 @@ TEST_F(SauvegardeManquee, ANameMayHoldALineBreakButNotBeTooLong)
 TEST_F(SauvegardeManquee, TheArchiveIsWrittenInItsPlaceAndNowhereElse)
 {
     QStringList pendant;
-    QTimer::singleShot(0, [&] { pendant = DansLeDossier(); });
+    qint64 taille = -1;
+    QTimer::singleShot(0, [&] {
+        pendant = DansLeDossier();
+        taille = QFileInfo(d.doc.CheminReel()).size();
+    });
     EXPECT_TRUE(Enregistrer(d.doc, false, true));
-    EXPECT_EQ(pendant, QStringList()) << "the old file goes before the new one comes";
+    EXPECT_EQ(pendant, QStringList("mes.qrt"));
+    EXPECT_EQ(taille, 0) << "the old file goes before the new one is written";
     EXPECT_EQ(DansLeDossier(), QStringList("mes.qrt"));
 }
 
@@ -290,4 +323,18 @@ TEST_F(SauvegardeManquee, WhatWasSavedIsOnTheDiskBeforeTheFolderMayGo)
     EXPECT_TRUE(PeutFermer(d.doc));
     EXPECT_TRUE(d.doc.DossierAGarder) << "the folder is all there is";
     EXPECT_EQ(messages.Cles(), QStringList("msgArchive"));
+}
+
+TEST_F(SauvegardeManquee, AFileThatIsGoneAfterTheSaveIsToldAndTheFolderStays)
+{
+    int messagesAttendus = 0;
+    for (const char* forme : {"2", "1"}) {
+        d.doc.FileType = forme;
+        EXPECT_TRUE(Enregistrer(d.doc, false, true));
+        ASSERT_TRUE(QFile::remove(d.doc.CheminReel()));
+        EXPECT_TRUE(PeutFermer(d.doc));
+        EXPECT_TRUE(d.doc.DossierAGarder);
+        EXPECT_EQ(messages.Cles().count("msgArchive"), ++messagesAttendus);
+        d.doc.DossierAGarder = false;
+    }
 }

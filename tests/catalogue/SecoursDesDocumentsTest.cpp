@@ -217,10 +217,10 @@ TEST_F(Secours, TheCopyStaysWhileASaveRuns)
     Changer(u"a"_s);
     Attendre(3);
     doc.IlFautSauver = false;
-    EnCoursDeSauvegarde = true;
+    doc.EnEcriture = true;
     Attendre(5);
     EXPECT_EQ(TitreEcrit(), u"a"_s);
-    EnCoursDeSauvegarde = false;
+    doc.EnEcriture = false;
     Attendre(1);
     EXPECT_FALSE(TitreEcrit());
 }

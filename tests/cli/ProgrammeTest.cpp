@@ -1,4 +1,5 @@
 // zelvane-cli as its users run it.
+#include "catalogue/PlaceDuFichier.h"
 #include "support/TableDeTest.h"
 
 #include <QDir>
@@ -13,7 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
-
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -233,6 +234,48 @@ TEST_F(ZelvaneCli, AFailedConversionLeavesTheOldFile)
     EXPECT_EQ(resultat.statut, 1);
     EXPECT_TRUE(resultat.erreurs.startsWith("msg62: ")) << resultat.erreurs.toStdString();
     EXPECT_EQ(Lancer({"convert", Bare(), dossier.Fichier("programme"), "--force"}).statut, 1) << "a folder stays one";
+}
+
+TEST_F(ZelvaneCli, ConvertWritesTheFileThatALinkNames)
+{
+    ASSERT_TRUE(QDir().mkpath(dossier.Fichier("loin")));
+    ASSERT_TRUE(QFile::link("loin/x.qrt", dossier.Fichier("lien.qrt")));
+    for (const char* forme : {"2", "1.4"}) {
+        EXPECT_EQ(Lancer({"convert", "--format", forme, "--force", Bare(), dossier.Fichier("lien.qrt")}).statut, 0);
+        EXPECT_TRUE(QFileInfo(dossier.Fichier("lien.qrt")).isSymLink());
+        EXPECT_EQ(Lancer({"type", dossier.Fichier("loin/x.qrt")}).sortie, *forme == '2' ? "2\n" : "1\n");
+    }
+    EXPECT_EQ(QDir(dossier.Fichier("loin")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+              QStringList("x.qrt"));
+}
+
+TEST_F(ZelvaneCli, ConvertLeavesRightsAndOwnerOfTheFileThatItReplaces)
+{
+    const QByteArray sortie = QFile::encodeName(dossier.Ecrire("x.qrt", "ancien"));
+    const bool superutilisateur = geteuid() == 0; // others give no files away
+    ASSERT_EQ(chmod(sortie.constData(), 0640), 0);
+    if (superutilisateur) {
+        ASSERT_EQ(chown(sortie.constData(), 12345, 12346), 0);
+    }
+    EXPECT_EQ(Lancer({"convert", "--force", Bare(), dossier.Fichier("x.qrt")}).statut, 0);
+    struct stat etat;
+    ASSERT_EQ(stat(sortie.constData(), &etat), 0);
+    EXPECT_EQ(etat.st_mode & 07777U, 0640U);
+    if (superutilisateur) {
+        EXPECT_EQ(etat.st_uid, 12345U);
+        EXPECT_EQ(etat.st_gid, 12346U);
+    }
+}
+
+TEST_F(ZelvaneCli, ConvertLeavesAFileAloneThatAnotherProgramIsReplacing)
+{
+    const QString sortie = dossier.Ecrire("x.qrt", "ancien");
+    PlaceDuFichier place(sortie);
+    ASSERT_TRUE(place.Prendre());
+    const Resultat resultat = Lancer({"convert", "--force", Bare(), sortie});
+    EXPECT_EQ(resultat.statut, 1);
+    EXPECT_TRUE(resultat.erreurs.startsWith("msg62: ")) << resultat.erreurs.toStdString();
+    EXPECT_EQ(dossier.Lire("x.qrt"), "ancien");
 }
 
 TEST_F(ZelvaneCli, FormFourteenDoesNotDropCharactersInSilence)
