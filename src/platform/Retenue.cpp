@@ -98,6 +98,10 @@ void Servir()
 {
     if (Retenue::EnCours() || Attentes().isEmpty())
         return;
+    // The keys that were pressed meanwhile come first: they are meant for what the user saw then.
+    QCoreApplication::processEvents();
+    if (Retenue::EnCours() || Attentes().isEmpty())
+        return;
     const Attente premiere = Attentes().takeFirst();
     PrevoirDeServir(); // now: the call may run an event loop of its own
     if (premiere.contexte)
