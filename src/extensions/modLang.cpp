@@ -6,6 +6,7 @@
 
 #include <QDirIterator>
 #include <QFileInfo>
+#include <QHash>
 
 QString FichierLangue;
 
@@ -17,6 +18,19 @@ const QString s_sectionMessages = QStringLiteral("other");
 QString DossierLangues()
 {
     return DossierProgramme() + QStringLiteral("lang/");
+}
+
+/// The template for translators, which the program fills itself. It is a language like any other: "default".
+QString FichierModele()
+{
+    return DossierLangues() + QStringLiteral("default.ini");
+}
+
+/// Whether `texte`, found under the key, is what another place that uses the key has recorded in the template: no
+/// translator wrote it, and here it would ask the wrong question.
+bool EstEnregistreAilleurs(const QString& cle, const QString& texte, const QString& defaut)
+{
+    return texte != defaut && FichierLangue == FichierModele() && TextesDuProgramme(cle).contains(texte);
 }
 
 QString SectionOuDefaut(const QString& section)
@@ -47,16 +61,31 @@ void DireEchec(const QString& erreur)
 Message LangMsg(const QString& cle, const QString& defaut)
 {
     const QString texte = DecoderTexte(LireProfil(cle, QString(), s_sectionMessages, FichierLangue));
-    if (!texte.isEmpty())
+    if (!texte.isEmpty() && !EstEnregistreAilleurs(cle, texte, defaut))
         return Message(cle, texte);
     EnregistrerDefaut(cle, defaut);
     return Message(cle, defaut);
 }
 
+QStringList TextesDuProgramme(const QString& cle)
+{
+    static const QHash<QString, QStringList> textes = {
+        {QStringLiteral("msg50"),
+         {QStringLiteral("Erreur lors de l'ouverture : le fichier n'est pas un fichier qrt correcte"),
+          QStringLiteral("Erreur lors de l'ouverture : le fichier n'est pas un fichier qrt valide")}},
+        {QStringLiteral("msg59"),
+         {QStringLiteral("Le fichier est en lecture seule. Continuer l'enregistrement?"),
+          QStringLiteral("Le fichier existe deja, voulez-vous le remplacer?")}},
+        {QStringLiteral("msg98"),
+         {QStringLiteral("Fichier non trouvé"), QStringLiteral("Veuillez selectionner au moins une entree")}},
+    };
+    return textes.value(cle);
+}
+
 void EnregistrerDefaut(const QString& cle, const QString& defaut)
 {
     if (QFileInfo(DossierLangues()).isDir())
-        EcrireIni(DossierLangues() + QStringLiteral("default.ini"), s_sectionMessages, cle, EncoderTexte(defaut));
+        EcrireIni(FichierModele(), s_sectionMessages, cle, EncoderTexte(defaut));
 }
 
 bool ChargerLangue(const QString& nom)

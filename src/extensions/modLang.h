@@ -13,8 +13,12 @@
 extern QString FichierLangue;
 
 /// The text of message `cle` in the language in force, or `defaut`, which is then recorded for translators. Place
-/// holders ("%1") are the caller's to replace.
+/// holders ("%1") are the caller's to replace. While lang/default.ini is the language in force, a text there that the
+/// program recorded from another place with the same key is none: `defaut` is taken, and recorded in its place.
 Message LangMsg(const QString& cle, const QString& defaut);
+
+/// All texts of a key that several places use with different texts; empty for any other key.
+QStringList TextesDuProgramme(const QString& cle);
 
 /// Records a message in lang/default.ini. Nothing happens without a folder lang, or when the file cannot be written.
 void EnregistrerDefaut(const QString& cle, const QString& defaut);

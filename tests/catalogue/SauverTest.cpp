@@ -3,6 +3,7 @@
 #include "base/Const_Vrac.h"
 #include "base/Options.h"
 #include "catalogue/FichierQrt.h"
+#include "extensions/modLang.h"
 #include "platform/Plateforme.h"
 #include "support/FileDeFichiers.h"
 #include "support/FileDeReponses.h"
@@ -227,6 +228,36 @@ TEST_F(Sauvegarde, AReadOnlyFileIsAskedAboutAlsoBeforeSaveAs)
 }
 
 // ---- Save As
+
+TEST_F(Sauvegarde, EachQuestionKeepsItsOwnTextOnceTheTemplateForTranslatorsIsTheLanguage)
+{
+    const QString chemin = DepuisFichier("2");
+    const auto lectureSeule = [&] {
+        ASSERT_TRUE(plateforme().attributs->MettreLectureSeule(chemin, true));
+        messages.Preparer(RepOui);
+        EXPECT_TRUE(Enregistrer(d.doc, false, true));
+    };
+    const auto remplacer = [&] {
+        dialogues.Preparer({chemin}, 2);
+        messages.Preparer(RepOui);
+        EXPECT_TRUE(Enregistrer(d.doc, true, true));
+    };
+    PlateformeDeTest::Courante().dossier.Ecrire("lang/default.ini", ""); // the first start records there
+    lectureSeule();
+    remplacer();
+    lectureSeule();
+    ASSERT_TRUE(ChargerLangue("default")); // and the second one reads it
+    remplacer();
+    lectureSeule();
+    remplacer();
+
+    QStringList textes;
+    for (const auto& affiche : messages.Affiches())
+        textes.append(affiche.message.texte);
+    const QString protege = "Le fichier est en lecture seule. Continuer l'enregistrement?";
+    const QString existe = "Le fichier existe deja, voulez-vous le remplacer?";
+    EXPECT_EQ(textes, QStringList({protege, existe, protege, existe, protege, existe}));
+}
 
 TEST_F(Sauvegarde, TheDialogStartsAtTheDocumentsFileThenInTheFolderOfTheLastOne)
 {

@@ -107,6 +107,46 @@ TEST_F(LangMsgTest, OneTranslationStandsForBothFrenchTexts)
     EXPECT_EQ(LangMsg("msg59", "Le fichier existe deja, voulez-vous le remplacer?").texte, "Go on?");
 }
 
+TEST_F(LangMsgTest, ATextRecordedByAnotherPlaceWithTheKeyIsNoTranslation)
+{
+    m_dossier.Ecrire("lang/default.ini", "");
+    ASSERT_TRUE(ChargerLangue("default"));
+    for (const char* cle : {"msg50", "msg59", "msg98"}) {
+        const QStringList textes = TextesDuProgramme(cle);
+        ASSERT_EQ(textes.size(), 2) << cle;
+        for (const QString& texte : textes + textes)
+            EXPECT_EQ(LangMsg(cle, texte).texte, texte) << cle;
+    }
+}
+
+TEST_F(LangMsgTest, TheTemplateInForceKeepsTheTextOfThePlaceUsedLast)
+{
+    m_dossier.Ecrire("lang/default.ini", "[other]\r\nmsg98=Fichier non trouv\xE9\r\n");
+    ASSERT_TRUE(ChargerLangue("default"));
+
+    LangMsg("msg98", "Veuillez selectionner au moins une entree");
+
+    EXPECT_EQ(ParDefaut(), "[other]\r\nmsg98=Veuillez selectionner au moins une entree\r\n");
+}
+
+TEST_F(LangMsgTest, WhatATranslatorWroteIntoTheTemplateStandsForAllTextsOfTheKey)
+{
+    m_dossier.Ecrire("lang/default.ini", "[other]\r\nmsg59=Go on?\r\nmsg1=Fichier non trouv\xE9\r\n");
+    ASSERT_TRUE(ChargerLangue("default"));
+
+    for (const QString& texte : TextesDuProgramme("msg59"))
+        EXPECT_EQ(LangMsg("msg59", texte).texte, "Go on?");
+    EXPECT_EQ(LangMsg("msg1", "C'est fait !").texte, "Fichier non trouvé") << "a text of another key is a translation";
+}
+
+TEST_F(LangMsgTest, AnotherLanguageMayGiveTheKeyAnyTextOfTheProgram)
+{
+    const char* remplacer = "Le fichier existe deja, voulez-vous le remplacer?";
+    FichierLangue = m_dossier.Ecrire("lang/court.ini", QByteArray("[other]\r\nmsg59=") + remplacer + "\r\n");
+
+    EXPECT_EQ(LangMsg("msg59", "Le fichier est en lecture seule. Continuer l'enregistrement?").texte, remplacer);
+}
+
 TEST_F(LangMsgTest, SeesAChangeOfTheFileAtOnce)
 {
     FichierLangue = m_dossier.Ecrire("lang/english.ini", "[other]\r\nmsg1=Done!\r\n");
