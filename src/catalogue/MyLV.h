@@ -260,7 +260,7 @@ private:
     friend class ListItem;
     friend class ListItems;
     friend class AjoutsDansTable;
-    stockage::Vue Vue(uint32_t rang) const;
+    stockage::Vue Vue(uint32_t rang, stockage::Place place = {}) const;
     stockage::Cellule Cellule(uint32_t rang, int cellule) const;
     void Reecrire(uint32_t rang, const stockage::Rangee& rangee);
     void EcrireCellule(uint32_t rang, int cellule, const QString& texte);
@@ -295,6 +295,14 @@ private:
     mutable bool m_positionsValides = false;
     ClesDeTable m_cles;
     size_t m_octetsEnBlocs = 0;
+    // Where in their slices the entries asked for last were read: cells beside those are asked for next. By rank, each
+    // in the one place that it may have; empty in narrow tables.
+    struct PlaceGardee
+    {
+        uint32_t rang = 0;
+        stockage::Place place;
+    };
+    mutable std::vector<PlaceGardee> m_places;
 
     std::vector<uint32_t> m_aPlacer;
     int m_ajoutsOuverts = 0;

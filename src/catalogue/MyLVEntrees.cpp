@@ -11,6 +11,9 @@ using stockage::Rangee;
 
 namespace {
 
+constexpr int ColonnesEtroites = 32;
+constexpr size_t PlacesGardees = 256; // more than the rows on a screen
+
 const char* PointeurDe(uint64_t reference)
 {
     return reinterpret_cast<const char*>(reference);
@@ -29,11 +32,11 @@ Icone IconeDeNom(const QString& nom)
 
 // ---- Storage of one entry
 
-stockage::Vue MyLV::Vue(uint32_t rang) const
+stockage::Vue MyLV::Vue(uint32_t rang, stockage::Place place) const
 {
     const uint8_t drapeaux = m_drapeaux[rang];
     const char* octets = drapeaux & Drapeau::EnBloc ? PointeurDe(m_refs[rang]) : m_source.octets.get() + m_refs[rang];
-    return {octets, m_longueurs[rang], m_source.codage, m_source.colonnes, drapeaux};
+    return {octets, m_longueurs[rang], m_source.codage, m_source.colonnes, drapeaux, place};
 }
 
 stockage::Vue MyLV::VueEntree(int index) const
@@ -43,7 +46,15 @@ stockage::Vue MyLV::VueEntree(int index) const
 
 Cellule MyLV::Cellule(uint32_t rang, int cellule) const
 {
-    return Vue(rang).Champ(cellule);
+    // In a narrow table looking is quicker than remembering.
+    if (m_source.colonnes <= ColonnesEtroites)
+        return Vue(rang).Champ(cellule);
+    m_places.resize(PlacesGardees);
+    PlaceGardee& gardee = m_places[rang % PlacesGardees];
+    const stockage::Vue vue = Vue(rang, gardee.rang == rang ? gardee.place : stockage::Place());
+    const stockage::Cellule champ = vue.Champ(cellule);
+    gardee = {rang, vue.PlaceLue()};
+    return champ;
 }
 
 void MyLV::LibererBloc(uint32_t rang)
@@ -97,6 +108,7 @@ void MyLV::ViderEntrees()
         for (uint32_t rang = 0; rang < m_refs.size(); ++rang)
             LibererBloc(rang);
     m_source = {};
+    m_places.clear();
     m_refs = {};
     m_longueurs = {};
     m_drapeaux = {};

@@ -48,22 +48,6 @@ Cellule ChampDeBloc(const char* bloc, uint32_t champ)
     return {texte + debut, fin - debut, Codage::Utf8, true};
 }
 
-// Field `champ` of a slice, or a cell that does not exist.
-Cellule ChampDeTranche(const char* octets, uint32_t longueur, Codage codage, int champ)
-{
-    const char* debut = octets;
-    const char* const fin = octets + longueur;
-    for (; champ > 0; --champ) {
-        const void* barre = std::memchr(debut, '|', static_cast<size_t>(fin - debut));
-        if (!barre)
-            return {};
-        debut = static_cast<const char*>(barre) + 1;
-    }
-    const void* barre = std::memchr(debut, '|', static_cast<size_t>(fin - debut));
-    const char* finChamp = barre ? static_cast<const char*>(barre) : fin;
-    return {debut, static_cast<uint32_t>(finChamp - debut), codage, true};
-}
-
 } // namespace
 
 QString Cellule::Texte() const
@@ -71,6 +55,42 @@ QString Cellule::Texte() const
     if (!existe)
         return QString();
     return codage == Codage::Utf8 ? QString::fromUtf8(octets()) : PageDeCode::VersTexte(octets());
+}
+
+/// The "|" that ends the field at hand; null where none does.
+const char* Vue::ChercherBarre() const
+{
+    return static_cast<const char*>(
+        std::memchr(m_octets + m_place.debut, '|', static_cast<size_t>(m_longueur - m_place.debut)));
+}
+
+/// False when there is no such field: the last one is at hand then.
+bool Vue::AllerAu(int champ) const
+{
+    if (champ < m_place.champ - champ)
+        m_place = {}; // nearer from the left end
+    while (m_place.champ > champ) {
+        const void* barre = memrchr(m_octets, '|', m_place.debut - 1);
+        m_place = {m_place.champ - 1,
+                   barre ? static_cast<uint32_t>(static_cast<const char*>(barre) - m_octets) + 1 : 0};
+    }
+    while (m_place.champ < champ && !m_place.dernier) {
+        const char* barre = ChercherBarre();
+        m_place.dernier = !barre;
+        if (barre)
+            m_place = {m_place.champ + 1, static_cast<uint32_t>(barre - m_octets) + 1};
+    }
+    return m_place.champ == champ;
+}
+
+Cellule Vue::ChampDeTranche(int champ) const
+{
+    if (!AllerAu(champ))
+        return {};
+    const char* barre = m_place.dernier ? nullptr : ChercherBarre();
+    m_place.dernier = !barre;
+    const auto fin = barre ? static_cast<uint32_t>(barre - m_octets) : m_longueur;
+    return {m_octets + m_place.debut, fin - m_place.debut, m_codage, true};
 }
 
 Cellule Vue::Champ(int cellule) const
@@ -81,7 +101,7 @@ Cellule Vue::Champ(int cellule) const
         // The first cell is there also in a file without columns.
         if (cellule > 0 && cellule >= m_colonnes)
             return {};
-        return ChampDeTranche(m_octets, m_longueur, m_codage, cellule);
+        return ChampDeTranche(cellule);
     }
     if (static_cast<uint32_t>(cellule) >= NombreDeCellules(m_octets))
         return {};
@@ -91,7 +111,7 @@ Cellule Vue::Champ(int cellule) const
 Cellule Vue::Image() const
 {
     if (EstTranche())
-        return ChampDeTranche(m_octets, m_longueur, m_codage, m_colonnes);
+        return ChampDeTranche(m_colonnes);
     return ChampDeBloc(m_octets, NombreDeCellules(m_octets));
 }
 

@@ -73,12 +73,23 @@ struct Rangee
     QString image;
 };
 
-/// An entry's storage, to be read field by field from the left.
+/// A field of a slice that was found, from which others are looked for.
+struct Place
+{
+    int champ = 0;
+    uint32_t debut = 0;   ///< where it begins
+    bool dernier = false; ///< no field stands behind it
+};
+
+/// An entry's storage. Field after field, from the left or from the right, costs one look at each byte, however many
+/// there are: a view remembers where it is.
 class Vue
 {
 public:
-    Vue(const char* octets, uint32_t longueur, Codage codage, int colonnes, uint8_t drapeaux)
-        : m_octets(octets), m_longueur(longueur), m_codage(codage), m_colonnes(colonnes), m_drapeaux(drapeaux)
+    /// `place`: what an earlier view of the same slice remembered.
+    Vue(const char* octets, uint32_t longueur, Codage codage, int colonnes, uint8_t drapeaux, Place place = {})
+        : m_octets(octets), m_longueur(longueur), m_codage(codage), m_colonnes(colonnes), m_drapeaux(drapeaux),
+          m_place(place)
     {
     }
 
@@ -94,12 +105,20 @@ public:
     /// All cells there are room for, and the image.
     Rangee Lire() const;
 
+    /// For the next view of this slice.
+    Place PlaceLue() const { return m_place; }
+
 private:
+    Cellule ChampDeTranche(int champ) const;
+    bool AllerAu(int champ) const;
+    const char* ChercherBarre() const;
+
     const char* m_octets;
     uint32_t m_longueur;
     Codage m_codage;
     int m_colonnes;
     uint8_t m_drapeaux;
+    mutable Place m_place;
 };
 
 /// Blocks of edited entries: one allocation an entry, UTF-8 inside.
