@@ -1,4 +1,5 @@
 #include "base/AfficherMsg.h"
+#include "catalogue/NomsDeLArchive.h"
 #include "catalogue/QrtClass.h"
 #include "catalogue/ccZip.h"
 #include "catalogue/mZipDLLProc.h"
@@ -18,7 +19,8 @@ bool ExtraireArchive(QrtClass& doc)
     }
     doc.Archive.reset();
     archive->Init(doc.CheminReel());
-    if (archive->Decompress(doc.TmpFolder, QString()) > ZipAvertissement) {
+    const int resultat = archive->Decompress(doc.TmpFolder, QString());
+    if (resultat > ZipAvertissement || !AccorderNoms(doc, *archive)) {
         AfficherMsg(
             LangMsg(QStringLiteral("msg52"), QStringLiteral("Une erreur s'est produite pendant la décompression")),
             MsgOk, QString());

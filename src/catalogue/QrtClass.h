@@ -74,7 +74,7 @@ public:
     bool DossierAGarder = false;
     /// The archive that the folder was last read from or written to, where a save may find unchanged files compressed;
     /// null when there is none such.
-    std::shared_ptr<const ArchiveConnue> Archive;
+    std::shared_ptr<ArchiveConnue> Archive;
     /// Path of a file that was written and may not have reached the disk yet; empty for none. See ForcerArchive.
     QString ArchiveAForcer;
 

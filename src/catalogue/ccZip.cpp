@@ -67,7 +67,7 @@ void ccZip::Init(const QString& chemin)
     zip_t* archive = m_prive->lue.archive.get();
     if (!archive)
         return;
-    m_prive->noms = LireNoms(archive, chemin);
+    m_prive->noms = LireNoms(archive, chemin, m_prive->lue.refuses);
     Col.reserve(static_cast<qsizetype>(m_prive->noms.size()));
     for (const NomLu& lu : m_prive->noms)
         Col.append(lu.nom);
@@ -85,13 +85,6 @@ namespace {
 bool Lisible(const QFileInfo& info)
 {
     return info.isReadable() && (info.isFile() || (info.isDir() && info.isExecutable()));
-}
-
-/// Names in archives are printable: the library refuses control characters, those of a text apart.
-bool EstNomPossible(const QString& nom)
-{
-    return std::none_of(nom.begin(), nom.end(),
-                        [](QChar c) { return c < u' ' && c != u'\t' && c != u'\r' && c != u'\n'; });
 }
 
 /// The name of a file in the archive; with its folders, that of a folder ends in "/".
@@ -171,10 +164,11 @@ int ccZip::Decompress(const QString& cible, const QString& masque)
     }
     Extrait extrait = Extraire(m_prive->lue.archive.get(), m_prive->noms, cible, masque, Limites, m_infos);
     Connue.reset();
+    Remplaces = std::move(extrait.remplaces);
     // Files are those of the archive only if it was the same one all the time. What level it was written with does not
     // show: the usual one.
     if (extrait.resultat <= ZipAvertissement && m_prive->etat && EtatDe(m_nom) == m_prive->etat)
-        Connue = std::make_shared<ArchiveConnue>(
-            ArchiveConnue{m_nom, *m_prive->etat, NiveauDesCatalogues, std::move(extrait.fichiers)});
+        Connue = std::make_shared<ArchiveConnue>(ArchiveConnue{
+            m_nom, *m_prive->etat, NiveauDesCatalogues, std::move(extrait.fichiers), m_prive->lue.refuses.retouches});
     return extrait.resultat;
 }

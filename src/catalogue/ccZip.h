@@ -41,6 +41,14 @@ struct LimitesExtraction
     std::optional<uint64_t> placeLibre; ///< instead of what the disk tells
 };
 
+/// An entry whose name no file of the folder can have, or no entry of the next archive: it is too long or holds control
+/// characters.
+struct NomRemplace
+{
+    QString nom;     ///< without a folder
+    QString fichier; ///< the name that it was extracted under
+};
+
 /// One archive for one operation. What is written has bare names: the archive is the picture of a folder.
 class ccZip
 {
@@ -56,7 +64,8 @@ public:
     int Level = NiveauDesCatalogues; ///< deflate level, its first digit counts; 0 stores
     LimitesExtraction Limites;       ///< for Decompress
     /// The archive that Decompress has read or Fermer has written; null where it cannot be known again.
-    std::shared_ptr<const ArchiveConnue> Connue;
+    std::shared_ptr<ArchiveConnue> Connue;
+    QList<NomRemplace> Remplaces; ///< by the last Decompress; a warning
 
     int count() const { return static_cast<int>(Col.size()); }
     const QString& Name() const { return m_nom; }
@@ -93,6 +102,6 @@ private:
     QString m_infos;
 };
 
-/// Extracts CheminReel into TmpFolder, asking for a password where one is needed. Shows "msg51" or "msg52", clears the
-/// table and returns false when that fails.
+/// Extracts CheminReel into TmpFolder, asking for a password where one is needed. Entries that cannot keep their
+/// names are told ("msgNoms"). Shows "msg51" or "msg52", clears the table and returns false when that fails.
 bool ExtraireArchive(QrtClass& doc);

@@ -280,12 +280,12 @@ ResultatZip Ecrivain::Clore(Archive archive, const QString& chemin)
 }
 
 /// What is to be known of a new archive.
-std::shared_ptr<const ArchiveConnue> Connaitre(const QString& chemin, const std::vector<Ajout>& ajouts, int niveau)
+std::shared_ptr<ArchiveConnue> Connaitre(const QString& chemin, const std::vector<Ajout>& ajouts, int niveau)
 {
     const std::optional<EtatFichier> ecrite = EtatDe(chemin), passee = EtatPasse(chemin);
     if (!ecrite || ecrite != passee)
         return nullptr;
-    auto connue = std::make_shared<ArchiveConnue>(ArchiveConnue{chemin, *passee, niveau, {}});
+    auto connue = std::make_shared<ArchiveConnue>(ArchiveConnue{chemin, *passee, niveau, {}, {}});
     connue->fichiers.reserve(static_cast<qsizetype>(ajouts.size()));
     for (size_t i = 0; i < ajouts.size(); ++i) {
         if (ajouts[i].etat)

@@ -3,6 +3,7 @@
 #include "catalogue/ccZipDescripteur.h"
 #include "catalogue/ccZipInterne.h"
 
+#include "catalogue/NomsTenables.h"
 #include "catalogue/mZipDLLProc.h"
 
 #include <QFile>
@@ -14,6 +15,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <limits>
 #include <span>
 #include <utility>
@@ -30,6 +32,20 @@ struct Choix
     bool Chiffre() const { return etat.encryption_method != ZIP_EM_NONE; }
 };
 
+/// The name of an entry without a mark: the library shows the control characters of its code page as signs.
+QString AvecControles(const QString& nom, QByteArrayView brut)
+{
+    const auto estControle = [](char c) { return static_cast<uchar>(c) < ' '; };
+    if (nom.size() != brut.size() || std::ranges::none_of(brut, estControle))
+        return nom;
+    QString vrai = nom;
+    for (qsizetype i = 0; i < brut.size(); ++i) {
+        if (estControle(brut[i]))
+            vrai[i] = QLatin1Char(brut[i]);
+    }
+    return vrai;
+}
+
 class Extraction
 {
 public:
@@ -40,11 +56,14 @@ public:
 
     ResultatZip Vers(const QString& cible, const std::vector<NomLu>& noms, const QString& masque);
     QHash<QByteArray, ArchiveConnue::Fichier> PrendreFichiers() { return std::move(m_fichiers); }
+    QList<NomRemplace> PrendreRemplaces() { return std::move(m_remplaces); }
 
 private:
     static constexpr size_t TailleTampon = 256 * 1024;
 
     ResultatZip Choisir(const std::vector<NomLu>& noms, const QString& masque);
+    bool EstPossible(const QString& nom, const QByteArray& fichier) const;
+    void Renommer(const std::vector<std::pair<size_t, QString>>& impossibles);
     ResultatZip VerifierPlace();
     uint64_t PlaceLibre() const;
     ResultatZip ExtraireUn(const Choix& choix);
@@ -63,6 +82,8 @@ private:
     std::optional<Descripteur> m_dossier;
     std::vector<Choix> m_choisis;
     std::vector<QByteArray> m_extraits;
+    QList<NomRemplace> m_remplaces;
+    qsizetype m_octetsDUnNom = 0; ///< at most
     QHash<QByteArray, ArchiveConnue::Fichier> m_fichiers;
     std::optional<QByteArray> m_motDePasse; ///< the last one that fitted
     uint64_t m_reserve = 0;                 ///< what the disk keeps free
@@ -76,6 +97,8 @@ ResultatZip Extraction::Vers(const QString& cible, const std::vector<NomLu>& nom
         Dire(cible, QStringLiteral("not a folder"));
         return ZipDisque;
     }
+    const long octets = fpathconf(m_dossier->Numero(), _PC_NAME_MAX);
+    m_octetsDUnNom = octets > 0 ? octets : NAME_MAX;
     const ResultatZip choisi = Choisir(noms, masque);
     if (choisi > ZipAvertissement)
         return choisi;
@@ -95,8 +118,10 @@ ResultatZip Extraction::Choisir(const std::vector<NomLu>& noms, const QString& m
 {
     ResultatZip resultat = noms.empty() ? ZipAvertissement : ZipFait;
     bool trouve = masque.isEmpty();
+    std::vector<std::pair<size_t, QString>> impossibles;
     for (size_t i = 0; i < noms.size(); ++i) {
-        const auto& [nom, coupe] = noms[i];
+        const auto& [lu, coupe] = noms[i];
+        const QString nom = AvecControles(lu, zip_get_name(m_archive, i, ZIP_FL_ENC_RAW));
         if (!masque.isEmpty() && !CorrespondAuMasque(nom, masque))
             continue;
         trouve = true;
@@ -111,9 +136,40 @@ ResultatZip Extraction::Choisir(const std::vector<NomLu>& noms, const QString& m
         Choix choix{{}, QFile::encodeName(nu)};
         if (zip_stat_index(m_archive, i, 0, &choix.etat) != 0)
             return ZipFormat;
+        if (!EstPossible(nu, choix.fichier))
+            impossibles.emplace_back(m_choisis.size(), nu);
         m_choisis.push_back(choix);
     }
+    if (!impossibles.empty()) {
+        Renommer(impossibles);
+        resultat = ZipAvertissement;
+    }
     return trouve ? resultat : ZipAucunFichier;
+}
+
+/// Whether a file of the folder can have the name, and an entry of the next archive too.
+bool Extraction::EstPossible(const QString& nom, const QByteArray& fichier) const
+{
+    return fichier.size() <= m_octetsDUnNom && EstNomPossible(nom);
+}
+
+/// Gives entries other names for the folder; those of one name get one.
+void Extraction::Renommer(const std::vector<std::pair<size_t, QString>>& impossibles)
+{
+    constexpr qsizetype pourDesSuffixes = 15; // what the program sets before and behind the names of images
+    NomsDuDossier noms(m_octetsDUnNom - pourDesSuffixes);
+    for (const Choix& choix : m_choisis)
+        noms.Prendre(QFile::decodeName(choix.fichier));
+    QHash<QString, QByteArray> donnes;
+    for (const auto& [i, nom] : impossibles) {
+        QByteArray& fichier = donnes[nom];
+        if (fichier.isEmpty()) {
+            fichier = QFile::encodeName(noms.Donner(nom));
+            m_remplaces.append({nom, QFile::decodeName(fichier)});
+        }
+        m_choisis[i].fichier = fichier;
+        Dire(nom, QStringLiteral("not a name for a file, extracted as ") + QFile::decodeName(fichier));
+    }
 }
 
 uint64_t Extraction::PlaceLibre() const
@@ -273,7 +329,7 @@ Extrait Extraire(zip_t* archive, const std::vector<NomLu>& noms, const QString& 
 {
     Extraction extraction(archive, limites, infos);
     const ResultatZip resultat = extraction.Vers(cible, noms, masque);
-    return {resultat, extraction.PrendreFichiers()};
+    return {resultat, extraction.PrendreFichiers(), extraction.PrendreRemplaces()};
 }
 
 } // namespace zipinterne

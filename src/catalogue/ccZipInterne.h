@@ -37,25 +37,45 @@ QString Texte(zip_error_t& erreur);
 /// A line of what was said: about what, and what.
 QString Ligne(const QString& sujet, const QString& texte);
 
+struct ArchiveLue
+{
+    Archive archive;                       ///< null when it could not be opened
+    const SourceArchive* source = nullptr; ///< what it reads from; the library's
+};
+ArchiveLue LireDepuis(std::unique_ptr<SourceArchive> source);
+
+/// What the library refuses in an archive's directory, and would take the whole archive down for.
+struct NomsRefuses
+{
+    std::vector<uint64_t> entrees;   ///< by index: the name or the comment is not the UTF-8 text that it is marked as
+    std::vector<Retouche> retouches; ///< take the mark away
+};
+/// Empty too for what is no archive.
+NomsRefuses ChercherNomsRefuses(const QString& chemin);
+
 struct ArchiveOuverte
 {
     Archive archive; ///< null when it could not be opened
     ResultatZip resultat = ZipIntrouvable;
+    NomsRefuses refuses = {};
 };
 /// Opens an archive for reading.
 ArchiveOuverte OuvrirArchive(const QString& chemin);
 
-/// An entry's name: UTF-8 where marked so, else code page 437; cut at a zero byte.
+/// An entry's name: UTF-8 where marked so (the catalogues' code page where that is not true), else code page 437; cut
+/// at a zero byte.
 struct NomLu
 {
     QString nom;
     bool coupe = false; ///< there was a zero byte
 };
 /// The names of all entries, by index.
-std::vector<NomLu> LireNoms(zip_t* archive, const QString& chemin);
+std::vector<NomLu> LireNoms(zip_t* archive, const QString& chemin, const NomsRefuses& refuses);
 /// The archive comment, in the code page.
 QString LireCommentaire(zip_t* archive);
 
+/// Whether an entry that is written can have the name: the library refuses control characters, those of a text apart.
+bool EstNomPossible(const QString& nom);
 /// The part of a name behind its last "/" or "\".
 QString NomNu(const QString& nom);
 /// Whether the whole name matches a mask of literal characters, * and ?.
@@ -65,6 +85,7 @@ struct Extrait
 {
     ResultatZip resultat = ZipFait;
     QHash<QByteArray, ArchiveConnue::Fichier> fichiers; ///< those that can be known again
+    QList<NomRemplace> remplaces;
 };
 /// Extracts; see ccZip::Decompress. What there is to say is added to `infos`.
 Extrait Extraire(zip_t* archive, const std::vector<NomLu>& noms, const QString& cible, const QString& masque,
@@ -97,7 +118,7 @@ struct FormeArchive
 struct Ecrit
 {
     ResultatZip resultat = ZipFait;
-    std::shared_ptr<const ArchiveConnue> connue; ///< the new archive, where it can be known again
+    std::shared_ptr<ArchiveConnue> connue; ///< the new archive, where it can be known again
 };
 /// Adds files to an archive, a new one if there is none; see ccZip::Fermer. Takes compressed bytes over from `origine`,
 /// which may be null.

@@ -1,10 +1,13 @@
 // Opening an archive, and what the library says of errors.
 #include "catalogue/ccZipInterne.h"
+#include "catalogue/ccZipSourceArchive.h"
 
 #include "platform/PageDeCode.h"
 
 #include <QFile>
 #include <QFileInfo>
+
+#include <fcntl.h>
 
 namespace zipinterne {
 
@@ -19,7 +22,34 @@ bool CommenceCommeUneArchive(const QString& chemin)
     return fichier.open(QIODevice::ReadOnly) && fichier.read(EnTeteLocal.size()) == EnTeteLocal;
 }
 
+/// Opens an archive that the library refuses for its names alone.
+ArchiveOuverte OuvrirRetouchee(const QString& chemin)
+{
+    NomsRefuses refuses = ChercherNomsRefuses(chemin);
+    if (refuses.entrees.empty())
+        return {};
+    Descripteur fichier(open(QFile::encodeName(chemin).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    const std::optional<EtatFichier> etat = fichier ? EtatDe(fichier.Numero()) : std::nullopt;
+    if (!etat)
+        return {};
+    auto source = std::make_unique<SourceArchive>(fichier.Numero(), etat->taille, refuses.retouches);
+    source->Prendre(std::move(fichier));
+    return {LireDepuis(std::move(source)).archive, ZipFait, std::move(refuses)};
+}
+
 } // namespace
+
+ArchiveLue LireDepuis(std::unique_ptr<SourceArchive> source)
+{
+    zip_source_t* lue = zip_source_function_create(SourceArchive::Commande, source.get(), nullptr);
+    if (!lue)
+        return {};
+    const SourceArchive* objet = source.release(); // the library frees it
+    Archive archive(zip_open_from_source(lue, ZIP_RDONLY, nullptr));
+    if (!archive)
+        zip_source_free(lue);
+    return {std::move(archive), objet};
+}
 
 ResultatZip ResultatLecture(const zip_error_t& erreur)
 {
@@ -63,6 +93,10 @@ ArchiveOuverte OuvrirArchive(const QString& chemin)
     Archive archive(zip_open(QFile::encodeName(chemin).constData(), ZIP_RDONLY, &code));
     if (archive)
         return {std::move(archive), ZipFait};
+    if (code == ZIP_ER_INCONS) {
+        if (ArchiveOuverte retouchee = OuvrirRetouchee(chemin); retouchee.archive)
+            return retouchee;
+    }
     if (code == ZIP_ER_NOZIP && CommenceCommeUneArchive(chemin))
         return {nullptr, ZipTronque};
     zip_error_t erreur;

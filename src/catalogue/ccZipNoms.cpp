@@ -1,7 +1,11 @@
 // The names of an archive's entries.
 #include "catalogue/ccZipInterne.h"
+#include "catalogue/ccZipRepertoire.h"
+
+#include "platform/PageDeCode.h"
 
 #include <QFile>
+#include <QStringDecoder>
 
 #include <algorithm>
 #include <optional>
@@ -12,76 +16,39 @@ namespace zipinterne {
 // directory itself.
 namespace {
 
-/// A number of `octets` bytes at `position`, lowest first; negative when it is beyond what a file can hold.
-qint64 Nombre(QByteArrayView donnees, qsizetype position, int octets)
-{
-    quint64 valeur = 0;
-    for (int i = octets - 1; i >= 0; --i)
-        valeur = valeur << 8 | static_cast<uchar>(donnees[position + i]);
-    return static_cast<qint64>(valeur);
-}
-
-/// Part of the file; empty when it does not lie in it whole.
-QByteArray LireA(QFile& fichier, qint64 debut, qint64 taille)
-{
-    if (debut < 0 || taille < 0 || debut > fichier.size() || taille > fichier.size() - debut || !fichier.seek(debut))
-        return QByteArray();
-    return fichier.read(taille);
-}
-
-/// The directory that an end record at `fin` of the file's tail announces; empty when it announces none.
-QByteArray LireRepertoire(QFile& fichier, const QByteArray& queue, qsizetype fin)
-{
-    constexpr qsizetype tailleLocalisateur = 20;
-    constexpr qsizetype tailleFin64 = 56;
-    qint64 taille = Nombre(queue, fin + 12, 4);
-    qint64 debut = Nombre(queue, fin + 16, 4);
-    const QByteArray localisateur = queue.mid(std::max<qsizetype>(0, fin - tailleLocalisateur), tailleLocalisateur);
-    if (localisateur.startsWith("PK\6\7")) {
-        const QByteArray fin64 = LireA(fichier, Nombre(localisateur, 8, 8), tailleFin64);
-        if (fin64.size() != tailleFin64 || !fin64.startsWith("PK\6\6"))
-            return QByteArray();
-        taille = Nombre(fin64, 40, 8);
-        debut = Nombre(fin64, 48, 8);
-    }
-    return LireA(fichier, debut, taille);
-}
-
 /// Where the first zero byte of each name is, -1 for none; nothing when this is no directory of so many entries.
 std::optional<std::vector<qsizetype>> ChercherZeros(QByteArrayView repertoire, size_t nombre)
 {
-    constexpr qsizetype tailleEnTete = 46;
     std::vector<qsizetype> zeros(nombre);
     for (qsizetype& zero : zeros) {
-        if (repertoire.size() < tailleEnTete || !repertoire.startsWith("PK\1\2"))
+        const EntreeDeRepertoire entree = LireEntree(repertoire);
+        if (entree.taille == 0)
             return std::nullopt;
-        const qsizetype longueur = Nombre(repertoire, 28, 2);
-        const qsizetype entree = tailleEnTete + longueur + Nombre(repertoire, 30, 2) + Nombre(repertoire, 32, 2);
-        if (repertoire.size() < entree)
-            return std::nullopt;
-        zero = repertoire.sliced(tailleEnTete, longueur).indexOf('\0');
-        repertoire = repertoire.sliced(entree);
+        zero = entree.nom.indexOf('\0');
+        repertoire = repertoire.sliced(entree.taille);
     }
     return zeros;
 }
 
 std::vector<qsizetype> ZerosDesNoms(const QString& chemin, size_t nombre)
 {
-    constexpr qsizetype tailleFin = 22;
-    constexpr qint64 plusLongueQueue = 20 + tailleFin + 65535;
     QFile fichier(chemin);
-    if (!fichier.open(QIODevice::ReadOnly))
-        return {};
-    const qint64 debut = std::max<qint64>(0, fichier.size() - plusLongueQueue);
-    const QByteArray queue = LireA(fichier, debut, fichier.size() - debut);
-    for (qsizetype fin = queue.size() - tailleFin; fin >= 0; --fin) {
-        fin = queue.lastIndexOf("PK\5\6", fin);
-        if (fin < 0)
-            break;
-        if (const auto zeros = ChercherZeros(LireRepertoire(fichier, queue, fin), nombre))
-            return *zeros;
-    }
-    return {};
+    std::vector<qsizetype> zeros;
+    ChercherRepertoire(fichier, [&](const Repertoire& repertoire) {
+        std::optional<std::vector<qsizetype>> trouves = ChercherZeros(repertoire.octets, nombre);
+        if (trouves)
+            zeros = std::move(*trouves);
+        return trouves.has_value();
+    });
+    return zeros;
+}
+
+/// A name that is not what it is marked as; older writers put the mark on names in the code page.
+QString NomRefuse(QByteArrayView brut)
+{
+    QStringDecoder decodeur(QStringDecoder::Utf8);
+    const QString nom = decodeur(brut);
+    return decodeur.hasError() ? PageDeCode::VersTexte(brut) : nom;
 }
 
 /// The name up to the zero byte that the library shows as a blank.
@@ -95,7 +62,7 @@ NomLu Couper(const NomLu& lu, QByteArrayView brut, qsizetype zero)
 
 } // namespace
 
-std::vector<NomLu> LireNoms(zip_t* archive, const QString& chemin)
+std::vector<NomLu> LireNoms(zip_t* archive, const QString& chemin, const NomsRefuses& refuses)
 {
     const auto nombre = static_cast<size_t>(zip_get_num_entries(archive, 0));
     std::vector<NomLu> noms(nombre);
@@ -105,6 +72,8 @@ std::vector<NomLu> LireNoms(zip_t* archive, const QString& chemin)
         if (noms[i].nom.contains(u' '))
             avecBlanc.push_back(i);
     }
+    for (const uint64_t i : refuses.entrees)
+        noms[i].nom = NomRefuse(zip_get_name(archive, i, ZIP_FL_ENC_RAW));
     if (avecBlanc.empty())
         return noms;
     const std::vector<qsizetype> zeros = ZerosDesNoms(chemin, nombre);
@@ -112,6 +81,12 @@ std::vector<NomLu> LireNoms(zip_t* archive, const QString& chemin)
         if (i < zeros.size())
             noms[i] = Couper(noms[i], zip_get_name(archive, i, ZIP_FL_ENC_RAW), zeros[i]);
     return noms;
+}
+
+bool EstNomPossible(const QString& nom)
+{
+    return std::none_of(nom.begin(), nom.end(),
+                        [](QChar c) { return c < u' ' && c != u'\t' && c != u'\r' && c != u'\n'; });
 }
 
 QString NomNu(const QString& nom)

@@ -3,116 +3,19 @@
 #include "catalogue/ccZipInterne.h"
 #include "catalogue/ccZipRelais.h"
 #include "catalogue/ccZipSource.h"
+#include "catalogue/ccZipSourceArchive.h"
 
 #include <QFile>
 
 #include <fcntl.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <future>
 #include <memory>
 #include <system_error>
 #include <vector>
 
 namespace zipinterne {
-
-/// An archive for reading, in pieces: the library asks for smaller ones and seeks ahead of each.
-class SourceArchive
-{
-public:
-    explicit SourceArchive(int fichier, uint64_t taille) : m_fichier(fichier), m_taille(taille)
-    {
-        zip_error_init(&m_erreur);
-    }
-    ~SourceArchive() { zip_error_fini(&m_erreur); }
-    SourceArchive(const SourceArchive&) = delete;
-    SourceArchive& operator=(const SourceArchive&) = delete;
-
-    static zip_int64_t Commande(void* source, void* donnees, zip_uint64_t taille, zip_source_cmd_t commande);
-    int Fichier() const { return m_fichier; }
-    uint64_t Position() const { return m_position; }
-
-private:
-    static constexpr size_t TailleTampon = size_t(9) << 10; // of an entry, its head and first bytes are read here
-
-    zip_int64_t Lire(std::span<char> vers);
-    zip_int64_t Aller(void* ou, zip_uint64_t taille);
-    zip_int64_t Decrire(zip_stat_t& etat) const;
-
-    int m_fichier; ///< not owned
-    uint64_t m_taille;
-    zip_error_t m_erreur;
-    std::vector<char> m_tampon;
-    uint64_t m_debut = 0; ///< where the buffer's first byte stands
-    uint64_t m_position = 0;
-};
-
-zip_int64_t SourceArchive::Lire(std::span<char> vers)
-{
-    if (m_position < m_debut || m_position >= m_debut + m_tampon.size()) {
-        m_tampon.resize(TailleTampon);
-        const ssize_t lus = LireA(m_fichier, m_tampon, m_position);
-        m_tampon.resize(lus > 0 ? static_cast<size_t>(lus) : 0);
-        m_debut = m_position;
-        if (lus < 0) {
-            zip_error_set(&m_erreur, ZIP_ER_READ, errno);
-            return -1;
-        }
-    }
-    const std::span<const char> reste = std::span(m_tampon).subspan(static_cast<size_t>(m_position - m_debut));
-    const size_t rendus = std::min(vers.size(), reste.size());
-    std::copy_n(reste.begin(), rendus, vers.begin());
-    m_position += rendus;
-    return static_cast<zip_int64_t>(rendus);
-}
-
-zip_int64_t SourceArchive::Aller(void* ou, zip_uint64_t taille)
-{
-    const zip_int64_t vers = zip_source_seek_compute_offset(m_position, m_taille, ou, taille, &m_erreur);
-    if (vers < 0)
-        return -1;
-    m_position = static_cast<uint64_t>(vers);
-    return 0;
-}
-
-zip_int64_t SourceArchive::Decrire(zip_stat_t& etat) const
-{
-    zip_stat_init(&etat);
-    etat.size = m_taille;
-    etat.valid = ZIP_STAT_SIZE;
-    return sizeof(etat);
-}
-
-zip_int64_t SourceArchive::Commande(void* source, void* donnees, zip_uint64_t taille, zip_source_cmd_t commande)
-{
-    auto* moi = static_cast<SourceArchive*>(source);
-    switch (commande) {
-    case ZIP_SOURCE_OPEN:
-        moi->m_position = 0;
-        return 0;
-    case ZIP_SOURCE_READ:
-        return moi->Lire({static_cast<char*>(donnees), static_cast<size_t>(taille)});
-    case ZIP_SOURCE_CLOSE:
-        return 0;
-    case ZIP_SOURCE_STAT:
-        return moi->Decrire(*static_cast<zip_stat_t*>(donnees));
-    case ZIP_SOURCE_SEEK:
-        return moi->Aller(donnees, taille);
-    case ZIP_SOURCE_TELL:
-        return static_cast<zip_int64_t>(moi->m_position);
-    case ZIP_SOURCE_ERROR:
-        return zip_error_to_data(&moi->m_erreur, donnees, taille);
-    case ZIP_SOURCE_FREE:
-        delete moi;
-        return 0;
-    case ZIP_SOURCE_SUPPORTS:
-        return ZIP_SOURCE_SUPPORTS_SEEKABLE;
-    default:
-        zip_error_set(&moi->m_erreur, ZIP_ER_OPNOTSUPP, 0);
-        return -1;
-    }
-}
 
 namespace {
 
@@ -218,17 +121,11 @@ Origine OuvrirOrigine(std::shared_ptr<const ArchiveConnue> connue)
     Descripteur fichier(open(QFile::encodeName(connue->chemin).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (!fichier || EtatDe(fichier.Numero()) != connue->etat)
         return nullptr;
-    auto lecteur = std::make_unique<SourceArchive>(fichier.Numero(), connue->etat.taille);
-    zip_source_t* source = zip_source_function_create(SourceArchive::Commande, lecteur.get(), nullptr);
-    if (!source)
+    auto [archive, lue] =
+        LireDepuis(std::make_unique<SourceArchive>(fichier.Numero(), connue->etat.taille, connue->retouches));
+    if (!archive)
         return nullptr;
-    const SourceArchive& lue = *lecteur.release(); // the library frees it
-    Archive archive(zip_open_from_source(source, ZIP_RDONLY, nullptr));
-    if (!archive) {
-        zip_source_free(source);
-        return nullptr;
-    }
-    return Origine(new OrigineZip(std::move(connue), std::move(fichier), std::move(archive), lue));
+    return Origine(new OrigineZip(std::move(connue), std::move(fichier), std::move(archive), *lue));
 }
 
 zip_source_t* OrigineZip::Source(zip_t* archive, Ajout& ajout, const struct stat& fichier, int niveau,

@@ -9,6 +9,14 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <vector>
+
+/// One byte of an archive that is to be read as another one.
+struct Retouche
+{
+    uint64_t place = 0;
+    char octet = 0;
+};
 
 /// One state of a file on the disk. Where it is the same as before, so are the bytes: every write moves the time of the
 /// last change, which no program can set.
@@ -33,7 +41,8 @@ struct ArchiveConnue
     QString chemin;
     EtatFichier etat;
     int niveau = 0;                      ///< deflate level of its entries
-    QHash<QByteArray, Fichier> fichiers; ///< by name in the archive, UTF-8
+    QHash<QByteArray, Fichier> fichiers; ///< by name in the folder, which a new archive has too; UTF-8
+    std::vector<Retouche> retouches;     ///< without which the library does not read it; the lowest place first
 };
 
 /// A known archive that is held open: it stays readable when its name goes.

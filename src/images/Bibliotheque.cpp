@@ -2,23 +2,16 @@
 
 #include "base/Const_Vrac.h"
 #include "catalogue/FichierDuDossier.h"
+#include "catalogue/NomsTenables.h"
 
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// A catalogue's text has no escape: these characters end a field or a line.
-bool EstIntenable(QChar c)
-{
-    return c == u'|' || c.category() == QChar::Other_Control;
-}
 
 bool Copier(QFile& source, FichierDuDossier& cible)
 {
@@ -58,9 +51,7 @@ QStringList ListerImages(const QString& dossier, const EntreDeuxPas& entreDeuxNo
 
 QString NomTenable(const QString& chemin)
 {
-    QString nom = NomDeFichier(chemin);
-    std::replace_if(nom.begin(), nom.end(), EstIntenable, u'_');
-    return nom;
+    return RendreTenable(NomDeFichier(chemin));
 }
 
 QString NomLibre(const QString& dossier, const QString& nom, const EntreDeuxPas& entreDeuxEssais)

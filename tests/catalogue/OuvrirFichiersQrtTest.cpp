@@ -236,6 +236,16 @@ TEST_F(OuvrirFichierTest, TheChosenTypeDoesNotDecideTheForm)
     EXPECT_EQ(cadre.fenetres[1]->myqrt.FileType, "2");
 }
 
+TEST_F(OuvrirFichierTest, ANameThatNoFileCanHaveIsToldAndTheCategoryOpens)
+{
+    const QByteArray nom = QByteArray(300, 'L') + ".jpg";
+    texte.entrees = {"Abbey Road||" + nom};
+    ASSERT_TRUE(Ouvrir(dossier.Ecrire(u"long.qrt"_s, FaireArchive({{"Zelvane.qrt", texte.Texte()}, {nom, "JFIF"}}))));
+    EXPECT_EQ(reponses.Cles(), QStringList({"msgNoms"}));
+    EXPECT_EQ(Derniere().table.ListItems(1).SmallIcon(), "ico");
+    EXPECT_FALSE(Derniere().myqrt.IlFautSauver);
+}
+
 TEST_F(OuvrirFichierTest, AnArchiveThatCannotBeExtractedTakesWindowTabAndFolderAway)
 {
     const QByteArray archive = FaireArchive({{.nom = "Zelvane.qrt", .contenu = texte.Texte(), .crc = 1}});

@@ -1,5 +1,6 @@
 // zelvane-cli as its users run it.
 #include "catalogue/PlaceDuFichier.h"
+#include "support/ArchiveDeTest.h"
 #include "support/TableDeTest.h"
 
 #include <QDir>
@@ -372,6 +373,23 @@ TEST_F(ZelvaneCli, WhatAKilledRunLeavesGoesWithTheNextOne)
     EXPECT_EQ(documents().size(), 1);
     EXPECT_EQ(Lancer({"type", Bare()}).statut, 0);
     EXPECT_EQ(documents(), QStringList());
+}
+
+TEST_F(ZelvaneCli, NamesThatNoFileCanHaveAreToldAndTheRestIsDone)
+{
+    const QByteArray nom = QByteArray(300, 'L') + ".jpg";
+    TexteDeCatalogue texte;
+    texte.entrees = {"un||" + nom};
+    const QString archive =
+        dossier.Ecrire("long.qrt", FaireArchive({{"Zelvane.qrt", texte.Texte()}, {nom, "image"}, {"\x01", "x"}}));
+    const Resultat liste = Lancer({"list", "--json", archive});
+    EXPECT_EQ(liste.statut, 0);
+    EXPECT_TRUE(liste.sortie.contains("\"icon\":\"ico\""));
+    EXPECT_TRUE(liste.erreurs.startsWith("msgNoms: ")) << liste.erreurs.toStdString();
+    const QString copie = dossier.Fichier("copie.qrt");
+    EXPECT_EQ(Lancer({"convert", archive, copie}).statut, 0);
+    EXPECT_EQ(Lancer({"list", copie}).erreurs, "");
+    EXPECT_EQ(Lancer({"list", copie}).sortie, Lancer({"list", archive}).sortie);
 }
 
 TEST_F(ZelvaneCli, AFullOutputIsAFailure)
