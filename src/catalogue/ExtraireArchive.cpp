@@ -1,9 +1,12 @@
 #include "base/AfficherMsg.h"
 #include "catalogue/NomsDeLArchive.h"
 #include "catalogue/QrtClass.h"
+#include "catalogue/VolumeDArchive.h"
 #include "catalogue/ccZip.h"
 #include "catalogue/mZipDLLProc.h"
 #include "extensions/modLang.h"
+
+#include <QFileInfo>
 
 #include <new>
 
@@ -19,7 +22,14 @@ bool ExtraireArchive(QrtClass& doc)
     }
     doc.Archive.reset();
     archive->Init(doc.CheminReel());
+    archive->Limites.accepter = [&doc](uint64_t volume) {
+        return AccepterVolume(volume, static_cast<uint64_t>(QFileInfo(doc.CheminReel()).size()));
+    };
     const int resultat = archive->Decompress(doc.TmpFolder, QString());
+    if (resultat == ZipAbandon) {
+        doc.ClearLV();
+        return false;
+    }
     if (resultat > ZipAvertissement || !AccorderNoms(doc, *archive)) {
         AfficherMsg(
             LangMsg(QStringLiteral("msg52"), QStringLiteral("Une erreur s'est produite pendant la décompression")),

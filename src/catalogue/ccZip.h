@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -28,6 +29,7 @@ enum ResultatZip {
     ZipLecture = 18,      ///< a file to be added cannot be read
     ZipDisque = 50,       ///< the disk is full, would become full, or refuses a file
     ZipTronque = 51,      ///< the archive ends too early
+    ZipAbandon = 80,      ///< the user did not want it
     ZipMethode = 81,      ///< a compression or an encryption that is not known here
     ZipMotDePasse = 82,   ///< no password was given, or a wrong one
 };
@@ -39,6 +41,9 @@ struct LimitesExtraction
 {
     uint64_t parEntree = uint64_t(4) << 30;
     std::optional<uint64_t> placeLibre; ///< instead of what the disk tells
+    /// Asked before the first byte is written, with the number of bytes that the entries announce; may give up
+    /// (ZipAbandon). What is beyond the bounds is refused without a question.
+    std::function<bool(uint64_t)> accepter = {};
 };
 
 /// An entry whose name no file of the folder can have, or no entry of the next archive: it is too long or holds control
@@ -102,6 +107,7 @@ private:
     QString m_infos;
 };
 
-/// Extracts CheminReel into TmpFolder, asking for a password where one is needed. Entries that cannot keep their
-/// names are told ("msgNoms"). Shows "msg51" or "msg52", clears the table and returns false when that fails.
+/// Extracts CheminReel into TmpFolder, asking for a password where one is needed, and first of all when it would become
+/// unusually large ("msgVolume"). Entries that cannot keep their names are told ("msgNoms"). Shows "msg51" or "msg52",
+/// clears the table and returns false when that fails; after a no to the size without another message.
 bool ExtraireArchive(QrtClass& doc);

@@ -188,19 +188,22 @@ ResultatZip Extraction::VerifierPlace()
     constexpr uint64_t plusGrandeReserve = uint64_t(64) << 20;
     constexpr uint64_t bloc = 4096;
     uint64_t somme = 0;
+    uint64_t volume = 0;
     for (const Choix& choix : m_choisis) {
         if (choix.etat.size > m_limites.parEntree) {
             Dire(choix, QStringLiteral("too large"));
             return ZipTropGrand;
         }
+        volume += choix.etat.size;
         somme += (choix.etat.size + bloc - 1) / bloc * bloc;
     }
     const uint64_t libre = PlaceLibre();
     m_reserve = std::min(libre / 16, plusGrandeReserve);
-    if (somme <= libre - m_reserve)
-        return ZipFait;
-    Dire(QStringLiteral("the disk"), QStringLiteral("not enough free space"));
-    return ZipDisque;
+    if (somme > libre - m_reserve) {
+        Dire(QStringLiteral("the disk"), QStringLiteral("not enough free space"));
+        return ZipDisque;
+    }
+    return !m_limites.accepter || m_limites.accepter(volume) ? ZipFait : ZipAbandon;
 }
 
 ResultatZip Extraction::ExtraireUn(const Choix& choix)

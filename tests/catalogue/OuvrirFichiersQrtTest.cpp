@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QStorageInfo>
 
 #include <gtest/gtest.h>
 
@@ -234,6 +235,22 @@ TEST_F(OuvrirFichierTest, TheChosenTypeDoesNotDecideTheForm)
     ASSERT_TRUE(Ouvrir(FichierArchive(u"b.qrt"_s), TypeQrt14));
     EXPECT_EQ(cadre.fenetres[0]->myqrt.FileType, "1");
     EXPECT_EQ(cadre.fenetres[1]->myqrt.FileType, "2");
+}
+
+TEST_F(OuvrirFichierTest, AnArchiveThatIsNotWantedForItsSizeLeavesNothing)
+{
+    constexpr uint64_t troisGo = uint64_t(3) << 30;
+    if (QStorageInfo(dossier.Chemin()).bytesAvailable() < static_cast<qint64>(troisGo + troisGo / 2))
+        GTEST_SKIP() << "the disk has no room for what the archive announces";
+    reponses.Preparer(RepNon);
+    EXPECT_FALSE(
+        Ouvrir(dossier.Ecrire(u"enorme.qrt"_s, FaireArchive({{"Zelvane.qrt", texte.Texte()},
+                                                             {.nom = "a", .contenu = "", .taille = troisGo}}))));
+    EXPECT_EQ(reponses.Cles(), QStringList({"msgVolume"})) << "no other message";
+    EXPECT_EQ(cadre.creees, 1);
+    EXPECT_TRUE(cadre.fenetres.empty());
+    EXPECT_TRUE(cadre.onglets.isEmpty());
+    EXPECT_TRUE(QDir(TempFolder).isEmpty());
 }
 
 TEST_F(OuvrirFichierTest, ANameThatNoFileCanHaveIsToldAndTheCategoryOpens)

@@ -10,6 +10,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QStorageInfo>
 #include <QThread>
 
 #include <gtest/gtest.h>
@@ -390,6 +391,24 @@ TEST_F(ZelvaneCli, NamesThatNoFileCanHaveAreToldAndTheRestIsDone)
     EXPECT_EQ(Lancer({"convert", archive, copie}).statut, 0);
     EXPECT_EQ(Lancer({"list", copie}).erreurs, "");
     EXPECT_EQ(Lancer({"list", copie}).sortie, Lancer({"list", archive}).sortie);
+}
+
+TEST_F(ZelvaneCli, AnArchiveThatWouldBecomeUnusuallyLargeIsRefused)
+{
+    constexpr uint64_t troisGo = uint64_t(3) << 30;
+    if (QStorageInfo(dossier.Chemin()).bytesAvailable() < static_cast<qint64>(troisGo + troisGo / 2))
+        GTEST_SKIP() << "the disk has no room for what the archive announces";
+    const QString archive = dossier.Ecrire(
+        "enorme.qrt",
+        FaireArchive({{"Zelvane.qrt", TexteDeCatalogue().Texte()}, {.nom = "a", .contenu = "", .taille = troisGo}}));
+    for (const QStringList& commande : {QStringList{"list", archive}, {"convert", archive, dossier.Fichier("x.qrt")}}) {
+        const Resultat resultat = Lancer(commande);
+        EXPECT_EQ(resultat.statut, 1);
+        EXPECT_EQ(resultat.sortie, "");
+        EXPECT_TRUE(resultat.erreurs.startsWith("msgVolume: ")) << resultat.erreurs.toStdString();
+        EXPECT_EQ(resultat.erreurs.count('\n'), 1);
+    }
+    EXPECT_FALSE(dossier.Existe("x.qrt"));
 }
 
 TEST_F(ZelvaneCli, AFullOutputIsAFailure)
