@@ -1,6 +1,7 @@
 #include "catalogue/CopieDeSecours.h"
 
 #include "base/Const_Vrac.h"
+#include "platform/PageDeCode.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -85,7 +86,7 @@ std::optional<Ouverte> Lire(QFile& fichier)
         return std::nullopt;
     QByteArrayView reste = QByteArrayView(octets).sliced(s_debut.size());
     const auto lisible = [](const QByteArray& valeur) {
-        return QString::fromUtf8(QByteArray::fromPercentEncoding(valeur));
+        return PageDeCode::DeUtf8(QByteArray::fromPercentEncoding(valeur));
     };
     QList<QByteArray> valeurs;
     for (const char* cle : {"Nom", "Chemin", "Type", "Processus", "Base", "Texte"}) {

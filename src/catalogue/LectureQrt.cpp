@@ -150,7 +150,7 @@ public:
 private:
     QString Texte(QByteArrayView octets) const
     {
-        return m_source.codage == Codage::Utf8 ? QString::fromUtf8(octets) : PageDeCode::VersTexte(octets);
+        return m_source.codage == Codage::Utf8 ? PageDeCode::DeUtf8(octets) : PageDeCode::VersTexte(octets);
     }
 
     void Sauter(int lignes)

@@ -54,7 +54,7 @@ QString Cellule::Texte() const
 {
     if (!existe)
         return QString();
-    return codage == Codage::Utf8 ? QString::fromUtf8(octets()) : PageDeCode::VersTexte(octets());
+    return codage == Codage::Utf8 ? PageDeCode::DeUtf8(octets()) : PageDeCode::VersTexte(octets());
 }
 
 /// The "|" that ends the field at hand; null where none does.

@@ -90,7 +90,7 @@ std::optional<QString> LireCommentaire(const QString& dossier)
         return std::nullopt;
     const QByteArray catalogue = LireFichier(dossier + QStringLiteral("Zelvane.qrt")).value_or(QByteArray());
     const Contenu contenu = Lire(dossier, catalogue, *huitBits);
-    return contenu.commentaire ? QString::fromUtf8(*contenu.commentaire) : PageDeCode::VersTexte(*huitBits);
+    return contenu.commentaire ? PageDeCode::DeUtf8(*contenu.commentaire) : PageDeCode::VersTexte(*huitBits);
 }
 
 } // namespace TexteExact

@@ -4,6 +4,8 @@
 
 #include "platform/PageDeCode.h"
 
+#include "platform/PageDeCode.h"
+
 #include <QFile>
 #include <QStringDecoder>
 
@@ -56,7 +58,7 @@ NomLu Couper(const NomLu& lu, QByteArrayView brut, qsizetype zero)
 {
     if (zero < 0 || zero >= brut.size() || brut[zero] != ' ')
         return lu;
-    const QString utf8 = QString::fromUtf8(brut.first(zero));
+    const QString utf8 = PageDeCode::DeUtf8(brut.first(zero));
     return {lu.nom.startsWith(utf8) ? utf8 : lu.nom.left(zero), true};
 }
 
@@ -68,7 +70,7 @@ std::vector<NomLu> LireNoms(zip_t* archive, const QString& chemin, const NomsRef
     std::vector<NomLu> noms(nombre);
     std::vector<size_t> avecBlanc;
     for (size_t i = 0; i < nombre; ++i) {
-        noms[i].nom = QString::fromUtf8(zip_get_name(archive, i, ZIP_FL_ENC_STRICT));
+        noms[i].nom = PageDeCode::DeUtf8(zip_get_name(archive, i, ZIP_FL_ENC_STRICT));
         if (noms[i].nom.contains(u' '))
             avecBlanc.push_back(i);
     }

@@ -1,5 +1,7 @@
 #include "platform/PageDeCode.h"
 
+#include <QStringDecoder>
+
 #include <unicode/ucnv.h>
 
 #include <algorithm>
@@ -84,9 +86,19 @@ bool EstRepresentable(QStringView texte)
     return std::all_of(texte.utf16(), texte.utf16() + texte.size(), [&](char16_t unite) { return table[unite] >= 0; });
 }
 
+QString DeUtf8(QByteArrayView utf8)
+{
+    if (!utf8.startsWith("\xEF\xBB\xBF"))
+        return QString::fromUtf8(utf8); // which drops the mark
+    using Convertisseur = QStringConverter;
+    QStringDecoder decodeur(Convertisseur::Utf8,
+                            Convertisseur::Flag::Stateless | Convertisseur::Flag::ConvertInitialBom);
+    return decodeur(utf8);
+}
+
 QByteArray ReduireUtf8(QByteArrayView utf8)
 {
-    return VersOctets(QString::fromUtf8(utf8));
+    return VersOctets(DeUtf8(utf8));
 }
 
 } // namespace PageDeCode

@@ -28,6 +28,10 @@ QByteArray VersOctets(QStringView texte);
 /// True when VersOctets(texte) loses nothing.
 bool EstRepresentable(QStringView texte);
 
+/// Decodes UTF-8 as it stands, a byte order mark in front included: that is a character of the value or the name. Never
+/// fails.
+QString DeUtf8(QByteArrayView utf8);
+
 /// Reduces UTF-8 to the code page as VersOctets does. What is not UTF-8 becomes "?".
 QByteArray ReduireUtf8(QByteArrayView utf8);
 

@@ -280,6 +280,16 @@ TEST_F(Ecriture, ExactTextGoesBesideTheReducedOneAndComesBack)
     EXPECT_EQ(d.dossier.Lire("Zelvane.utf8"), exact);
 }
 
+// It stands at the beginning of what some programs put into the clipboard.
+TEST_F(Ecriture, AByteOrderMarkInAValueDoesNotSpoilTheExactText)
+{
+    d.Charger(PetitCatalogue().Texte());
+    d.table.ListItems(1).SetText(QStringLiteral("\uFEFF日本"));
+    ASSERT_TRUE(EcrireFichier(d.doc, false));
+    ChargerFichier(d.doc);
+    EXPECT_EQ(d.table.ListItems(1).Text(), QStringLiteral("\uFEFF日本"));
+}
+
 TEST_F(Ecriture, ATextThatFitsNeedsNoSecondFile)
 {
     d.Charger(PetitCatalogue().Texte());

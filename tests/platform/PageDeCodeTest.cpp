@@ -104,4 +104,11 @@ TEST(PageDeCode, ReducesUtf8)
     EXPECT_EQ(PageDeCode::ReduireUtf8("a\xFF"), "a?");
 }
 
+TEST(PageDeCode, TakesAByteOrderMarkInUtf8AsACharacter)
+{
+    EXPECT_EQ(PageDeCode::DeUtf8("\xEF\xBB\xBF\xEF\xBB\xBF\xC3\xA9\xFF"), u"\uFEFF\uFEFF\u00E9\uFFFD");
+    EXPECT_EQ(PageDeCode::DeUtf8("\xC3\xA9\xFF"), u"\u00E9\uFFFD");
+    EXPECT_EQ(PageDeCode::ReduireUtf8("\xEF\xBB\xBF"), "?");
+}
+
 } // namespace
