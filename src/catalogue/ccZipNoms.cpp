@@ -88,7 +88,7 @@ std::vector<NomLu> LireNoms(zip_t* archive, const QString& chemin, const NomsRef
 bool EstNomPossible(const QString& nom)
 {
     return std::none_of(nom.begin(), nom.end(),
-                        [](QChar c) { return c < u' ' && c != u'\t' && c != u'\r' && c != u'\n'; });
+                        [](QChar c) { return (c < u' ' && c != u'\t' && c != u'\r' && c != u'\n') || c == u'\\'; });
 }
 
 QString NomNu(const QString& nom)

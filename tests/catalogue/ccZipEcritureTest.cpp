@@ -279,6 +279,15 @@ TEST_F(ArchiveEcrite, ANameWithAControlCharacterIsNotTakenAndSpoilsNothing)
     EXPECT_EQ(Noms(), QStringList("a\n.jpg"));
 }
 
+TEST_F(ArchiveEcrite, ANameThatWouldComeBackAsAnotherOneIsNotTaken)
+{
+    EXPECT_EQ(Ajouter("dossier\\b.jpg", "un"), ZipLecture);
+    EXPECT_EQ(Ajouter("b.jpg", "deux"), ZipFait);
+    EXPECT_EQ(Ajouter(QStringLiteral("\uFEFFb.jpg"), "trois"), ZipFait);
+    EXPECT_EQ(zip.Fermer(), ZipFait);
+    EXPECT_EQ(Noms(), QStringList({"b.jpg", QStringLiteral("\uFEFFb.jpg")}));
+}
+
 TEST_F(ArchiveEcrite, AFileThatVanishesBeforeTheEndFailsAndLeavesTheOldArchive)
 {
     cible.Ecrire("essai.qrt", FaireArchive({{"ancien", "1"}}));
