@@ -18,6 +18,7 @@
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
+#include <limits>
 #include <system_error>
 #include <unistd.h>
 
@@ -53,7 +54,8 @@ QSet<QString> Candidats()
 
 bool EstVivant(qint64 processus)
 {
-    return processus > 0 && (kill(static_cast<pid_t>(processus), 0) == 0 || errno != ESRCH);
+    return processus > 0 && processus <= std::numeric_limits<pid_t>::max() &&
+           (kill(static_cast<pid_t>(processus), 0) == 0 || errno != ESRCH);
 }
 
 /// Takes hold of a folder that nobody holds.
