@@ -2,46 +2,19 @@
 // from that table reads back to the same bytes.
 //
 // An input is the text, and behind the byte 0x1E, where there is one, the exact text beside it ("Zelvane.utf8").
-#include "base/AfficherMsg.h"
+#include "Commun.h"
+
 #include "catalogue/FichierQrt.h"
 #include "catalogue/TexteExact.h"
-#include "catalogue/TexteQrt.h"
 #include "platform/Plateforme.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 
 namespace {
-
-void Verifier(bool vrai, const char* quoi)
-{
-    if (vrai)
-        return;
-    std::fprintf(stderr, "fuzz_reader: %s\n", quoi);
-    std::abort();
-}
-
-struct Compteur : PresentateurMessages
-{
-    int messages = 0;
-    int Afficher(const Message&, int, const QString&) override { return ++messages, int(RepOk); }
-    QString DemanderMotDePasse(const QString&, const QString&) override { return {}; }
-};
-
-struct EnMemoire : Puits
-{
-    QByteArray octets;
-    bool Recevoir(const char* debut, size_t taille) override
-    {
-        octets.append(debut, static_cast<qsizetype>(taille));
-        return true;
-    }
-};
 
 struct Atelier
 {
@@ -56,32 +29,10 @@ struct Atelier
         Ecrire(QStringLiteral("present.jpg"), "x");
     }
 
-    void Ecrire(const QString& nom, const QByteArray& octets) const
-    {
-        QFile fichier(dossier.filePath(nom));
-        Verifier(fichier.open(QIODevice::WriteOnly) && fichier.write(octets) == octets.size(), "no room to work in");
-    }
+    void Ecrire(const QString& nom, const QByteArray& octets) const { EcrireOctets(dossier.filePath(nom), octets); }
 
     QTemporaryDir dossier;
 };
-
-QByteArray Texte(const QrtClass& doc, stockage::Codage codage)
-{
-    EnMemoire puits;
-    EcrireTexteQrt(doc, "2", EntreesEcrites::Toutes, codage, puits);
-    return puits.octets;
-}
-
-/// True when a line may announce so many copies that one input takes a second: the bound on them has a test of its own.
-bool AnnonceBeaucoup(const QByteArray& texte)
-{
-    for (const QByteArray& ligne : texte.split('\n')) {
-        const double nombre = ligne.mid(ligne.indexOf('=') + 1).trimmed().replace(',', '.').toDouble();
-        if (nombre > 5000 && nombre < 2e6)
-            return true;
-    }
-    return false;
-}
 
 void VerifierTable(const QrtClass& doc)
 {
@@ -111,14 +62,14 @@ void Recharger(const Atelier& atelier, QrtClass& doc)
     // A written file always says that it is sorted, so only the entries of a sorted table keep their order.
     if (!doc.MyLV->Sorted() || qint64(doc.ColCount()) * doc.ItemsCount() > 200000)
         return;
-    const QByteArray huitBits = Texte(doc, stockage::Codage::Cp1252);
-    const QByteArray exact = Texte(doc, stockage::Codage::Utf8);
+    const QByteArray huitBits = TexteDe(doc, stockage::Codage::Cp1252);
+    const QByteArray exact = TexteDe(doc, stockage::Codage::Utf8);
     Verifier(TexteExact::FinDuTexteReduit(exact, huitBits) == exact.size(), "the exact text does not reduce");
     atelier.Ecrire(QStringLiteral("Zelvane.qrt"), huitBits);
     atelier.Ecrire(QStringLiteral("Zelvane.utf8"), exact);
     ChargerFichier(doc);
-    Verifier(Texte(doc, stockage::Codage::Cp1252) == huitBits, "what was written reads back as something else");
-    Verifier(Texte(doc, stockage::Codage::Utf8) == exact, "the exact text reads back as something else");
+    Verifier(TexteDe(doc, stockage::Codage::Cp1252) == huitBits, "what was written reads back as something else");
+    Verifier(TexteDe(doc, stockage::Codage::Utf8) == exact, "the exact text reads back as something else");
 }
 
 } // namespace
@@ -133,8 +84,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* octets, size_t taille)
     atelier.Ecrire(QStringLiteral("Zelvane.qrt"), coupe < 0 ? entree : entree.left(coupe));
     atelier.Ecrire(QStringLiteral("Zelvane.utf8"), coupe < 0 ? QByteArray() : entree.mid(coupe + 1));
 
-    Compteur compteur;
-    InstallerPresentateur(&compteur);
+    const CompteurDeMessages compteur;
     MyLV table;
     QrtClass doc;
     doc.MyLV = &table;
@@ -146,6 +96,5 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* octets, size_t taille)
         VerifierTable(doc);
         Recharger(atelier, doc);
     }
-    InstallerPresentateur(nullptr);
     return 0;
 }
