@@ -1,11 +1,16 @@
 // What the frame does while a file is being replaced: nothing that opens, closes or changes a document.
 #include "CadreEnFenetre.h"
 
+#include "catalogue/FichierQrt.h"
 #include "platform/Retenue.h"
 #include "shell/BarreOutils.h"
 
+#include <QAccessible>
 #include <QDropEvent>
+#include <QFile>
 #include <QMimeData>
+#include <QTimer>
+#include <QToolButton>
 #include <QUrl>
 
 #include <functional>
@@ -65,8 +70,42 @@ TEST_F(MDIForm1RetenueTest, ButtonsOfTheBarsWait)
     Montrer();
     Form1& fenetre = Ouvrir(u"a.qrt"_s);
     const bool grille = fenetre.myqrt.MyLV->GridLines();
-    Q_EMIT cadre->findChild<BarreOutils*>(u"Toolbar1"_s)->BoutonPresse(u"grille"_s);
+    // As a screen reader does it, by a call that arrives over the desktop's bus at any time.
+    for (QToolButton* bouton : cadre->findChild<BarreOutils*>(u"Toolbar1"_s)->findChildren<QToolButton*>()) {
+        QAccessibleInterface* vue = QAccessible::queryAccessibleInterface(bouton);
+        if (vue && vue->text(QAccessible::Name) == u"Afficher/Cacher la grille")
+            vue->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    }
+    QTest::qWait(200); // the toolkit shows the button pressed for a moment first
     Attendre([&] { return fenetre.myqrt.MyLV->GridLines() != grille; });
+}
+
+TEST_F(MDIForm1RetenueTest, WindowsArePaintedWhileASaveRuns)
+{
+    retenue.reset();
+    Montrer();
+    Form1& fenetre = Ouvrir(u"a.qrt"_s);
+    for (int i = 0; i < 20; ++i) {
+        QFile image(fenetre.myqrt.TmpFolder + u"i%1.jpg"_s.arg(i));
+        ASSERT_TRUE(image.open(QIODevice::WriteOnly) && image.write("x") == 1);
+    }
+    class Peintures : public QObject
+    {
+    public:
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            pendant += Retenue::EnCours() && event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+        int pendant = 0;
+    } peintures;
+    cadre->installEventFilter(&peintures);
+    QTimer minuteur;
+    QObject::connect(&minuteur, &QTimer::timeout, cadre.get(), qOverload<>(&QWidget::update));
+    minuteur.start(0);
+    fenetre.myqrt.FileType = u"2"_s;
+    EXPECT_TRUE(EcrireFichier(fenetre.myqrt, false));
+    EXPECT_GE(peintures.pendant, 2);
 }
 
 TEST_F(MDIForm1RetenueTest, AnotherStartThatClosesTheFrameWaits)
