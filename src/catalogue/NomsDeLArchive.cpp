@@ -83,7 +83,7 @@ void EviterLesNoms(const QSet<QByteArray>& nommees, const TextesDuDossier& texte
                    ccZip& archive)
 {
     constexpr qsizetype auPlus = 240;
-    NomsDuDossier noms(auPlus);
+    NomsDistincts noms(auPlus);
     for (const QByteArray& nom : nommees)
         noms.Prendre(textes.EnTexte(nom));
     for (const QString& nom : QDir(dossier).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Unsorted))

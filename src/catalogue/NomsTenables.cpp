@@ -49,13 +49,18 @@ QString RendreTenable(QString nom)
     return nom;
 }
 
-QString NomsDuDossier::Donner(const QString& nom)
+QString NomsDistincts::Donner(const QString& nom)
 {
     QString tenable = RendreTenable(nom);
     if (tenable.startsWith(u"Zelvane."_s, Qt::CaseInsensitive))
         tenable.prepend(u'_');
     const auto [corps, extension] = Couper(tenable);
-    for (int numero = 1;; ++numero) {
+    // Where the numbers of names that begin alike go on: else thousands of them would each try all before.
+    constexpr qsizetype pourLeNumero = 8;
+    const QString debut = Debut(corps, m_octets - extension.toUtf8().size() - pourLeNumero) + extension;
+    int& dernier = m_numeros[debut.toCaseFolded()];
+    for (int numero = 1;; numero = ++dernier) {
+        dernier = std::max(dernier, numero);
         const QString suite = (numero > 1 ? u'-' + QString::number(numero) : QString()) + extension;
         const QString essai = Debut(corps, m_octets - suite.toUtf8().size()) + suite;
         if (const QString plie = essai.toCaseFolded(); !m_pris.contains(plie)) {

@@ -1,6 +1,7 @@
 // Names that an image can have: as a file of a document's folder, and in the catalogue's text, which has no escape.
 #pragma once
 
+#include <QHash>
 #include <QSet>
 #include <QString>
 
@@ -8,11 +9,11 @@
 QString RendreTenable(QString nom);
 
 /// Gives names for files of one folder, no two alike in whatever case.
-class NomsDuDossier
+class NomsDistincts
 {
 public:
     /// `octetsAuPlus`: of a name that is given.
-    explicit NomsDuDossier(qsizetype octetsAuPlus) : m_octets(octetsAuPlus) {}
+    explicit NomsDistincts(qsizetype octetsAuPlus) : m_octets(octetsAuPlus) {}
 
     void Prendre(const QString& nom) { m_pris.insert(nom.toCaseFolded()); }
     /// A name like `nom` that can stand in the folder and is not taken yet; it is from here on. It is none of the names
@@ -22,4 +23,5 @@ public:
 private:
     qsizetype m_octets;
     QSet<QString> m_pris;
+    QHash<QString, int> m_numeros; ///< the last one given, by the beginning of the name
 };

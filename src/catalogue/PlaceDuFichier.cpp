@@ -126,9 +126,16 @@ std::optional<Descripteur> PlaceDuFichier::Creer()
         return std::nullopt;
     }
     m_neuf = Descripteur(fcntl(neuf.Numero(), F_DUPFD_CLOEXEC, 0));
-    // Between its making and its locking another program may have taken it for the old one.
-    m_perdue = !m_neuf || Verrouiller(m_neuf) == Verrou::Refuse || !EstEnPlace();
+    if (!m_neuf) {
+        const int cause = errno;
+        unlink(m_octets.constData());
+        errno = cause;
+        return std::nullopt;
+    }
+    // Between its making and its locking another program may have taken it for the old one: it is that one's to delete.
+    m_perdue = Verrouiller(m_neuf) == Verrou::Refuse || !EstEnPlace();
     if (m_perdue) {
+        m_neuf.Fermer();
         errno = EEXIST;
         return std::nullopt;
     }

@@ -157,7 +157,7 @@ bool Extraction::EstPossible(const QString& nom, const QByteArray& fichier) cons
 void Extraction::Renommer(const std::vector<std::pair<size_t, QString>>& impossibles)
 {
     constexpr qsizetype pourDesSuffixes = 15; // what the program sets before and behind the names of images
-    NomsDuDossier noms(m_octetsDUnNom - pourDesSuffixes);
+    NomsDistincts noms(m_octetsDUnNom - pourDesSuffixes);
     for (const Choix& choix : m_choisis)
         noms.Prendre(QFile::decodeName(choix.fichier));
     QHash<QString, QByteArray> donnes;

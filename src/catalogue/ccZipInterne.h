@@ -75,8 +75,8 @@ std::vector<NomLu> LireNoms(zip_t* archive, const QString& chemin, const NomsRef
 QString LireCommentaire(zip_t* archive);
 
 /// Whether an entry that is written can have the name: the library refuses control characters, those of a text apart.
-/// And what stands before a "\" is a folder to whoever extracts: the file would come back under another name, maybe that
-/// of another one.
+/// And what stands before a "\" is a folder to whoever extracts: the file would come back under another name, maybe
+/// that of another one.
 bool EstNomPossible(const QString& nom);
 /// The part of a name behind its last "/" or "\".
 QString NomNu(const QString& nom);

@@ -280,9 +280,19 @@ TEST_F(NomsImpossibles, ATextThatIsNoneIsNoMatter)
 
 // ---- The names, and the text
 
-TEST(NomsDuDossier, AnExtensionThatIsTooLongIsCutWithTheRest)
+TEST(NomsDistincts, ThousandsThatAreCutToTheSameGetNamesAtOnce)
 {
-    NomsDuDossier noms(20);
+    constexpr int combien = 50000; // each trying all before would be a matter of hours
+    NomsDistincts noms(240);
+    QSet<QString> donnes;
+    for (int i = 0; i < combien; ++i)
+        donnes.insert(noms.Donner(QString(300, u'x') + QString::number(i) + ".jpg"));
+    EXPECT_EQ(donnes.size(), combien);
+}
+
+TEST(NomsDistincts, AnExtensionThatIsTooLongIsCutWithTheRest)
+{
+    NomsDistincts noms(20);
     EXPECT_EQ(noms.Donner("abc." + QString(40, 'x')), "abc." + QString(16, 'x'));
     EXPECT_EQ(noms.Donner("abc." + QString(40, 'x')), "abc." + QString(14, 'x') + "-2");
     EXPECT_EQ(noms.Donner(u"\u0001\u0085\u007F|.jpg"_s), "____.jpg");
