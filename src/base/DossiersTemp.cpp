@@ -1,6 +1,7 @@
 // The temporary folders of documents: drawing, holding and deleting them.
 #include "base/Const_Vrac.h"
 
+#include "base/NomsDuDossier.h"
 #include "base/Options.h"
 #include "platform/Plateforme.h"
 #include "platform/VerrouDossier.h"
@@ -49,8 +50,8 @@ void CreerDossierPrive(const QString& dossier)
 /// next start and never mixes with a new document.
 bool EstLaisse(const QString& dossier)
 {
-    constexpr auto Tout = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
-    return !QDir(dossier).isEmpty(Tout) || QFileInfo::exists(FichierDeSecours(dossier));
+    const std::optional<QStringList> noms = NomsDuDossier(dossier);
+    return (noms && !noms->isEmpty()) || QFileInfo::exists(FichierDeSecours(dossier));
 }
 
 /// Creates the folder and takes hold of it; nothing when somebody else holds it.
@@ -76,7 +77,11 @@ std::optional<QString> Prendre(int numero)
 
     const QString dossier = AjouterSlash(TempFolder) + nom + u'/';
     const QString cle = CleDossier(dossier);
-    if (DossiersTenus().contains(cle) || QFileInfo(cle).isSymLink())
+    const QFileInfo avant(cle);
+    if (DossiersTenus().contains(cle) || avant.isSymLink())
+        return std::nullopt;
+    // Also when it cannot be looked into: it may hold anything then.
+    if (avant.isDir() && NomsDuDossier(cle) != QStringList())
         return std::nullopt;
     std::optional<VerrouDossier> verrou = CreerEtTenir(cle);
     if (!verrou || EstLaisse(cle))

@@ -1,5 +1,6 @@
 #include "base/Const_Vrac.h"
 #include "platform/VerrouDossier.h"
+#include "support/ArchiveDeTest.h"
 #include "support/Impression.h"
 #include "support/PlateformeDeTest.h"
 
@@ -10,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -40,6 +42,26 @@ TEST_F(CreerDossierTempTest, CreatesTheFolderOfTheNumberDrawn)
     EXPECT_EQ(CreerDossierTemp(), Temp("cat37/"));
 
     EXPECT_TRUE(QFileInfo(Temp("cat37")).isDir());
+}
+
+TEST_F(CreerDossierTempTest, AFolderThatCannotBeLookedIntoIsDrawnAgain)
+{
+    ASSERT_TRUE(QDir().mkpath(Temp("cat37")));
+    Tirer({37, 38});
+    const int resultat = DansUnEnfant([&] {
+        const bool root = geteuid() == 0; // who may look into everything
+        for (const QString& chemin : {m_dossier.Chemin(), TempFolder, Temp("cat37")}) {
+            const QByteArray nom = chemin.toLocal8Bit();
+            if (chmod(nom.constData(), 0300) != 0 || (root && chown(nom.constData(), 65534, 65534) != 0))
+                return 2;
+        }
+        if (root && setuid(65534) != 0)
+            return 3;
+        return CreerDossierTemp() == Temp("cat38/") ? 0 : 1;
+    });
+    EXPECT_EQ(resultat, 0);
+    for (const QString& chemin : {m_dossier.Chemin(), TempFolder, Temp("cat37")})
+        EXPECT_EQ(chmod(chemin.toLocal8Bit().constData(), 0700), 0);
 }
 
 TEST_F(CreerDossierTempTest, DrawsFromOneTo500)

@@ -1,0 +1,49 @@
+#include "base/NomsDuDossier.h"
+
+#include "support/ArchiveDeTest.h"
+#include "support/DossierDeTest.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+TEST(NomsDuDossier, AreThoseOfFilesAndFoldersHiddenOrNot)
+{
+    const DossierDeTest dossier;
+    dossier.Ecrire("a.png", "a");
+    dossier.Ecrire(".cache", "b");
+    dossier.Ecrire("sous/c", "c");
+    std::optional<QStringList> noms = NomsDuDossier(dossier.Chemin());
+    ASSERT_TRUE(noms);
+    noms->sort();
+    EXPECT_EQ(*noms, QStringList({".cache", "a.png", "sous"}));
+    std::optional<QStringList> fichiers = FichiersDuDossier(dossier.Chemin());
+    ASSERT_TRUE(fichiers);
+    fichiers->sort();
+    EXPECT_EQ(*fichiers, QStringList({".cache", "a.png"}));
+}
+
+TEST(NomsDuDossier, AnEmptyFolderHasNone)
+{
+    const DossierDeTest dossier;
+    EXPECT_EQ(NomsDuDossier(dossier.Chemin()), QStringList());
+}
+
+TEST(NomsDuDossier, AFolderThatCannotBeReadIsNotAnEmptyOne)
+{
+    const DossierDeTest dossier;
+    dossier.Ecrire("ferme/a.png", "a");
+    const int resultat = DansUnEnfant([&] {
+        const QByteArray parent = dossier.Chemin().toLocal8Bit(), ferme = dossier.Fichier("ferme").toLocal8Bit();
+        if (chmod(parent.constData(), 0711) != 0 || chmod(ferme.constData(), 0) != 0)
+            return 2;
+        if (geteuid() == 0 && setuid(65534) != 0) // root may read everything
+            return 3;
+        return NomsDuDossier(dossier.Fichier("ferme")) ? 1 : 0;
+    });
+    EXPECT_EQ(resultat, 0);
+    EXPECT_EQ(chmod(dossier.Fichier("ferme").toLocal8Bit().constData(), 0700), 0);
+    EXPECT_FALSE(NomsDuDossier(dossier.Fichier("rien")));
+    EXPECT_FALSE(NomsDuDossier(dossier.Fichier("ferme/a.png")));
+}
