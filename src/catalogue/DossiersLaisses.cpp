@@ -2,6 +2,7 @@
 
 #include "base/Const_Vrac.h"
 #include "base/LieuxTemporaires.h"
+#include "base/NomsDuDossier.h"
 #include "catalogue/Cadre.h"
 #include "catalogue/CopieDeSecours.h"
 #include "catalogue/FichierQrt.h"
@@ -132,10 +133,11 @@ DossierLaisse Decrire(const QString& dossier, VerrouDossier verrou)
     return laisse;
 }
 
-/// Whether there is nothing of a category. A copy that cannot be read may be something.
+/// Whether there is nothing of a category. A folder or a copy that cannot be read may be something.
 bool EstVide(const QString& dossier)
 {
-    if (!QDir(dossier).isEmpty(ToutContenu))
+    const std::optional<QStringList> noms = NomsDuDossier(dossier);
+    if (!noms || !noms->isEmpty())
         return false;
     const QString copie = FichierDeSecours(dossier);
     const std::optional<IdentiteDeSecours> identite = LireIdentite(copie);
@@ -195,11 +197,16 @@ enum class Lecture { Rien, TexteEnregistre, Tout };
 
 Lecture Lire(QrtClass& doc, const DossierLaisse& laisse)
 {
-    const std::optional<QByteArray> texte = LireTexteDeSecours(FichierDeSecours(laisse.dossier));
-    if (laisse.modifie && texte && ChargerTexteExact(doc, *texte))
+    const QString copie = FichierDeSecours(laisse.dossier);
+    const std::optional<IdentiteDeSecours> identite = LireIdentite(copie);
+    // A copy that could not be read a moment ago, or cannot now, may be the later one all the same.
+    const bool illisible = !identite && QFileInfo(copie).size() > 0;
+    const bool modifie = laisse.modifie || (identite && CopiePlusRecente(laisse.dossier, *identite));
+    const std::optional<QByteArray> texte = LireTexteDeSecours(copie);
+    if (modifie && texte && ChargerTexteExact(doc, *texte))
         return Lecture::Tout;
     if (ChargerDossier(doc))
-        return laisse.modifie ? Lecture::TexteEnregistre : Lecture::Tout;
+        return modifie || illisible ? Lecture::TexteEnregistre : Lecture::Tout;
     // The folder's text is later, but spoilt.
     return texte && ChargerTexteExact(doc, *texte) ? Lecture::Tout : Lecture::Rien;
 }

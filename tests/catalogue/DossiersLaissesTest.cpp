@@ -438,6 +438,19 @@ TEST_F(Laisses, SpoiltChangesAreToldAndTheSavedTextIsOpened)
     EXPECT_EQ(dossier.Lire("temp/cat7/abbey.png"), "image");
 }
 
+TEST_F(Laisses, ACopyThatCannotBeReadAtAllMayHoldChangesAndStays)
+{
+    LaisserDossier();
+    LaisserCopie({{"modifié", ""}});
+    QByteArray copie = dossier.Lire("temp/cat7.secours");
+    copie.chop(3);
+    dossier.Ecrire("temp/cat7.secours", copie);
+    ASSERT_NE(Ouvrir(), nullptr);
+    EXPECT_EQ(reponses.Cles(), QStringList({"msgSecoursAncien"}));
+    EXPECT_TRUE(dossier.Existe("temp/cat7/Zelvane.qrt"));
+    EXPECT_EQ(dossier.Lire("temp/cat7.secours"), copie);
+}
+
 TEST_F(Laisses, ASpoiltTextIsReplacedByTheCopyBeforeIt)
 {
     LaisserDossier();
