@@ -14,15 +14,19 @@ namespace {
 const QString s_finDeLigne = QStringLiteral("\r\n");
 
 /// The bytes that "Zelvane.utf8" is to hold once the comments are `texte`; empty when the folder needs no such file.
-QByteArray TexteExactAvec(const QString& dossier, const QString& texte)
+/// Nothing when what stands there cannot be read.
+std::optional<QByteArray> TexteExactAvec(const QString& dossier, const QString& texte)
 {
     const QString chemin = dossier + TexteExact::NomDuFichier();
     const bool enHuitBits = PageDeCode::EstRepresentable(texte);
     if (enHuitBits && !QFileInfo::exists(chemin))
-        return {};
-    const QByteArray huitBits = LireFichier(dossier + QStringLiteral("Zelvane.qrt")).value_or(QByteArray());
-    const QByteArray enUtf8 = PageDeCode::VersTexte(huitBits).toUtf8();
-    const QByteArray catalogue = TexteExact::Lire(dossier, huitBits, {}).catalogue.value_or(enUtf8);
+        return QByteArray();
+    const std::optional<QByteArray> huitBits = LireSIlExiste(dossier + QStringLiteral("Zelvane.qrt"));
+    const TexteExact::Contenu contenu = TexteExact::Lire(dossier, huitBits.value_or(QByteArray()), {});
+    if (!huitBits || contenu.illisible)
+        return std::nullopt;
+    const QByteArray enUtf8 = PageDeCode::VersTexte(*huitBits).toUtf8();
+    const QByteArray catalogue = contenu.catalogue.value_or(enUtf8);
     if (enHuitBits)
         return catalogue == enUtf8 ? QByteArray() : catalogue;
     return catalogue + TexteExact::Separateur() + texte.toUtf8();
@@ -54,13 +58,15 @@ bool Ecrire(const QString& dossier, const QString& texte)
     lignes.replace(u'\n', s_finDeLigne);
 
     // Both are written whole before either takes its place: a full disk leaves the old comments.
-    const QByteArray exact = TexteExactAvec(dossier, lignes);
+    const std::optional<QByteArray> exact = TexteExactAvec(dossier, lignes);
+    if (!exact)
+        return false;
     const QString cheminExact = dossier + TexteExact::NomDuFichier();
     FichierDuDossier fichierExact(cheminExact);
     FichierDuDossier fichier(dossier + NomDuFichier());
-    if (!fichier.Preparer(PageDeCode::VersOctets(lignes)) || (!exact.isEmpty() && !fichierExact.Preparer(exact)))
+    if (!fichier.Preparer(PageDeCode::VersOctets(lignes)) || (!exact->isEmpty() && !fichierExact.Preparer(*exact)))
         return false;
-    return fichier.Valider() && (exact.isEmpty() ? Supprimer(cheminExact) : fichierExact.Valider());
+    return fichier.Valider() && (exact->isEmpty() ? Supprimer(cheminExact) : fichierExact.Valider());
 }
 
 bool AMontrer(const QString& dossier)

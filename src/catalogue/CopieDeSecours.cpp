@@ -119,6 +119,8 @@ std::optional<QByteArray> LireTexteDeSecours(const QString& fichier)
     if (!ouverte || !ouverte->identite.texte || !copie.seek(ouverte->debutDuTexte))
         return std::nullopt;
     QByteArray texte = copie.readAll();
+    if (texte.size() != copie.size() - ouverte->debutDuTexte)
+        return std::nullopt; // the disk gave a part of it
     texte.chop(s_fin.size());
     return texte;
 }

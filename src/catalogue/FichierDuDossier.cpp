@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <unistd.h>
+#include <utility>
 
 using zipinterne::Descripteur;
 
@@ -16,7 +17,14 @@ std::optional<QByteArray> LireFichier(const QString& chemin)
     QFile fichier(chemin);
     if (!fichier.open(QIODevice::ReadOnly))
         return std::nullopt;
-    return fichier.readAll();
+    // What was read before an error is not the file.
+    QByteArray octets = fichier.readAll();
+    return fichier.error() == QFileDevice::NoError ? std::optional(std::move(octets)) : std::nullopt;
+}
+
+std::optional<QByteArray> LireSIlExiste(const QString& chemin)
+{
+    return QFileInfo::exists(chemin) ? LireFichier(chemin) : QByteArray();
 }
 
 bool ForcerFichier(const QString& chemin)

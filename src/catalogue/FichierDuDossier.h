@@ -11,6 +11,8 @@
 
 /// All bytes of a file; nothing when it cannot be read.
 std::optional<QByteArray> LireFichier(const QString& chemin);
+/// The same; no bytes where there is no such file.
+std::optional<QByteArray> LireSIlExiste(const QString& chemin);
 
 /// Has every byte of a file, and its name, on the disk; false when the disk refuses, or there is no such file.
 bool ForcerFichier(const QString& chemin);

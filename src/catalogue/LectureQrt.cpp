@@ -4,12 +4,13 @@
 #include "base/AfficherMsg.h"
 #include "base/Const_Vrac.h"
 #include "base/Nombres.h"
+#include "base/NomsDuDossier.h"
 #include "catalogue/TexteExact.h"
 #include "extensions/modLang.h"
 #include "platform/PageDeCode.h"
 
-#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSet>
 
 #include <algorithm>
@@ -88,16 +89,21 @@ public:
             return Icone::NoIco;
         if (!m_lus)
             LireNoms();
-        return m_noms.contains(QByteArray::fromRawData(nom.data(), nom.size())) ? Icone::Ico : Icone::IcoError;
+        const bool la =
+            m_illisible ? EstFichier(nom) : m_noms.contains(QByteArray::fromRawData(nom.data(), nom.size()));
+        return la ? Icone::Ico : Icone::IcoError;
     }
 
 private:
     void LireNoms()
     {
         m_lus = true;
-        const QStringList noms = QDir(m_dossier).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Unsorted);
-        m_noms.reserve(noms.size());
-        for (const QString& nom : noms) {
+        const std::optional<QStringList> noms = FichiersDuDossier(m_dossier);
+        m_illisible = !noms;
+        if (m_illisible)
+            return;
+        m_noms.reserve(noms->size());
+        for (const QString& nom : *noms) {
             // A name that holds the other system's separator names no file here.
             if (nom.contains(u'\\'))
                 continue;
@@ -108,9 +114,17 @@ private:
         }
     }
 
+    /// Asks for one; a name that holds a separator names no file here.
+    bool EstFichier(QByteArrayView nom) const
+    {
+        const QString texte = m_codage == Codage::Utf8 ? QString::fromUtf8(nom) : PageDeCode::VersTexte(nom);
+        return !texte.contains(u'/') && !texte.contains(u'\\') && QFileInfo(m_dossier + texte).isFile();
+    }
+
     QString m_dossier;
     Codage m_codage;
     bool m_lus = false;
+    bool m_illisible = false; ///< the names of the folder cannot be had
     QSet<QByteArray> m_noms;
 };
 
@@ -326,7 +340,8 @@ std::optional<stockage::Source> SourceExacte(QByteArrayView utf8)
 }
 
 /// The text of the folder's catalogue: exact where it is there and not stale, else the 8-bit text. Nothing when it is
-/// too large to address; a file that cannot be read is the empty text.
+/// too large to address or breaks off, or when the exact one cannot be read; an 8-bit file that cannot be opened is the
+/// empty text.
 std::optional<stockage::Source> LireSource(const QString& dossier)
 {
     stockage::Source source;
@@ -337,9 +352,13 @@ std::optional<stockage::Source> LireSource(const QString& dossier)
         return std::nullopt;
     source.octets = std::make_unique_for_overwrite<char[]>(static_cast<size_t>(fichier.size()));
     source.taille = static_cast<size_t>(std::max<qint64>(0, fichier.read(source.octets.get(), fichier.size())));
+    if (static_cast<qint64>(source.taille) != fichier.size())
+        return std::nullopt;
 
     const QByteArrayView huitBits(source.octets.get(), static_cast<qsizetype>(source.taille));
     const TexteExact::Contenu contenu = TexteExact::Lire(dossier, huitBits, QByteArrayView());
+    if (contenu.illisible)
+        return std::nullopt;
     if (contenu.catalogue)
         if (std::optional<stockage::Source> exacte = SourceExacte(*contenu.catalogue))
             return exacte;

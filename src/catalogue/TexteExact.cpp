@@ -3,6 +3,8 @@
 #include "catalogue/FichierDuDossier.h"
 #include "platform/PageDeCode.h"
 
+#include <QFileInfo>
+
 namespace TexteExact {
 
 namespace {
@@ -67,9 +69,14 @@ std::optional<qsizetype> FinDuTexteReduit(QByteArrayView utf8, QByteArrayView hu
 Contenu Lire(const QString& dossier, QByteArrayView catalogue, QByteArrayView commentaire)
 {
     Contenu contenu;
-    const std::optional<QByteArray> exact = LireFichier(dossier + NomDuFichier());
+    const QString chemin = dossier + NomDuFichier();
+    if (!QFileInfo::exists(chemin))
+        return contenu;
+    const std::optional<QByteArray> exact = LireFichier(chemin);
+    contenu.illisible = !exact;
     if (!exact)
         return contenu;
+    contenu.octets = *exact;
     const std::optional<qsizetype> fin = FinDuTexteReduit(*exact, catalogue);
     if (!fin)
         return contenu;

@@ -29,6 +29,8 @@ struct Contenu
 {
     std::optional<QByteArray> catalogue;
     std::optional<QByteArray> commentaire;
+    QByteArray octets;      ///< all of the file, also a stale one
+    bool illisible = false; ///< it is there and cannot be read: what it holds must not be taken for nothing
 };
 Contenu Lire(const QString& dossier, QByteArrayView catalogue, QByteArrayView commentaire);
 
