@@ -3,6 +3,7 @@
 
 #include "base/AfficherMsg.h"
 #include "base/Const_Vrac.h"
+#include "base/NomsDuDossier.h"
 #include "catalogue/Evenements.h"
 #include "catalogue/FichierDuDossier.h"
 #include "catalogue/PlaceDuFichier.h"
@@ -12,7 +13,6 @@
 #include "extensions/modLang.h"
 #include "platform/Retenue.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -57,18 +57,31 @@ bool PreparerTexteExact(const QrtClass& doc, EntreesEcrites entrees, const std::
     return puits.Recevoir(suite.constData(), static_cast<size_t>(suite.size()));
 }
 
+/// Puts back what stood there; without bytes there was nothing.
+void Remettre(const QString& chemin, const QByteArray& octets)
+{
+    FichierDuDossier fichier(chemin);
+    if (octets.isEmpty())
+        QFile::remove(chemin);
+    else if (fichier.Preparer(octets))
+        fichier.Valider();
+}
+
 /// The text files of the folder, all or none: a reader that comes in between finds the old text whole.
 bool EcrireTextes(const QrtClass& doc, EntreesEcrites entrees)
 {
     const QString chemin = doc.TmpFolder + QStringLiteral("Zelvane.qrt");
     const QString cheminExact = doc.TmpFolder + TexteExact::NomDuFichier();
     // The exact comment is known by the text that stands there now: it is read before that goes.
-    std::optional<QByteArray> commentaire;
-    if (QFileInfo::exists(cheminExact))
-        commentaire =
-            TexteExact::Lire(doc.TmpFolder, LireFichier(chemin).value_or(QByteArray()),
-                             LireFichier(doc.TmpFolder + QStringLiteral("Zelvane.txt")).value_or(QByteArray()))
-                .commentaire;
+    TexteExact::Contenu avant;
+    if (QFileInfo::exists(cheminExact)) {
+        const std::optional<QByteArray> texte = LireSIlExiste(chemin);
+        const std::optional<QByteArray> commentaire = LireSIlExiste(doc.TmpFolder + QStringLiteral("Zelvane.txt"));
+        if (texte && commentaire)
+            avant = TexteExact::Lire(doc.TmpFolder, *texte, *commentaire);
+        if (!texte || !commentaire || avant.illisible)
+            return false;
+    }
 
     // Both are written whole before either takes its place: a full disk leaves the old ones, which belong together.
     FichierDuDossier fichier(chemin);
@@ -79,19 +92,25 @@ bool EcrireTextes(const QrtClass& doc, EntreesEcrites entrees)
     const std::optional<qint64> manques = EcrireTexteQrt(doc, "2", entrees, Codage::Cp1252, puits);
     if (!manques)
         return false;
-    const bool exact = *manques > 0 || commentaire;
-    if (exact && !PreparerTexteExact(doc, entrees, commentaire, fichierExact))
+    const bool exact = *manques > 0 || avant.commentaire;
+    if (exact && !PreparerTexteExact(doc, entrees, avant.commentaire, fichierExact))
         return false;
     // The exact one first: until the other follows, a rescue copy still counts as later than what is there.
-    if ((exact && !fichierExact.Valider()) || !fichier.Valider())
+    if (exact && !fichierExact.Valider())
         return false;
+    if (!fichier.Valider()) {
+        if (exact)
+            Remettre(cheminExact, avant.octets);
+        return false;
+    }
     if (!exact)
         QFile::remove(cheminExact);
     return true;
 }
 
-/// Puts all of the folder into a new archive; false when something of it is not in there at the end.
-bool EcrireArchive(QrtClass& doc, Origine origine, PlaceDuFichier& place)
+/// Puts all of the folder, which has these names, into a new archive; false when something of it is not in there at the
+/// end.
+bool EcrireArchive(QrtClass& doc, const QStringList& noms, Origine origine, PlaceDuFichier& place)
 {
     ccZip zip;
     zip.Init(place.Chemin());
@@ -99,10 +118,7 @@ bool EcrireArchive(QrtClass& doc, Origine origine, PlaceDuFichier& place)
     zip.Occuper(place);
     zip.Reprendre(std::move(origine));
     zip.Comm = QStringLiteral("Zelvane v2.2 by Morvenal");
-    const QStringList noms =
-        QDir(doc.TmpFolder)
-            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Unsorted);
-    bool bon = noms.contains(QStringLiteral("Zelvane.qrt")); // somebody may have cleared the folder away
+    bool bon = true;
     for (const QString& nom : noms) {
         // A folder has no place in an archive of bare names; it is not a loss, as nothing of the category lies there.
         bon = (zip.AddFile(doc.TmpFolder + nom, 0, true) < 2 || QFileInfo(doc.TmpFolder + nom).isDir()) && bon;
@@ -143,13 +159,17 @@ bool EcrireFichier(QrtClass& doc, bool selection)
     PlaceDuFichier place(CibleDesLiens(doc.CheminReel()));
     if (!place.Prendre() || !EcrireTextes(doc, Entrees(selection)))
         return false;
+    // All while the old file stands: where an error let a name be passed over, its file would be lost with it.
+    const std::optional<QStringList> noms = NomsDuDossier(doc.TmpFolder);
+    if (!noms || !noms->contains(QStringLiteral("Zelvane.qrt")))
+        return false; // somebody may have cleared the folder away
     // Before its name goes.
     Origine origine = OuvrirOrigine(doc.Archive);
     if (!place.SupprimerAncien())
         return false;
     // At once: many files are looked at before the first byte is written, and the place must not stand free so long.
     place.Reserver();
-    const bool bon = EcrireArchive(doc, std::move(origine), place);
+    const bool bon = EcrireArchive(doc, *noms, std::move(origine), place);
     if (!bon)
         place.Retirer();
     if (place.EstPerdue())
