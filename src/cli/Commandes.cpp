@@ -76,21 +76,25 @@ void EcrireEntree(Json& json, const ListItem& entree)
     json.Fin(']').Cle("image").Texte(entree.Tag()).Cle("icon").Texte(entree.SmallIcon()).Fin('}');
 }
 
-QString CommentaireDArchive(const CatalogueOuvert& catalogue)
+/// Nothing, with a message, when the archive can be read no more.
+std::optional<QString> CommentaireDArchive(const CatalogueOuvert& catalogue)
 {
     if (catalogue.type != Archive)
         return QString();
     ccZip zip;
     zip.Init(catalogue.doc.CheminReel());
-    return zip.Comm;
+    if (zip.count() > 0)
+        return zip.Comm;
+    AfficherMsg(LangMsg(u"msg51"_s, u"Erreur lors de l'ouverture du fichier. Opération annulée"_s), MsgOk, QString());
+    return std::nullopt;
 }
 
-void ListerEnJson(const CatalogueOuvert& catalogue, SortieStandard& sortie)
+void ListerEnJson(const CatalogueOuvert& catalogue, const QString& commentaire, SortieStandard& sortie)
 {
     const MyLV& table = catalogue.table;
     Json json;
     json.Debut('{').Cle("file").Texte(catalogue.doc.CheminReel()).Cle("type").Nombre(catalogue.type);
-    json.Cle("comment").Texte(CommentaireDArchive(catalogue)).Cle("gridLines").Booleen(table.GridLines());
+    json.Cle("comment").Texte(commentaire).Cle("gridLines").Booleen(table.GridLines());
     json.Cle("sorted").Booleen(table.Sorted()).Cle("sortKey").Nombre(table.SortKey());
     json.Cle("sortOrder").Nombre(table.SortOrder()).Cle("dependantColumn").Nombre(catalogue.doc.dependantcol);
     json.Cle("loanColumn").Nombre(catalogue.doc.IndexColPrete);
@@ -111,9 +115,13 @@ Statut ExecuterList(const LigneDeCommande& ligne)
     const auto catalogue = CatalogueOuvert::Ouvrir(ligne.arguments[0]);
     if (!catalogue)
         return Echec;
+    const bool json = ligne.A(u"json"_s);
+    const std::optional<QString> commentaire = json ? CommentaireDArchive(*catalogue) : QString();
+    if (!commentaire)
+        return Echec;
     SortieStandard sortie;
-    if (ligne.A(u"json"_s))
-        ListerEnJson(*catalogue, sortie);
+    if (json)
+        ListerEnJson(*catalogue, *commentaire, sortie);
     else
         ListerEnTexte(*catalogue, sortie);
     return FinirSortie(sortie);
