@@ -8,6 +8,7 @@
 #include <QAccessible>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPaintEvent>
 #include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 
@@ -78,8 +79,8 @@ void VueDeListe::Afficher(QAbstractItemModel& modele, ColumnHeaders& colonnes)
 void VueDeListe::AppliquerLargeurs()
 {
     const QScopedValueRollback garde(m_largeursEnCours, true);
-    for (int i = 1; i <= qMin(m_colonnes->Count(), model()->columnCount()); ++i)
-        setColumnWidth(i - 1, PixelsDe(*this, (*m_colonnes)(i).Width()));
+    MettreLargeurs(*this, qMin(m_colonnes->Count(), model()->columnCount()),
+                   [this](int colonne) { return PixelsDe(*this, (*m_colonnes)(colonne).Width()); });
 }
 
 /// The user drags: what the program sets itself, rounded to pixels, is not written back.
@@ -124,6 +125,15 @@ void VueDeListe::changeEvent(QEvent* event)
     QTableView::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         AppliquerHauteur();
+}
+
+void VueDeListe::paintEvent(QPaintEvent* event)
+{
+    for (const PlageDeColonnes& plage :
+         ColonnesVues(*horizontalHeader(), event->rect().left(), event->rect().right())) {
+        QPaintEvent partie = PartieDe(*event, plage);
+        QTableView::paintEvent(&partie);
+    }
 }
 
 // ---- keys

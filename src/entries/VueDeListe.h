@@ -36,6 +36,7 @@ protected:
     /// Ctrl+R fits the columns, Ctrl+D scales them; the space bar checks or unchecks the row with the focus.
     void keyPressEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void selectionChanged(const QItemSelection& choisies, const QItemSelection& laissees) override;
 
 private:

@@ -2,7 +2,10 @@
 #pragma once
 
 #include <functional>
+#include <vector>
 
+class QHeaderView;
+class QPaintEvent;
 class QTableView;
 
 /// Makes a table of rows: one is selected as a whole, scrolled to by pixels and as high as any other; columns may have
@@ -11,6 +14,22 @@ void FaireTableDeLignes(QTableView& table);
 /// To be called once the table has its model. Its titles do not follow the selection from here on: they would look
 /// through every selected row, for each title drawn, to find out whether it is selected.
 void DetacherTitres(QTableView& table);
+/// Gives the first `nombre` columns the widths in pixels that `pixels` tells, column by column from 1. Where there are
+/// more of them than a view has room for, wide ones are shown less wide.
+void MettreLargeurs(QTableView& table, int nombre, const std::function<int(int)>& pixels);
+/// Columns side by side (from 1) that have a width, and the pixels of the viewport that they take.
+struct PlageDeColonnes
+{
+    int premiere;
+    int derniere;
+    int gauche;
+    int droite;
+};
+/// Those that are seen between two places of the viewport, from left to right. Qt draws also what lies between them:
+/// each row of each column without a width, which there may be any number of.
+std::vector<PlageDeColonnes> ColonnesVues(const QHeaderView& titres, int gauche, int droite);
+/// What such columns have of a picture that is to be painted.
+QPaintEvent PartieDe(const QPaintEvent& event, const PlageDeColonnes& plage);
 /// Calls `clic` with the column (from 1) for each click on a title while titles are clickable, also for the second of
 /// two quick ones: who clicks twice turns the order twice.
 void EcouterTitres(QTableView& table, const std::function<void(int)>& clic);

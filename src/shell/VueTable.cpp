@@ -109,8 +109,8 @@ void VueTable::AppliquerLargeurs()
 {
     const QScopedValueRollback garde(m_largeursEnCours, true);
     const ColumnHeaders& colonnes = m_modele->Table().ColumnHeaders;
-    for (int i = 1; i <= qMin(colonnes.Count(), m_modele->columnCount()); ++i)
-        setColumnWidth(i - 1, PixelsDe(colonnes(i).Width()));
+    MettreLargeurs(*this, qMin(colonnes.Count(), m_modele->columnCount()),
+                   [&](int colonne) { return PixelsDe(colonnes(colonne).Width()); });
 }
 
 /// The user drags: what the program sets itself, rounded to pixels, is not written back.
@@ -333,19 +333,24 @@ void VueTable::scrollTo(const QModelIndex& index, ScrollHint ou)
 
 void VueTable::paintEvent(QPaintEvent* event)
 {
-    QTableView::paintEvent(event);
+    const QRect zone = event->rect();
+    const std::vector<PlageDeColonnes> plages = ColonnesVues(*horizontalHeader(), zone.left(), zone.right());
+    for (const PlageDeColonnes& plage : plages) {
+        QPaintEvent partie = PartieDe(*event, plage);
+        QTableView::paintEvent(&partie);
+    }
     if (!m_modele)
         return;
     QPainter painter(viewport());
     if (m_modele->Table().GridLines())
-        DessinerGrille(painter);
+        DessinerGrille(painter, plages);
     if (hasFocus() && currentIndex().isValid())
         DessinerFocus(painter);
 }
 
 /// Lines a little off the background in light and dark themes alike. The base takes a colour that dark themes swallow.
 /// They are filled: what is drawn with a pen the painter shares out among threads, and waits for them.
-void VueTable::DessinerGrille(QPainter& painter) const
+void VueTable::DessinerGrille(QPainter& painter, const std::vector<PlageDeColonnes>& plages) const
 {
     const int premiere = rowAt(0);
     if (premiere < 0)
@@ -364,10 +369,11 @@ void VueTable::DessinerGrille(QPainter& painter) const
         bas += hauteur;
         painter.fillRect(QRectF(0, surUnPoint(bas), droite + 1, epaisseur), trait);
     }
-    for (int colonne = 0; colonne < m_modele->columnCount(); ++colonne) {
-        const int bord = columnViewportPosition(colonne) + columnWidth(colonne) - 1;
-        if (columnWidth(colonne) > 0)
+    for (const PlageDeColonnes& plage : plages) {
+        for (int colonne = plage.premiere; colonne <= plage.derniere; ++colonne) {
+            const int bord = columnViewportPosition(colonne - 1) + columnWidth(colonne - 1) - 1;
             painter.fillRect(QRectF(surUnPoint(bord), 0, epaisseur, bas + 1), trait);
+        }
     }
 }
 

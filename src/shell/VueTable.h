@@ -6,12 +6,14 @@
 #include <QTableView>
 
 #include <memory>
+#include <vector>
 
 class ModeleTable;
 class MyLV;
 class SaisieRapide;
 class SelectionTable;
 struct ChangementsTable;
+struct PlageDeColonnes;
 
 class VueTable : public QTableView
 {
@@ -105,7 +107,7 @@ private:
     void AppliquerLargeurs();
     void AppliquerHauteur();
     void LargeurTiree(int section, int pixels);
-    void DessinerGrille(QPainter& painter) const;
+    void DessinerGrille(QPainter& painter, const std::vector<PlageDeColonnes>& plages) const;
     void DessinerFocus(QPainter& painter) const;
 
     ModeleTable* m_modele = nullptr;

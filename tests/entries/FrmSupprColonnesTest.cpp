@@ -1,6 +1,10 @@
 // Order and widths of the columns in the list of what is to be deleted.
 #include "entries/DialogueDeSuppression.h"
 
+#include <QStyledItemDelegate>
+
+#include <set>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -46,6 +50,28 @@ TEST_F(FrmSupprTest, HighlightAndFocusGoWithTheirRowsWhenSorted)
         EXPECT_EQ(Liste(form).Surlignees(), attendues);
         EXPECT_EQ(Liste(form).currentIndex().row(), 1);
     });
+}
+
+TEST_F(FrmSupprTest, ColumnsWithoutWidthAreNotDrawn)
+{
+    struct DelegueNote : QStyledItemDelegate
+    {
+        void paint(QPainter*, const QStyleOptionViewItem&, const QModelIndex& index) const override
+        {
+            dessinees.insert(index.column() + 1);
+        }
+        mutable std::set<int> dessinees;
+    } delegue;
+    Entrees({"a", "b"});
+    table.ColumnHeaders(2).SetWidth(0);
+    Lancer([&delegue](QWidget& form) {
+        VueDeListe& liste = Liste(form);
+        liste.setItemDelegate(&delegue);
+        liste.viewport()->repaint();
+        liste.setItemDelegate(nullptr);
+    });
+    EXPECT_TRUE(delegue.dessinees.contains(1));
+    EXPECT_FALSE(delegue.dessinees.contains(2));
 }
 
 TEST_F(FrmSupprTest, CtrlDScalesTheColumnsOfTheDialogToItsWidth)

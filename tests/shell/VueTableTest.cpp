@@ -7,6 +7,9 @@
 #include <QPixmap>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QStyledItemDelegate>
+
+#include <set>
 
 using namespace Qt::StringLiterals;
 
@@ -109,6 +112,29 @@ TEST_F(VueTableTest, GridLinesAreDrawnWhenTheTableHasThem)
     QCoreApplication::processEvents();
     EXPECT_NE(Image().pixel(entreDeuxLignes), fond);
     EXPECT_NE(Image().pixel(Largeur(1) - 1, Milieu(3).y()), fond);
+}
+
+TEST_F(VueTableTest, CellsOfColumnsWithoutWidthAreNotDrawn)
+{
+    struct DelegueNote : QStyledItemDelegate
+    {
+        void paint(QPainter*, const QStyleOptionViewItem&, const QModelIndex& index) const override
+        {
+            dessinees.insert(index.column() + 1);
+        }
+        mutable std::set<int> dessinees;
+    } delegue;
+    MettreColonnes(table, {u"A"_s, u"B"_s, u"C"_s, u"D"_s, u"E"_s});
+    for (const int colonne : {1, 3, 5})
+        table.ColumnHeaders(colonne).SetWidth(0);
+    AjouterEntrees(table, {{u"a"_s, u"b"_s, u"c"_s, u"d"_s, u"e"_s}});
+    vue.Afficher(table);
+    vue.setItemDelegate(&delegue);
+    vue.resize(600, 400);
+    vue.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&vue));
+    vue.viewport()->repaint();
+    EXPECT_EQ(delegue.dessinees, (std::set<int>{2, 4}));
 }
 
 TEST_F(VueTableTest, TheSortMarkerIsDrawnInItsTitle)
