@@ -90,21 +90,34 @@ void VueDeListe::LargeurTiree(int section, int pixels)
         (*m_colonnes)(section + 1).SetWidth(static_cast<float>(UnitesDe(*this, pixels)));
 }
 
-float VueDeListe::LargeurDuContenu(int colonne) const
+/// What a cell holds beside its text: margins, a check box.
+int VueDeListe::AutourDuTexte(int colonne) const
 {
-    PlusLarge plusLarge(fontMetrics());
-    plusLarge.Voir((*m_colonnes)(colonne).Text());
-    for (int ligne = 0; ligne < model()->rowCount(); ++ligne)
-        plusLarge.Voir(PartieVisible(model()->index(ligne, colonne - 1).data().toString()));
-    // What a cell holds beside its text: margins, a check box.
+    const QModelIndex premiere = model()->index(0, colonne - 1);
+    if (!premiere.isValid())
+        return 0;
     QStyleOptionViewItem option;
     initViewItemOption(&option);
-    const QModelIndex premiere = model()->index(0, colonne - 1);
-    const int autour = premiere.isValid()
-                           ? itemDelegate()->sizeHint(option, premiere).width() -
-                                 fontMetrics().horizontalAdvance(PartieVisible(premiere.data().toString()))
-                           : 0;
-    return static_cast<float>(UnitesDe(*this, plusLarge.Largeur() + autour + 1));
+    return itemDelegate()->sizeHint(option, premiere).width() -
+           fontMetrics().horizontalAdvance(PartieVisible(premiere.data().toString()));
+}
+
+std::vector<float> VueDeListe::LargeursDuContenu() const
+{
+    const int colonnes = m_colonnes->Count();
+    PlusLarge plusLarge(fontMetrics(), colonnes);
+    for (int ligne = 0; ligne < model()->rowCount(); ++ligne) {
+        for (int colonne = 1; colonne <= colonnes; ++colonne)
+            plusLarge.Voir(colonne, PartieVisible(model()->index(ligne, colonne - 1).data().toString()));
+    }
+    std::vector<float> largeurs;
+    largeurs.reserve(static_cast<size_t>(colonnes));
+    for (int colonne = 1; colonne <= colonnes; ++colonne) {
+        plusLarge.Voir(colonne, (*m_colonnes)(colonne).Text());
+        largeurs.push_back(
+            static_cast<float>(UnitesDe(*this, plusLarge.Largeur(colonne) + AutourDuTexte(colonne) + 1)));
+    }
+    return largeurs;
 }
 
 float VueDeListe::LargeurDuTitre(const QString& titre) const

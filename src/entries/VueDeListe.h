@@ -40,9 +40,10 @@ protected:
     void selectionChanged(const QItemSelection& choisies, const QItemSelection& laissees) override;
 
 private:
-    float LargeurDuContenu(int colonne) const override;
+    std::vector<float> LargeursDuContenu() const override;
     float LargeurDuTitre(const QString& titre) const override;
     void AppliquerLargeurs();
+    int AutourDuTexte(int colonne) const;
     void AppliquerHauteur();
     void LargeurTiree(int section, int pixels);
     void BasculerCoche();

@@ -12,9 +12,10 @@ constexpr double BarreEtBords = 340;
 
 void AjusterColonnes(ColumnHeaders& colonnes, const MesuresDeColonnes& mesures)
 {
+    const std::vector<float> contenus = mesures.LargeursDuContenu();
     for (int i = 1; i <= colonnes.Count(); ++i) {
         ColumnHeader& colonne = colonnes(i);
-        const float contenu = mesures.LargeurDuContenu(i);
+        const float contenu = contenus[static_cast<size_t>(i - 1)];
         const float titre = mesures.LargeurDuTitre(colonne.Text()) + AutourDuTitre;
         colonne.SetWidth(titre > contenu ? titre : contenu);
     }

@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include <vector>
+
 class ColumnHeaders;
 class MyLV;
 
@@ -11,8 +13,9 @@ class MesuresDeColonnes
 {
 public:
     virtual ~MesuresDeColonnes() = default;
-    /// The width that column `colonne` (from 1) needs to show the widest of its cells and its title whole.
-    virtual float LargeurDuContenu(int colonne) const = 0;
+    /// The width that each column needs to show the widest of its cells and its title whole. All at once: the entries
+    /// are gone through one after the other, however many columns there are.
+    virtual std::vector<float> LargeursDuContenu() const = 0;
     /// The width of a title's text in the font of the window around the list.
     virtual float LargeurDuTitre(const QString& titre) const = 0;
 };

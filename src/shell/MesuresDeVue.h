@@ -13,7 +13,7 @@ public:
     /// Cells in the font of `vue`, titles in that of `fenetre`. Neither is owned.
     MesuresDeVue(const VueTable& vue, const QWidget& fenetre);
 
-    float LargeurDuContenu(int colonne) const override;
+    std::vector<float> LargeursDuContenu() const override;
     float LargeurDuTitre(const QString& titre) const override;
 
 private:

@@ -13,8 +13,14 @@ class MesuresPreparees : public MesuresDeColonnes
 public:
     explicit MesuresPreparees(std::vector<float> contenus) : m_contenus(std::move(contenus)) {}
 
-    float LargeurDuContenu(int colonne) const override { return m_contenus.at(static_cast<size_t>(colonne - 1)); }
+    std::vector<float> LargeursDuContenu() const override
+    {
+        ++passages;
+        return m_contenus;
+    }
     float LargeurDuTitre(const QString& titre) const override { return 100 * static_cast<float>(titre.size()); }
+
+    mutable int passages = 0;
 
 private:
     std::vector<float> m_contenus;
@@ -59,6 +65,13 @@ TEST_F(Colonnes, AContentAsWideAsTheTitleWithItsRoomStays)
     AjusterColonnes(table, MesuresPreparees({1050, 1250}));
     EXPECT_EQ(Largeur(1), 1050);
     EXPECT_EQ(Largeur(2), 1250);
+}
+
+TEST_F(Colonnes, TheEntriesAreGoneThroughOnceForAllColumns)
+{
+    const MesuresPreparees mesures({1050, 1250});
+    AjusterColonnes(table, mesures);
+    EXPECT_EQ(mesures.passages, 1);
 }
 
 TEST_F(Colonnes, ATableWithoutEntriesIsFittedToItsTitles)

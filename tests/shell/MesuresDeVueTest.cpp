@@ -10,10 +10,10 @@ class MesuresDeVueTest : public VueDeTest
 {
 protected:
     /// Pixels that the first column needs by the measures.
-    int Mesure() const { return vue.PixelsDe(MesuresDeVue(vue, vue).LargeurDuContenu(1)); }
+    int Mesure() const { return vue.PixelsDe(MesuresDeVue(vue, vue).LargeursDuContenu().front()); }
     void Elargir()
     {
-        table.ColumnHeaders(1).SetWidth(MesuresDeVue(vue, vue).LargeurDuContenu(1));
+        table.ColumnHeaders(1).SetWidth(MesuresDeVue(vue, vue).LargeursDuContenu().front());
         QCoreApplication::processEvents();
     }
 };
