@@ -129,10 +129,12 @@ class Rounds(unittest.TestCase):
         wrong = self.wrong(["ouvrir @A@", "inscrire 1 aZ1", "image 1 a00001 a.jpg /nulle/part"], signal.SIGTERM)
         self.assertEqual(wrong, ["STEP refused: image 1 a00001 a.jpg /nulle/part"])
 
+    SAYS = "echo debut 1; echo fin 1 ok; echo debut 2"
+
     def impostor(self, *lines):
-        """A program that does these lines of a shell in place of the guinea pig."""
+        """A program that does these lines of a shell in place of the guinea pig. The signal comes with SAYS."""
         path = self.campaign.folder / "imposteur"
-        path.write_text("\n".join(["#!/bin/sh", "echo debut 1; echo fin 1 ok; echo debut 2", *lines]) + "\n")
+        path.write_text("\n".join(["#!/bin/sh", *lines]) + "\n")
         path.chmod(0o755)
         self.campaign.program = str(path)
         return self.wrong(["attendre 0"], signal.SIGTERM)
@@ -140,15 +142,15 @@ class Rounds(unittest.TestCase):
     def test_a_process_that_hangs_is_told(self):
         self.addCleanup(setattr, signaux, "PATIENCE", signaux.PATIENCE)
         signaux.PATIENCE = 1.0
-        wrong = self.impostor('[ "$1" = agir ] || exit 0', "trap '' TERM", "while :; do read line < /dev/zero; done")
+        wrong = self.impostor('[ "$1" = agir ] || exit 0', "trap '' TERM", self.SAYS, "while :; do :; done")
         self.assertIn("HANG the process did not end", wrong)
 
     def test_an_end_that_nobody_asked_for_is_told(self):
-        wrong = self.impostor('[ "$1" = agir ] || exit 0', "exit 3")
+        wrong = self.impostor('[ "$1" = agir ] || exit 0', "trap '' TERM", self.SAYS, "exit 3")
         self.assertIn("STATUS 3", wrong)
 
     def test_a_next_start_that_fails_is_told(self):
-        wrong = self.impostor('[ "$1" = agir ] || exit 3', "while :; do sleep 0.01; done")
+        wrong = self.impostor('[ "$1" = agir ] || exit 3', self.SAYS, "while :; do sleep 0.01; done")
         self.assertEqual(wrong[0], "NEXT START status 3")
 
 
