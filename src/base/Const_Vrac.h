@@ -56,6 +56,9 @@ void InitialiserTempFolder();
 /// with a trailing separator. A folder that an open document of this run or of another process holds is drawn again,
 /// and so is a link, and what an earlier run left behind. When no number is left, those from 501 up are tried in order.
 QString CreerDossierTemp();
+/// Makes the folder of a document anew where it was taken away from outside, as CreerDossierTemp made it, and holds it
+/// again. Returns its path: another one where somebody else's folder has taken the place.
+QString RetablirDossierTemp(const QString& dossier);
 /// The rescue copy that belongs to a document's folder: a file beside it, named like it and ".secours".
 QString FichierDeSecours(const QString& dossier);
 /// The folders drawn by this run and not deleted since, for a program that tidies up before it ends.

@@ -1,6 +1,7 @@
 // The temporary folders of documents: drawing, holding and deleting them.
 #include "base/Const_Vrac.h"
 
+#include "base/ActesDuDossier.h"
 #include "base/NomsDuDossier.h"
 #include "base/Options.h"
 #include "platform/Plateforme.h"
@@ -86,6 +87,7 @@ std::optional<QString> Prendre(int numero)
     std::optional<VerrouDossier> verrou = CreerEtTenir(cle);
     if (!verrou || EstLaisse(cle))
         return std::nullopt;
+    OublierActes(cle);
     DossiersTenus().emplace(cle, std::move(*verrou));
     return dossier;
 }
@@ -141,6 +143,28 @@ QString CreerDossierTemp()
     }
 }
 
+QString RetablirDossierTemp(const QString& dossier)
+{
+    constexpr auto Tout = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+    const QString cle = CleDossier(dossier);
+    const auto tenu = DossiersTenus().find(cle);
+    if (tenu == DossiersTenus().end()) {
+        CreerDossierPrive(cle);
+        return dossier;
+    }
+    if (QFileInfo(cle).isDir() && (!tenu->second.Tient() || tenu->second.EstCelui(cle)))
+        return dossier;
+    if (std::optional<VerrouDossier> verrou = CreerEtTenir(cle); verrou && QDir(cle).isEmpty(Tout)) {
+        tenu->second = std::move(*verrou);
+        return dossier;
+    }
+    // Somebody else's folder stands there by now.
+    DossiersTenus().erase(tenu);
+    QString autre = CreerDossierTemp();
+    QFile::rename(FichierDeSecours(cle), FichierDeSecours(autre));
+    return autre;
+}
+
 QStringList DossiersTempTenus()
 {
     QStringList dossiers;
@@ -162,6 +186,7 @@ void SupprimerDossier(const QString& chemin, bool sansRecreer)
     if (sansRecreer && tenu != DossiersTenus().end())
         QFile::remove(FichierDeSecours(dossier));
 
+    OublierActes(dossier);
     const fs::path chemin8 = QFile::encodeName(dossier).toStdString();
     std::error_code erreur;
     const fs::file_status etat = fs::symlink_status(chemin8, erreur);

@@ -34,7 +34,7 @@ std::optional<QByteArray> TexteExactAvec(const QString& dossier, const QString& 
 
 bool Supprimer(const QString& chemin)
 {
-    return !QFileInfo::exists(chemin) || QFile::remove(chemin);
+    return !QFileInfo::exists(chemin) || SupprimerDuDossier(chemin);
 }
 
 } // namespace

@@ -104,7 +104,7 @@ bool EcrireTextes(const QrtClass& doc, EntreesEcrites entrees)
         return false;
     }
     if (!exact)
-        QFile::remove(cheminExact);
+        SupprimerDuDossier(cheminExact);
     return true;
 }
 

@@ -1,5 +1,6 @@
 #include "catalogue/FichierDuDossier.h"
 
+#include "base/ActesDuDossier.h"
 #include "catalogue/PlaceDuFichier.h"
 #include "catalogue/ccZipDescripteur.h"
 
@@ -40,6 +41,14 @@ bool ForcerFichier(const QString& chemin)
     return true;
 }
 
+bool SupprimerDuDossier(const QString& chemin)
+{
+    if (!QFile::remove(chemin))
+        return false;
+    NoterSuppression(chemin);
+    return true;
+}
+
 FichierDuDossier::~FichierDuDossier()
 {
     if (m_fichier.isOpen())
@@ -58,7 +67,9 @@ bool FichierDuDossier::Valider()
     m_fichier.close();
     const bool bon =
         std::rename(QFile::encodeName(m_fichier.fileName()).constData(), QFile::encodeName(m_chemin).constData()) == 0;
-    if (!bon)
+    if (bon)
+        NoterEcriture(m_chemin);
+    else
         m_fichier.remove();
     return bon;
 }

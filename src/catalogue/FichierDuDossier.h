@@ -17,6 +17,9 @@ std::optional<QByteArray> LireSIlExiste(const QString& chemin);
 /// Has every byte of a file, and its name, on the disk; false when the disk refuses, or there is no such file.
 bool ForcerFichier(const QString& chemin);
 
+/// Deletes a file of a document's folder because the user wants it so: it is not missed. False when it resists.
+bool SupprimerDuDossier(const QString& chemin);
+
 class FichierDuDossier
 {
 public:

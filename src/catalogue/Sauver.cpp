@@ -7,6 +7,7 @@
 #include "catalogue/Cadre.h"
 #include "catalogue/FichierQrt.h"
 #include "catalogue/FichierRecent.h"
+#include "catalogue/FichiersDisparus.h"
 #include "catalogue/QrtClass.h"
 #include "extensions/modLang.h"
 #include "platform/Plateforme.h"
@@ -64,6 +65,8 @@ Issue DireRienEnregistre(Issue issue)
 /// Writes the archive. One that is not whole is told: its data are in the document's folder, which is kept.
 Issue EcrireArchiveEtDire(QrtClass& doc)
 {
+    if (!RetablirDisparus(doc))
+        return Issue::Manquee;
     // Events run while the archive is written: a change that comes with one is not in it, and is still to be saved.
     const bool modifie = std::exchange(doc.IlFautSauver, false);
     if (!EcrireFichier(doc, false)) {

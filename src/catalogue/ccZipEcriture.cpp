@@ -287,10 +287,9 @@ std::shared_ptr<ArchiveConnue> Connaitre(const QString& chemin, const std::vecto
         return nullptr;
     auto connue = std::make_shared<ArchiveConnue>(ArchiveConnue{chemin, *passee, niveau, {}, {}});
     connue->fichiers.reserve(static_cast<qsizetype>(ajouts.size()));
-    for (size_t i = 0; i < ajouts.size(); ++i) {
-        if (ajouts[i].etat)
-            connue->fichiers.insert(ajouts[i].nom, {i, *ajouts[i].etat});
-    }
+    for (size_t i = 0; i < ajouts.size(); ++i)
+        connue->fichiers.insert(ajouts[i].nom,
+                                {i, ajouts[i].etat.value_or(EtatFichier()), ajouts[i].etat && ajouts[i].sur});
     return connue;
 }
 

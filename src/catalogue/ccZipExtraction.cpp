@@ -28,7 +28,8 @@ namespace {
 struct Choix
 {
     zip_stat_t etat;
-    QByteArray fichier; ///< bare name, as the file system writes it
+    QByteArray fichier;     ///< bare name, as the file system writes it
+    EtatFichier voulu = {}; ///< the state whose date the file gets; without, it is the entry's
     bool Chiffre() const { return etat.encryption_method != ZIP_EM_NONE; }
 };
 
@@ -55,6 +56,7 @@ public:
     }
 
     ResultatZip Vers(const QString& cible, const std::vector<NomLu>& noms, const QString& masque);
+    void Voulus(const QString& cible, const std::vector<Voulu>& voulus);
     QHash<QByteArray, ArchiveConnue::Fichier> PrendreFichiers() { return std::move(m_fichiers); }
     QList<NomRemplace> PrendreRemplaces() { return std::move(m_remplaces); }
 
@@ -111,6 +113,24 @@ ResultatZip Extraction::Vers(const QString& cible, const std::vector<NomLu>& nom
     for (const QByteArray& fichier : m_extraits)
         unlinkat(m_dossier->Numero(), fichier.constData(), 0);
     return resultat;
+}
+
+void Extraction::Voulus(const QString& cible, const std::vector<Voulu>& voulus)
+{
+    m_dossier.emplace(open(QFile::encodeName(cible).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!*m_dossier)
+        return;
+    for (const Voulu& voulu : voulus) {
+        Choix choix{{}, voulu.fichier, voulu.etat};
+        if (zip_stat_index(m_archive, voulu.index, 0, &choix.etat) == 0 && !choix.Chiffre())
+            m_choisis.push_back(choix);
+    }
+    if (VerifierPlace() != ZipFait)
+        return;
+    for (const Choix& choix : m_choisis) {
+        if (ExtraireUn(choix) != ZipFait)
+            m_fichiers.remove(choix.fichier);
+    }
 }
 
 /// The result is a warning when entries are passed over that are not mere folders.
@@ -269,16 +289,19 @@ ResultatZip Extraction::Essayer(const Choix& choix, const QByteArray* motDePasse
     return resultat;
 }
 
-/// Gives the file the entry's date. It is an old one, so that every later write shows in it, and the file can be known
+/// Gives the file its date. It is an old one, so that every later write shows in it, and the file can be known
 /// again from here on.
 void Extraction::Dater(int sortie, const Choix& choix)
 {
-    const timespec date{choix.etat.mtime, 0};
-    const timespec dates[2] = {date, date};
-    if (futimens(sortie, dates) != 0)
-        return;
-    if (const std::optional<EtatFichier> etat = EtatDe(sortie))
-        m_fichiers.insert(choix.fichier, {choix.etat.index, *etat});
+    constexpr int64_t parSeconde = 1'000'000'000;
+    const int64_t modifie = choix.voulu.modifie;
+    // That nobody has read it for so long would be no true date: there are programs that delete such files.
+    const timespec dates[2] = {{0, UTIME_NOW},
+                               choix.voulu == EtatFichier() ? timespec{choix.etat.mtime, 0}
+                                                            : timespec{modifie / parSeconde, modifie % parSeconde}};
+    const bool datee = futimens(sortie, dates) == 0;
+    const std::optional<EtatFichier> etat = EtatDe(sortie);
+    m_fichiers.insert(choix.fichier, {choix.etat.index, etat.value_or(EtatFichier()), datee && etat});
 }
 
 /// Writes an entry's bytes, never more than it announces.
@@ -333,6 +356,16 @@ Extrait Extraire(zip_t* archive, const std::vector<NomLu>& noms, const QString& 
     Extraction extraction(archive, limites, infos);
     const ResultatZip resultat = extraction.Vers(cible, noms, masque);
     return {resultat, extraction.PrendreFichiers(), extraction.PrendreRemplaces()};
+}
+
+QHash<QByteArray, ArchiveConnue::Fichier> ExtraireVoulus(zip_t* archive, const std::vector<Voulu>& voulus,
+                                                         const QString& cible)
+{
+    const LimitesExtraction limites;
+    QString infos;
+    Extraction extraction(archive, limites, infos);
+    extraction.Voulus(cible, voulus);
+    return extraction.PrendreFichiers();
 }
 
 } // namespace zipinterne

@@ -93,12 +93,24 @@ struct Extrait
 Extrait Extraire(zip_t* archive, const std::vector<NomLu>& noms, const QString& cible, const QString& masque,
                  const LimitesExtraction& limites, QString& infos);
 
+/// A file that is to come back from an archive.
+struct Voulu
+{
+    uint64_t index;     ///< of its entry
+    QByteArray fichier; ///< its name in the folder
+    EtatFichier etat;   ///< as it was; all zero where that is not known
+};
+/// Extracts these, as far as that goes; encrypted ones never. Returns what is there again.
+QHash<QByteArray, ArchiveConnue::Fichier> ExtraireVoulus(zip_t* archive, const std::vector<Voulu>& voulus,
+                                                         const QString& cible);
+
 /// A file (or, when the name ends in "/", a folder) that goes into an archive.
 struct Ajout
 {
     QString fichier;
     QByteArray nom;                                 ///< in the archive, UTF-8
-    std::optional<EtatFichier> etat = std::nullopt; ///< of the file whose bytes went in, where it can be known again
+    std::optional<EtatFichier> etat = std::nullopt; ///< of the file whose bytes went in, if it stood still
+    bool sur = false;                               ///< and a later write would show in it
 };
 
 /// A file as a source of its bytes; null when it cannot be had. The library keeps the reference while it writes.
@@ -146,6 +158,8 @@ public:
     /// over `relais`.
     zip_source_t* Source(zip_t* archive, zipinterne::Ajout& ajout, const struct stat& fichier, int niveau,
                          zipinterne::Relais& relais) const;
+    /// The archive, for reading.
+    zip_t* Lue() const { return m_archive.get(); }
     /// Of the archive, in bytes.
     uint64_t Taille() const { return m_connue->etat.taille; }
     /// Whether nobody has written to the archive since it was known.

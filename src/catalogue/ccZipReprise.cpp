@@ -132,7 +132,8 @@ zip_source_t* OrigineZip::Source(zip_t* archive, Ajout& ajout, const struct stat
                                  Relais& relais) const
 {
     const auto connu = m_connue->fichiers.constFind(ajout.nom);
-    if (niveau != m_connue->niveau || connu == m_connue->fichiers.cend() || connu->etat != VersEtat(fichier))
+    if (niveau != m_connue->niveau || connu == m_connue->fichiers.cend() || !connu->sur ||
+        connu->etat != VersEtat(fichier))
         return nullptr;
     zip_stat_t etat;
     if (zip_stat_index(m_archive.get(), connu->index, 0, &etat) != 0)
@@ -145,6 +146,7 @@ zip_source_t* OrigineZip::Source(zip_t* archive, Ajout& ajout, const struct stat
     if (!brute)
         return nullptr;
     ajout.etat = connu->etat;
+    ajout.sur = true;
     return SourceFichier::Donner(archive, std::make_unique<SourceReprise>(ajout, fichier, brute, etat, m_lue, relais));
 }
 
@@ -155,4 +157,24 @@ bool OrigineZip::EstIntacte() const
     if (etat)
         etat->change = m_connue->etat.change;
     return etat == m_connue->etat;
+}
+
+QSet<QByteArray> RapporterFichiers(const std::shared_ptr<ArchiveConnue>& connue, const QList<QByteArray>& noms,
+                                   const QString& dossier)
+{
+    QSet<QByteArray> rapportes;
+    const Origine origine = noms.isEmpty() ? nullptr : OuvrirOrigine(connue);
+    if (!origine)
+        return rapportes;
+    std::vector<Voulu> voulus;
+    for (const QByteArray& nom : noms) {
+        const ArchiveConnue::Fichier fichier = connue->fichiers.value(nom);
+        voulus.push_back({fichier.index, nom, fichier.etat});
+    }
+    const auto extraits = ExtraireVoulus(origine->Lue(), voulus, dossier);
+    for (auto it = extraits.cbegin(); it != extraits.cend(); ++it) {
+        connue->fichiers.insert(it.key(), it.value());
+        rapportes.insert(it.key());
+    }
+    return rapportes;
 }

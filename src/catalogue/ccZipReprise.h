@@ -4,6 +4,8 @@
 
 #include <QByteArray>
 #include <QHash>
+#include <QList>
+#include <QSet>
 #include <QString>
 
 #include <cstdint>
@@ -37,6 +39,7 @@ struct ArchiveConnue
     {
         uint64_t index; ///< of the entry, from 0
         EtatFichier etat;
+        bool sur = true; ///< a file in this state has the entry's bytes; otherwise it was written to around that time
     };
     QString chemin;
     EtatFichier etat;
@@ -54,3 +57,9 @@ struct FermerOrigine
 using Origine = std::unique_ptr<OrigineZip, FermerOrigine>;
 /// Opens a known archive; null when nothing is known, or it is not to be had any more, or another one by now.
 Origine OuvrirOrigine(std::shared_ptr<const ArchiveConnue> connue);
+
+/// Brings files of a known archive back into a folder, as they were, their sums checked; `noms` are among its
+/// `fichiers`, whose states are the new ones then. Returns the names of those that are there again: none where the
+/// archive is not to be had any more, and none that is encrypted.
+QSet<QByteArray> RapporterFichiers(const std::shared_ptr<ArchiveConnue>& connue, const QList<QByteArray>& noms,
+                                   const QString& dossier);

@@ -31,8 +31,10 @@ zip_int64_t SourceFichier::Lire(std::span<char> vers)
 void SourceFichier::NoterEtat()
 {
     const std::optional<EtatFichier> etat = EtatDe(m_entree.Numero());
-    if (etat && *etat == VersEtat(m_fichier) && EstPasse(*etat))
-        m_ajout.etat = etat;
+    if (!etat || *etat != VersEtat(m_fichier))
+        return;
+    m_ajout.etat = etat;
+    m_ajout.sur = EstPasse(*etat);
 }
 
 zip_int64_t SourceFichier::Decrire(zip_stat_t& etat) const

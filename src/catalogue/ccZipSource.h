@@ -31,7 +31,7 @@ protected:
     virtual void Completer(zip_stat_t& /*etat*/) const {}
 
     zip_int64_t Echec(int erreur);
-    /// To be called when all was read: keeps the state, unless the file was written to meanwhile or just before.
+    /// To be called when all was read: keeps the state, unless the file was written to meanwhile.
     void NoterEtat();
 
     Descripteur m_entree; ///< while open

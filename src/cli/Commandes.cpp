@@ -4,6 +4,7 @@
 #include "base/Nombres.h"
 #include "catalogue/ChargerCatalogue.h"
 #include "catalogue/FichierQrt.h"
+#include "catalogue/FichiersDisparus.h"
 #include "catalogue/PlaceDuFichier.h"
 #include "catalogue/ccZip.h"
 #include "cli/Catalogue.h"
@@ -189,6 +190,8 @@ Statut ExecuterConvert(const LigneDeCommande& ligne)
     if (!catalogue)
         return Echec;
     if (forme == TexteSeul && !force && !AccepterPerteDeCaracteres(catalogue->doc))
+        return Echec;
+    if (forme == Archive && !RetablirDisparus(catalogue->doc))
         return Echec;
     if (Remplacer(catalogue->doc, sortie, forme))
         return Fait;

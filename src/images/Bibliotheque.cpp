@@ -88,6 +88,6 @@ bool SupprimerImage(const QString& chemin, int& mode, const QuestionSupprImg& de
             return false;
     }
     // A file that resists counts as deleted all the same: a batch goes on without a word. This is meant.
-    QFile::remove(chemin);
+    SupprimerDuDossier(chemin);
     return true;
 }

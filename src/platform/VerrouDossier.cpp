@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 
@@ -29,6 +30,13 @@ std::optional<VerrouDossier> VerrouDossier::Prendre(const QString& dossier)
     if (verrou.m_descripteur >= 0 && !verrou.m_tient && errno == EWOULDBLOCK)
         return std::nullopt;
     return verrou;
+}
+
+bool VerrouDossier::EstCelui(const QString& dossier) const
+{
+    struct stat tenu, la;
+    return fstat(m_descripteur, &tenu) == 0 && lstat(QFile::encodeName(dossier).constData(), &la) == 0 &&
+           tenu.st_dev == la.st_dev && tenu.st_ino == la.st_ino;
 }
 
 void VerrouDossier::Rendre()

@@ -1,3 +1,4 @@
+#include "base/ActesDuDossier.h"
 #include "base/Const_Vrac.h"
 #include "platform/VerrouDossier.h"
 #include "support/ArchiveDeTest.h"
@@ -31,7 +32,9 @@ protected:
     HasardPrepare& m_hasard = PlateformeDeTest::Courante().hasard;
 };
 
+using ActesDuDossierTest = DossiersTempTest;
 using CreerDossierTempTest = DossiersTempTest;
+using RetablirDossierTempTest = DossiersTempTest;
 using SupprimerDossierTest = DossiersTempTest;
 using InitialiserTempFolderTest = DossiersTempTest;
 
@@ -251,6 +254,83 @@ TEST_F(CreerDossierTempTest, FindsItsBaseWhenNobodyHasSetIt)
     Tirer({37});
 
     EXPECT_EQ(CreerDossierTemp(), DossierProgramme() + "temp/cat37/");
+}
+
+// ---- Folders taken away from outside
+
+TEST_F(RetablirDossierTempTest, LeavesAFolderThatStands)
+{
+    const QString dossier = CreerDossierTemp();
+    QFile fichier(dossier + "a.jpg");
+    ASSERT_TRUE(fichier.open(QIODevice::WriteOnly));
+    EXPECT_EQ(RetablirDossierTemp(dossier), dossier);
+    EXPECT_TRUE(fichier.exists());
+}
+
+TEST_F(RetablirDossierTempTest, MakesItAnewForItsUserAloneAndHoldsIt)
+{
+    const QString dossier = CreerDossierTemp();
+    ASSERT_TRUE(QDir().rmdir(dossier));
+    EXPECT_EQ(RetablirDossierTemp(dossier), dossier);
+    struct stat etat = {};
+    ASSERT_EQ(stat(QFile::encodeName(dossier).constData(), &etat), 0);
+    EXPECT_EQ(etat.st_mode & 0777, 0700U);
+    EXPECT_FALSE(VerrouDossier::Prendre(dossier).has_value()) << "it is held";
+    EXPECT_EQ(DossiersTempTenus().size(), 1);
+}
+
+TEST_F(RetablirDossierTempTest, NeverSharesAFolderThatIsSomebodyElsesByNow)
+{
+    Tirer({37, 38});
+    const QString dossier = CreerDossierTemp();
+    QFile copie(FichierDeSecours(dossier));
+    ASSERT_TRUE(copie.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(QDir().rmdir(dossier) && QDir().mkdir(dossier));
+    const auto autre = VerrouDossier::Prendre(dossier);
+    ASSERT_TRUE(autre && autre->Tient());
+    EXPECT_EQ(RetablirDossierTemp(dossier), Temp("cat38/"));
+    EXPECT_EQ(DossiersTempTenus(), QStringList(Temp("cat38/")));
+    EXPECT_FALSE(QFileInfo::exists(FichierDeSecours(dossier)));
+    EXPECT_TRUE(QFileInfo::exists(FichierDeSecours(Temp("cat38/")))) << "it goes along";
+}
+
+TEST_F(RetablirDossierTempTest, NorOneInWhichSomethingLies)
+{
+    Tirer({37, 38});
+    const QString dossier = CreerDossierTemp();
+    ASSERT_TRUE(QDir().rmdir(dossier) && QDir().mkdir(dossier));
+    QFile fichier(dossier + "a.jpg");
+    ASSERT_TRUE(fichier.open(QIODevice::WriteOnly));
+    EXPECT_EQ(RetablirDossierTemp(dossier), Temp("cat38/"));
+}
+
+// ---- What the program did to files
+
+TEST_F(ActesDuDossierTest, TheLastActOnEachFileIsKnownUntilTheFolderIsDrawnAgain)
+{
+    Tirer({37});
+    const QString dossier = CreerDossierTemp();
+    QFile fichier(dossier + "a.jpg");
+    ASSERT_TRUE(fichier.open(QIODevice::WriteOnly) && fichier.write("12345") == 5);
+    fichier.close();
+    NoterSuppression(dossier + "a.jpg");
+    NoterSuppression(dossier + "b.jpg");
+    NoterEcriture(dossier + "a.jpg");
+    NoterEcriture(dossier + "absent.jpg");
+    const auto actes = ActesDuDossier(dossier.chopped(1));
+    ASSERT_EQ(actes.size(), 2);
+    EXPECT_FALSE(actes["a.jpg"].supprime);
+    EXPECT_EQ(actes["a.jpg"].ecrit.taille, 5U);
+    EXPECT_TRUE(actes["b.jpg"].supprime);
+    OublierActe(dossier, "b.jpg");
+    EXPECT_EQ(ActesDuDossier(dossier).keys(), QList<QByteArray>{"a.jpg"});
+
+    SupprimerDossier(dossier, true);
+    EXPECT_TRUE(ActesDuDossier(dossier).isEmpty());
+    NoterSuppression(dossier + "tard.jpg");
+    Tirer({37});
+    ASSERT_EQ(CreerDossierTemp(), dossier);
+    EXPECT_TRUE(ActesDuDossier(dossier).isEmpty());
 }
 
 TEST_F(InitialiserTempFolderTest, IsTempInTheProgramsFolderByDefault)

@@ -1,5 +1,6 @@
 #include "catalogue/Commentaires.h"
 
+#include "base/ActesDuDossier.h"
 #include "catalogue/FichierQrt.h"
 #include "catalogue/TexteExact.h"
 #include "support/ArchiveDeTest.h"
@@ -94,6 +95,14 @@ TEST_F(CommentairesTest, TheExactFileGoesWhenNothingNeedsIt)
     EXPECT_TRUE(Ecrire("?"));
     EXPECT_FALSE(ExacteExiste());
     EXPECT_EQ(Lire(), "?") << "not the star that reduces to the same byte";
+}
+
+TEST_F(CommentairesTest, TheExactFileThatWentIsNotMissed)
+{
+    ASSERT_TRUE(Ecrire(s_etoiles));
+    ASSERT_TRUE(Ecrire("simple"));
+    ASSERT_FALSE(ExacteExiste());
+    EXPECT_TRUE(ActesDuDossier(Dossier()).value("Zelvane.utf8").supprime);
 }
 
 TEST_F(CommentairesTest, TheExactCatalogueStaysWhateverTheCommentsNeed)

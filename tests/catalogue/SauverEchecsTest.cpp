@@ -127,11 +127,14 @@ TEST_F(SauvegardeManquee, ADiskFullForTheArchiveKeepsTheFolder)
     EXPECT_EQ(d.dossier.Lire("b.jpg"), bruit);
 }
 
-TEST_F(SauvegardeManquee, WithoutItsFolderADocumentLeavesTheOldFile)
+TEST_F(SauvegardeManquee, WhereItsFolderCannotBeMadeAgainADocumentLeavesTheOldFile)
 {
     ASSERT_TRUE(QDir(d.dossier.Chemin()).removeRecursively());
+    QFile obstacle(d.dossier.Chemin().chopped(1));
+    ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
     AttendreRefus();
     EXPECT_EQ(dossier.Lire("mes.qrt"), "ancien");
+    EXPECT_TRUE(obstacle.remove());
 }
 
 TEST_F(SauvegardeManquee, ATargetFolderThatIsGoneKeepsTheFolderForAnotherTry)

@@ -1,5 +1,6 @@
 #include "images/Bibliotheque.h"
 
+#include "base/ActesDuDossier.h"
 #include "support/DossierDeTest.h"
 
 #include <QDir>
@@ -234,4 +235,20 @@ TEST_F(BibliothequeTest, AReadOnlyImageIsDeletedToo)
     int mode = SupprImgOuiTous;
     EXPECT_TRUE(SupprimerImage(image, mode, Questions().Poser()));
     EXPECT_EQ(Noms(), QStringList());
+}
+
+TEST_F(BibliothequeTest, WhatIsDeletedOrCopiedIsRemembered)
+{
+    const QString source = m_dossier.Ecrire("ailleurs.jpg", "image");
+    Ecrire("a.jpg");
+    int mode = SupprImgOuiTous;
+    ASSERT_TRUE(SupprimerImage(Dossier() + "a.jpg", mode, Questions().Poser()));
+    ASSERT_TRUE(CopierImage(source, Dossier() + "b.jpg", SiLeFichierExiste::Echouer));
+    const auto actes = ActesDuDossier(Dossier());
+    EXPECT_TRUE(actes.value("a.jpg").supprime) << "it is not missed";
+    ASSERT_TRUE(actes.contains("b.jpg"));
+    EXPECT_EQ(actes.value("b.jpg").ecrit.taille, 5U);
+
+    ASSERT_TRUE(CopierImage(source, Dossier() + "a.jpg", SiLeFichierExiste::Echouer));
+    EXPECT_FALSE(ActesDuDossier(Dossier()).value("a.jpg").supprime) << "one of that name is there again";
 }
