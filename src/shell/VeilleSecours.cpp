@@ -64,7 +64,9 @@ bool VeilleSecours::eventFilter(QObject* objet, QEvent* event)
 void VeilleSecours::Battre()
 {
     const bool encore = AvancerLesSecours(m_cadre, {m_horloge.elapsed(), m_derniereTouche});
-    m_battement.start(encore ? EntreDeuxPieces : EntreDeuxRegards);
+    const qint64 heure = plateforme().horloge->Maintenant().toMSecsSinceEpoch();
+    const bool encoreDates = m_fraicheur.Avancer(m_cadre, heure);
+    m_battement.start(encore || encoreDates ? EntreDeuxPieces : EntreDeuxRegards);
 }
 
 bool VeilleSecours::FinirLaSession(bool questions)

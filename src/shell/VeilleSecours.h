@@ -2,6 +2,7 @@
 // take unsaved changes along.
 #pragma once
 
+#include "catalogue/FraicheurDesDossiers.h"
 #include "platform/SignauxDeFin.h"
 
 #include <QElapsedTimer>
@@ -28,6 +29,7 @@ private:
 
     Cadre& m_cadre;
     QTimer m_battement;
+    FraicheurDesDossiers m_fraicheur;
     QElapsedTimer m_horloge;
     qint64 m_derniereTouche = 0;
     bool m_finPermise = false;
