@@ -1,13 +1,12 @@
 #include "entries/mEditLV.h"
+#include "GestesDEditeur.h"
 #include "SelectionDeTest.h"
 
 #include "base/Const_Vrac.h"
 #include "support/CadreDeTest.h"
 #include "support/FileDeReponses.h"
-#include "support/GardeModale.h"
 #include "support/TableDeTest.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QImage>
 #include <QPushButton>
@@ -25,10 +24,6 @@ QPushButton& Bouton(const QWidget& form, const char* nom)
 {
     return *form.findChild<QPushButton*>(QString::fromLatin1(nom));
 }
-void Cliquer(const QWidget& form, const char* nom)
-{
-    QTest::mouseClick(&Bouton(form, nom), Qt::LeftButton);
-}
 QTreeWidget& LV(const QWidget& form)
 {
     return *form.findChild<QTreeWidget*>("LV");
@@ -40,25 +35,6 @@ QStringList ColonneDeLV(const QWidget& form, int colonne)
         textes.append(LV(form).topLevelItem(i)->text(colonne));
     return textes;
 }
-/// Types into the row (from 1) as a user does: a click on it leads to the field.
-void Taper(const QWidget& form, int ligne, const QString& texte)
-{
-    const QRect place = LV(form).visualItemRect(LV(form).topLevelItem(ligne - 1));
-    QTest::mouseClick(LV(form).viewport(), Qt::LeftButton, Qt::NoModifier, place.center());
-    QTest::keyClick(form.focusWidget(), Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(form.focusWidget(), texte);
-}
-/// Chooses the image `nom` in the dialog that a click on the picture opens.
-void ChoisirPremiereImage(const QWidget& form)
-{
-    const GardeModale choix([](QWidget& dialogue) {
-        auto* liste = dialogue.findChild<QAbstractItemView*>("List1");
-        liste->setCurrentIndex(liste->model()->index(0, 0));
-        Cliquer(dialogue, "btOK");
-    });
-    QTest::mouseClick(form.findChild<QWidget*>("Img"), Qt::LeftButton);
-}
-
 class EditLV : public testing::Test
 {
 protected:

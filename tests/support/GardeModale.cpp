@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
-GardeModale::GardeModale(std::function<void(QWidget&)> geste, int limiteEnMs)
-    : m_geste(std::move(geste)), m_limite(limiteEnMs)
+GardeModale::GardeModale(std::function<void(QWidget&)> geste, int limiteEnMs, const QWidget* sauf)
+    : m_geste(std::move(geste)), m_sauf(sauf), m_limite(limiteEnMs)
 {
     m_depuis.start();
     QObject::connect(&m_tic, &QTimer::timeout, &m_tic, [this] { Regarder(); });
@@ -21,7 +21,7 @@ GardeModale::~GardeModale()
 void GardeModale::Regarder()
 {
     QWidget* fenetre = QApplication::activeModalWidget();
-    if (!fenetre || !fenetre->isVisible())
+    if (!fenetre || fenetre == m_sauf || !fenetre->isVisible())
         return;
     // Shortcuts reach an active window only; it becomes one a moment after it is seen.
     if (!m_fait && (fenetre->isActiveWindow() || m_depuis.hasExpired(m_limite / 2))) {
