@@ -140,9 +140,9 @@ bool EcrireIdentite(const QrtClass& doc, const QString& nom)
     return OuvrirPrive(fichier) && fichier.Fichier().write(entete) == entete.size() && fichier.Valider();
 }
 
-EcritureDeSecours::EcritureDeSecours(const QrtClass& doc, const QString& nom)
+EcritureDeSecours::EcritureDeSecours(const QrtClass& doc, const QString& nom, std::optional<SaisieEnCours> saisie)
     : m_fichier(FichierDeSecours(doc.TmpFolder)), m_tampon(Entete(doc, nom, true)),
-      m_redacteur(doc, "2", EntreesEcrites::Toutes, stockage::Codage::Utf8, *this)
+      m_redacteur(doc, "2", EntreesEcrites::Toutes, stockage::Codage::Utf8, *this, std::move(saisie))
 {
     if (!OuvrirPrive(m_fichier))
         m_etat = Etat::Manquee;

@@ -47,8 +47,8 @@ class EcritureDeSecours : private Puits
 public:
     enum class Etat { EnCours, Faite, Manquee };
 
-    /// Not to be continued once the document has changed.
-    EcritureDeSecours(const QrtClass& doc, const QString& nom);
+    /// Not to be continued once the document has changed. `saisie`: what is being typed, as if it were validated.
+    EcritureDeSecours(const QrtClass& doc, const QString& nom, std::optional<SaisieEnCours> saisie = std::nullopt);
     /// A copy that is not done is forgotten; the one before stays. Waits for the disk while it is busy.
     ~EcritureDeSecours() override;
     EcritureDeSecours(const EcritureDeSecours&) = delete;

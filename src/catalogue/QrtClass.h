@@ -2,6 +2,7 @@
 #pragma once
 
 #include "catalogue/MyLV.h"
+#include "catalogue/SaisieEnCours.h"
 
 #include <QString>
 
@@ -47,6 +48,9 @@ public:
 
     /// Full path of the program's settings file, fixed when the object is made.
     const QString& ZelvaneIni() const { return m_zelvaneIni; }
+
+    /// Set while an editor is open on the document.
+    LireSaisie Saisie;
 
     QString TmpFolder; ///< the document's private folder, with a trailing separator
 

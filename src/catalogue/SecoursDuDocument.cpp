@@ -6,6 +6,7 @@
 #include <QFile>
 
 #include <chrono>
+#include <utility>
 
 SecoursDuDocument::Etat SecoursDuDocument::EtatDe(const QrtClass& doc, const QString& nom)
 {
@@ -22,6 +23,9 @@ void SecoursDuDocument::Oublier()
 
 bool SecoursDuDocument::Avancer(const QrtClass& doc, const QString& nom, const MomentDeSecours& moment)
 {
+    // What was typed is in no table: the copy is all there is of it, until the user touches a key again.
+    if (m_tientSaisie)
+        return false;
     Etat etat = EtatDe(doc, nom);
     const bool change = etat != m_vu;
     if (change) {
@@ -97,8 +101,12 @@ void SecoursDuDocument::TenirIdentite(const QrtClass& doc, const QString& nom)
 
 bool SecoursDuDocument::EcrireMaintenant(const QrtClass& doc, const QString& nom)
 {
+    if (doc.TmpFolder.isEmpty())
+        return true;
+    if (std::optional<SaisieEnCours> saisie = SaisieDe(doc))
+        return EcrireAvecSaisie(doc, nom, *std::move(saisie));
     Etat etat = EtatDe(doc, nom);
-    if (doc.TmpFolder.isEmpty() || !doc.IlFautSauver || m_copie == etat)
+    if (!doc.IlFautSauver || m_copie == etat)
         return true;
     if (!m_ecriture || m_perimee || etat != m_vu) {
         m_ecriture.reset();
@@ -109,4 +117,41 @@ bool SecoursDuDocument::EcrireMaintenant(const QrtClass& doc, const QString& nom
     const EcritureDeSecours::Etat issue = m_ecriture->Achever();
     Finir(issue);
     return issue == EcritureDeSecours::Etat::Faite;
+}
+
+std::optional<SaisieEnCours> SecoursDuDocument::SaisieDe(const QrtClass& doc) const
+{
+    return doc.Saisie && !m_saisieAbandonnee ? doc.Saisie() : std::nullopt;
+}
+
+bool SecoursDuDocument::SaisieADemander(const QrtClass& doc) const
+{
+    return !m_tientSaisie && SaisieDe(doc).has_value();
+}
+
+bool SecoursDuDocument::EcrireAvecSaisie(const QrtClass& doc, const QString& nom, SaisieEnCours saisie)
+{
+    m_ecriture.reset();
+    m_perimee = false;
+    if (EcritureDeSecours(doc, nom, std::move(saisie)).Achever() != EcritureDeSecours::Etat::Faite)
+        return false;
+    // Of no state of the table: once the session goes on, another one takes its place.
+    m_copie.reset();
+    m_identite.reset();
+    m_tientSaisie = true;
+    return true;
+}
+
+void SecoursDuDocument::Abandonner(bool changements)
+{
+    m_tientSaisie = false;
+    m_saisieAbandonnee = true;
+    m_changementsAbandonnes = changements;
+}
+
+bool SecoursDuDocument::Reprendre()
+{
+    m_tientSaisie = false;
+    m_saisieAbandonnee = false;
+    return std::exchange(m_changementsAbandonnes, false);
 }

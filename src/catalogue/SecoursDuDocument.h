@@ -29,11 +29,18 @@ public:
     /// disk, no more than whose folder it is. `nom`: the window's caption. True when it has more to do at once.
     bool Avancer(const QrtClass& doc, const QString& nom, const MomentDeSecours& moment);
 
-    /// Writes the copy of unsaved changes whole, whenever the last one was. False when that fails.
+    /// Writes the copy of unsaved changes whole, whenever the last one was, and with what is being typed; that stays
+    /// there until Reprendre. False when it fails.
     bool EcrireMaintenant(const QrtClass& doc, const QString& nom);
+    /// Whether the copy holds what was being typed: the folder must not go without it.
+    bool TientSaisie() const { return m_tientSaisie; }
 
-    /// The user has given the changes up as the session ends; should it go on after all, they are changes again.
-    bool Abandonne = false;
+    /// Whether something is being typed of which the user has not decided and that no copy holds.
+    bool SaisieADemander(const QrtClass& doc) const;
+    /// The user has given up as the session ends what was being typed, and `changements`, the document's changes.
+    void Abandonner(bool changements);
+    /// The session goes on after all. True when changes that were given up are changes again.
+    bool Reprendre();
 
 private:
     /// What a copy was made of; a document that shows another one has changed.
@@ -57,6 +64,8 @@ private:
     };
 
     void Oublier();
+    std::optional<SaisieEnCours> SaisieDe(const QrtClass& doc) const;
+    bool EcrireAvecSaisie(const QrtClass& doc, const QString& nom, SaisieEnCours saisie);
     bool EstSurLeDisque(const QrtClass& doc);
     void TenirIdentite(const QrtClass& doc, const QString& nom);
     bool Continuer(const QrtClass& doc, const QString& nom, qint64 maintenant);
@@ -71,4 +80,7 @@ private:
     Depot m_depot; ///< what m_forcage sees to, or saw to last
     std::future<bool> m_forcage;
     bool m_perimee = false; ///< what is being written is of no use any more
+    bool m_tientSaisie = false;
+    bool m_saisieAbandonnee = false;
+    bool m_changementsAbandonnes = false;
 };

@@ -2,11 +2,13 @@
 
 #include "base/Const_Vrac.h"
 #include "base/Nombres.h"
+#include "base/SurUneLigne.h"
 #include "platform/PageDeCode.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 using stockage::Cellule;
@@ -95,7 +97,18 @@ private:
 
 namespace {
 
-void EcrireEntete(PlumeQrt& plume, const QrtClass& doc, const char* version)
+/// A typed text as a line can hold it. What validating refuses is not refused here, where it would be lost.
+QString SansSeparateurs(const QString& texte)
+{
+    return SurUneLigne(texte).replace(u'|', u'\u00A6'); // the broken bar is in the code page
+}
+
+QString TextesDeColonne(const ColumnHeader& colonne, int rang, const std::optional<SaisieEnCours>& saisie)
+{
+    return saisie ? SurUneLigne(saisie->textes.value(rang - 1)) : colonne.Tag();
+}
+
+void EcrireEntete(PlumeQrt& plume, const QrtClass& doc, const char* version, const std::optional<SaisieEnCours>& saisie)
 {
     MyLV& table = *doc.MyLV;
     plume.Ascii("[FileInfo]\r\nType=QRT FILE\r\nVersion=");
@@ -118,7 +131,7 @@ void EcrireEntete(PlumeQrt& plume, const QrtClass& doc, const char* version)
         plume.Ascii("|");
         plume.Texte(SimpleVersTexte(colonne.Width()));
         plume.Ascii("|");
-        plume.Texte(colonne.Tag());
+        plume.Texte(TextesDeColonne(colonne, i, saisie));
         plume.FinDeLigne();
     }
     plume.Ascii("Dependant=");
@@ -139,14 +152,40 @@ void EcrireChamps(PlumeQrt& plume, const stockage::Vue& vue, int colonnes, Entre
     }
 }
 
+/// The fields of an entry as they are being typed. `vue`: of the entry that there is, null for a new one.
+void EcrireSaisie(PlumeQrt& plume, const SaisieEnCours& saisie, const stockage::Vue* vue, int colonnes)
+{
+    const auto reste = [&](const QString& texte) {
+        return vue && saisie.cible == SaisieEnCours::Cible::Selection && texte.isEmpty();
+    };
+    for (int i = 0; i < colonnes; ++i) {
+        const QString valeur = saisie.valeurs.value(i);
+        if (reste(valeur))
+            plume.Champ(vue->Champ(i));
+        else
+            plume.Texte(SansSeparateurs(valeur));
+        plume.Octets("|", 1);
+    }
+    if (reste(saisie.image))
+        plume.Champ(vue->Image());
+    else
+        plume.Texte(SansSeparateurs(saisie.image));
+}
+
+bool EstAjout(const std::optional<SaisieEnCours>& saisie)
+{
+    return saisie && saisie->cible == SaisieEnCours::Cible::Ajout;
+}
+
 } // namespace
 
 RedacteurQrt::RedacteurQrt(const QrtClass& doc, const char* version, EntreesEcrites entrees, Codage codage,
-                           Puits& puits)
-    : m_doc(doc), m_entrees(entrees), m_plume(std::make_unique<PlumeQrt>(puits, codage))
+                           Puits& puits, std::optional<SaisieEnCours> saisie)
+    : m_doc(doc), m_entrees(entrees), m_saisie(std::move(saisie)), m_plume(std::make_unique<PlumeQrt>(puits, codage))
 {
-    EcrireEntete(*m_plume, doc, version);
-    m_plume->Nombre(entrees == EntreesEcrites::Toutes ? doc.ItemsCount() : doc.SelItemsCount());
+    EcrireEntete(*m_plume, doc, version, m_saisie);
+    const int toutes = doc.ItemsCount() + (EstAjout(m_saisie) ? 1 : 0);
+    m_plume->Nombre(entrees == EntreesEcrites::Toutes ? toutes : doc.SelItemsCount());
     m_plume->FinDeLigne();
 }
 
@@ -165,11 +204,11 @@ bool RedacteurQrt::Avancer(int entrees)
     for (; m_suivante <= derniere && plume.Bon(); ++m_suivante) {
         if (!toutes && !table.EstSelectionnee(m_suivante))
             continue;
-        plume.Octets("It", 2);
-        plume.Nombre(++m_numero);
-        plume.Octets("=", 1);
+        CommencerEntree();
         const stockage::Vue vue = table.VueEntree(m_suivante);
-        if (memeForme && vue.EstReguliere())
+        if (m_saisie && m_saisie->Touche(m_suivante, table.EstSelectionnee(m_suivante)))
+            EcrireSaisie(plume, *m_saisie, &vue, m_doc.ColCount());
+        else if (memeForme && vue.EstReguliere())
             plume.Octets(vue.Tranche().data(), static_cast<size_t>(vue.Tranche().size()));
         else
             EcrireChamps(plume, vue, m_doc.ColCount(), m_entrees);
@@ -178,8 +217,20 @@ bool RedacteurQrt::Avancer(int entrees)
     return plume.Bon() && m_suivante <= m_doc.ItemsCount();
 }
 
+void RedacteurQrt::CommencerEntree()
+{
+    m_plume->Octets("It", 2);
+    m_plume->Nombre(++m_numero);
+    m_plume->Octets("=", 1);
+}
+
 std::optional<qint64> RedacteurQrt::Finir()
 {
+    if (EstAjout(m_saisie)) {
+        CommencerEntree();
+        EcrireSaisie(*m_plume, *m_saisie, nullptr, m_doc.ColCount());
+        m_plume->FinDeLigne();
+    }
     return m_plume->Finir();
 }
 

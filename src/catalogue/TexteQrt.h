@@ -26,9 +26,10 @@ class PlumeQrt;
 class RedacteurQrt
 {
 public:
-    /// `version` is "2" or "1.4".
+    /// `version` is "2" or "1.4". `saisie`: is written in the place of what it touches, without what would break a
+    /// line; with all entries only.
     RedacteurQrt(const QrtClass& doc, const char* version, EntreesEcrites entrees, stockage::Codage codage,
-                 Puits& puits);
+                 Puits& puits, std::optional<SaisieEnCours> saisie = std::nullopt);
     ~RedacteurQrt();
     RedacteurQrt(const RedacteurQrt&) = delete;
     RedacteurQrt& operator=(const RedacteurQrt&) = delete;
@@ -39,8 +40,11 @@ public:
     std::optional<qint64> Finir();
 
 private:
+    void CommencerEntree();
+
     const QrtClass& m_doc;
     EntreesEcrites m_entrees;
+    std::optional<SaisieEnCours> m_saisie;
     std::unique_ptr<PlumeQrt> m_plume;
     int m_suivante = 1;
     int m_numero = 0;

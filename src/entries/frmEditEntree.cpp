@@ -112,6 +112,15 @@ void frmEditEntree::RemplirColonnes()
 {
     for (int i = 1; Table && i <= Table->ColumnHeaders.Count(); ++i)
         AjouterLigne(Table->ColumnHeaders(i).Text(), QString(), Table->ColumnHeaders(i).Tag());
+    m_depart = Contenu();
+}
+
+QStringList frmEditEntree::Contenu() const
+{
+    QStringList contenu = Valeurs();
+    for (int ligne = 1; ligne <= NombreDeLignes(); ++ligne)
+        contenu.append(Textes(ligne));
+    return contenu << m_image;
 }
 
 int frmEditEntree::NombreDeLignes() const
@@ -180,6 +189,7 @@ void frmEditEntree::ChargerEntree()
     }
     m_ui->Combo1->Montrer(entree.Text());
     MettreLargeurCombo();
+    m_depart = Contenu();
 }
 
 void frmEditEntree::EnregistrerEntree()
@@ -192,6 +202,7 @@ void frmEditEntree::EnregistrerEntree()
     entree.SetSmallIcon(IconeImage(CheminImages, m_image));
     Modifie = true;
     EcrireTextes();
+    m_depart = Contenu();
     if (EntreeEcrite)
         EntreeEcrite();
 }

@@ -69,6 +69,9 @@ public:
     /// Img.Tag: the bare file name of the entry's image, or empty.
     const QString& ImgTag() const { return m_image; }
 
+    /// Whether rows or image are others than they were when the form was filled, or last wrote.
+    bool EstTouche() const { return Contenu() != m_depart; }
+
     /// Fills rows and image from the entry at IndexEntree; nothing happens when there is none. An entry without an
     /// image leaves the image zone as it is.
     void ChargerEntree();
@@ -90,6 +93,9 @@ protected:
 
 private:
     enum class Sens { Precedente, Suivante };
+
+    /// Values, texts and image.
+    QStringList Contenu() const;
 
     void Brancher();
     void MesurerControles();
@@ -114,4 +120,5 @@ private:
 
     std::unique_ptr<Ui::frmEditEntree> m_ui;
     QString m_image;
+    QStringList m_depart; ///< what Contenu was at first
 };

@@ -3,6 +3,7 @@
 #include "base/Const_Vrac.h"
 #include "base/Options.h"
 #include "catalogue/FenetreDocument.h"
+#include "entries/SaisieDEntree.h"
 #include "entries/frmEditEntree.h"
 #include "entries/frmSuppr.h"
 #include "extensions/FenetreDessous.h"
@@ -29,6 +30,37 @@ SaisieEntree SaisieDe(const frmEditEntree& form)
     for (int ligne = 1; ligne <= form.NombreDeLignes(); ++ligne)
         textes.append(form.Textes(ligne));
     return {form.Valeurs(), textes, form.ImgTag()};
+}
+
+/// What of the open form validating it would write.
+std::optional<SaisieEnCours> EnCours(const frmEditEntree& form, SaisieEnCours::Cible cible)
+{
+    if (!form.EstTouche() || (cible != SaisieEnCours::Cible::Selection && ToutEstVide(form.Valeurs())))
+        return std::nullopt;
+    const SaisieEntree saisie = SaisieDe(form);
+    return SaisieEnCours{cible, form.IndexEntree, saisie.valeurs, saisie.textes, saisie.image};
+}
+
+/// While it lives, the end of the session finds what is being typed.
+class SaisieDeclaree
+{
+public:
+    SaisieDeclaree(QrtClass& doc, const frmEditEntree& form, SaisieEnCours::Cible cible) : m_doc(doc)
+    {
+        doc.Saisie = [&form, cible] { return EnCours(form, cible); };
+    }
+    ~SaisieDeclaree() { m_doc.Saisie = nullptr; }
+    SaisieDeclaree(const SaisieDeclaree&) = delete;
+    SaisieDeclaree& operator=(const SaisieDeclaree&) = delete;
+
+private:
+    QrtClass& m_doc;
+};
+
+void Executer(frmEditEntree& form, QrtClass& doc, SaisieEnCours::Cible cible)
+{
+    const SaisieDeclaree declaree(doc, form, cible);
+    form.exec();
 }
 
 void OuvrirSur(frmEditEntree& form, const FenetreDocument& fenetre)
@@ -69,8 +101,7 @@ bool EditerPlusieurs(FenetreDocument& fenetre)
     form.MettreCaptionAjouter(LangMsg(u"msg81"_s, u"Mettre à jour"_s).texte);
     PreparerSaisie(form);
     form.Modifie = doc.IlFautSauver;
-    form.exec();
-    doc.IlFautSauver = form.Modifie;
+    Executer(form, doc, SaisieEnCours::Cible::Selection);
     if (form.Valide) {
         AvancementEnFenetre avancement;
         ModifierSelection(fenetre, SaisieDe(form), avancement);
@@ -99,8 +130,7 @@ bool EditerUne(FenetreDocument& fenetre, bool navigation)
     form.EntreeEcrite = [&doc] { doc.IlFautSauver = true; };
     form.RendreVisible = [&fenetre](int ligne) { fenetre.RendreVisible(ligne); };
     form.ChargerEntree();
-    form.exec();
-    doc.IlFautSauver = form.Modifie;
+    Executer(form, doc, SaisieEnCours::Cible::Entree);
     ChoisirSeule(fenetre, form.IndexEntree);
     return form.Modifie;
 }
@@ -125,7 +155,7 @@ bool AjouterEntree(FenetreDocument& fenetre)
     // An image alone makes no entry: the form comes back as the user left it.
     do {
         form.Referme = false;
-        form.exec();
+        Executer(form, fenetre.myqrt, SaisieEnCours::Cible::Ajout);
     } while (form.Valide && form.RefuserVide());
     if (form.Valide)
         InscrireEntree(fenetre, SaisieDe(form));

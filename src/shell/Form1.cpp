@@ -221,7 +221,7 @@ void Form1::closeEvent(QCloseEvent* event)
 
 void Form1::SupprimerTmpFolder()
 {
-    if (!myqrt.DossierAGarder)
+    if (!myqrt.DossierAGarder && !Secours.TientSaisie())
         SupprimerDossier(std::exchange(myqrt.TmpFolder, QString()), true);
 }
 

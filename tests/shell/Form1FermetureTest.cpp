@@ -1,6 +1,9 @@
 // How a document's window closes.
 #include "Form1EnFenetre.h"
 
+#include "catalogue/CopieDeSecours.h"
+#include "catalogue/SecoursDesDocuments.h"
+
 using namespace Qt::StringLiterals;
 
 TEST_F(Form1Test, AnUnchangedDocumentClosesWithoutAQuestion)
@@ -52,6 +55,22 @@ TEST_F(Form1Test, ChangesCanBeGivenUp)
     EXPECT_TRUE(cadre.Documents().empty());
     EXPECT_FALSE(dossier.Lire(u"disques.qrt"_s).contains("Aladdin Sane"));
     EXPECT_FALSE(QFile::exists(temporaire));
+}
+
+TEST_F(Form1Test, WhatWasBeingTypedAtTheEndOfTheSessionStaysForTheNextStart)
+{
+    Form1& fenetre = Ouvrir();
+    const QString temporaire = fenetre.myqrt.TmpFolder;
+    fenetre.myqrt.Saisie = [] {
+        return std::optional(SaisieEnCours{SaisieEnCours::Cible::Ajout, 0, {u"x"_s}, {}, {}});
+    };
+    EXPECT_TRUE(PeutFinirLaSession(cadre, false));
+    fenetre.myqrt.Saisie = nullptr;
+    fenetre.Decharger();
+    EXPECT_TRUE(cadre.Documents().empty());
+    EXPECT_TRUE(LireTexteDeSecours(FichierDeSecours(temporaire)));
+    EXPECT_TRUE(QFile::exists(temporaire + u"Zelvane.qrt"_s));
+    SupprimerDossier(temporaire, true);
 }
 
 TEST_F(Form1Test, ADocumentDoesNotCloseDuringASave)
