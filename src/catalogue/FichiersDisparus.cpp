@@ -3,6 +3,7 @@
 #include "base/ActesDuDossier.h"
 #include "base/AfficherMsg.h"
 #include "base/Const_Vrac.h"
+#include "base/NomsDuDossier.h"
 #include "catalogue/Commentaires.h"
 #include "catalogue/QrtClass.h"
 #include "catalogue/ccZipReprise.h"
@@ -12,9 +13,8 @@
 #include <QSet>
 
 #include <algorithm>
-#include <filesystem>
 #include <iterator>
-#include <system_error>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -22,21 +22,16 @@ namespace {
 
 using Actes = QHash<QByteArray, ActeSurFichier>;
 
-QSet<QByteArray> NomsPresents(const QString& dossier)
-{
-    namespace fs = std::filesystem;
-    QSet<QByteArray> noms;
-    std::error_code erreur;
-    for (fs::directory_iterator it(QFile::encodeName(dossier).toStdString(), erreur), fin; !erreur && it != fin;
-         it.increment(erreur))
-        noms.insert(QByteArray::fromStdString(it->path().filename().native()));
-    return noms;
-}
-
-/// What was there, by the archive or by the program's own doing, and is gone without the user's will.
+/// What was there, by the archive or by the program's own doing, and is gone without the user's will. Nothing where the
+/// folder cannot be listed: nothing is known to be gone, and the save that follows refuses to go on.
 QList<QByteArray> Disparus(const QrtClass& doc, const Actes& actes)
 {
-    const QSet<QByteArray> presents = NomsPresents(doc.TmpFolder);
+    const std::optional<QStringList> noms = NomsDuDossier(doc.TmpFolder);
+    if (!noms)
+        return {};
+    QSet<QByteArray> presents;
+    for (const QString& nom : *noms)
+        presents.insert(QFile::encodeName(nom));
     QList<QByteArray> disparus;
     if (doc.Archive) {
         for (auto fichier = doc.Archive->fichiers.keyBegin(); fichier != doc.Archive->fichiers.keyEnd(); ++fichier) {

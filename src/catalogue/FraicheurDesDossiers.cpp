@@ -1,6 +1,7 @@
 #include "catalogue/FraicheurDesDossiers.h"
 
 #include "base/Const_Vrac.h"
+#include "base/NomsDuDossier.h"
 #include "catalogue/Cadre.h"
 #include "catalogue/ccZipDescripteur.h"
 
@@ -14,8 +15,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <filesystem>
-#include <system_error>
 
 using zipinterne::VersEtat;
 
@@ -36,17 +35,6 @@ QrtClass* DocumentDe(const Cadre& cadre, const QString& dossier)
             return &fenetre->myqrt;
     }
     return nullptr;
-}
-
-QStringList NomsDe(const QString& dossier)
-{
-    namespace fs = std::filesystem;
-    QStringList noms;
-    std::error_code erreur;
-    for (fs::directory_iterator it(QFile::encodeName(dossier).toStdString(), erreur), fin; !erreur && it != fin;
-         it.increment(erreur))
-        noms.append(QFile::decodeName(it->path().filename().c_str()));
-    return noms;
 }
 
 struct Etats
@@ -110,7 +98,7 @@ bool FraicheurDesDossiers::Avancer(const Cadre& cadre, qint64 heure)
         if (doc && doc->EnEcriture)
             return false;
         if (!m_commence) {
-            m_noms = NomsDe(dossier);
+            m_noms = NomsDuDossier(dossier).value_or(QStringList());
             m_commence = true;
         }
         while (!m_noms.isEmpty()) {
