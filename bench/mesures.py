@@ -2,9 +2,9 @@
 """Measures the engine against everyday tools, on one file and in one run, and holds it to limits.
 
 Parts are measured by the Google Benchmark programs bench_moteur (engine), bench_fenetre (table view), bench_entrees
-(commands on all entries) and bench_archive (a catalogue with images), whole commands as processes. Everything is done
-several times and the quickest counts, on both sides of a ratio: what is slower was disturbed by something else. Called by
-scripts/bench; see docs/performance.md.
+(commands on all entries), bench_colonnes (very many columns) and bench_archive (a catalogue with images), whole commands
+as processes. Everything is done several times and the quickest counts, on both sides of a ratio: what is slower was
+disturbed by something else. Called by scripts/bench; see docs/performance.md.
 """
 import argparse
 import datetime
@@ -38,8 +38,8 @@ def quickest(command, times, before=None, **how):
 
 
 class Inputs:
-    """The files that all is measured on: one catalogue as bare text, in order and out of order, and its columns; and one
-    with images."""
+    """The files that all is measured on: one catalogue as bare text, in order and out of order, and its columns; one
+    of many columns; and one with images."""
 
     def __init__(self, folder, entries, images):
         folder.mkdir(parents=True, exist_ok=True)
@@ -49,6 +49,7 @@ class Inputs:
         self.size = self.sorted.stat().st_size
         self.column_sorted_by = self._write_column(self.shuffled, 0)
         self.other_column = self._write_column(self.sorted, 1)
+        self.many_columns = self._make_columns("colonnes-20000.qrt", columns=20_000, entries=10)
         self.images = images
         self.text_with_images = folder / "images.txt"
         self.archive = self._make_archive(f"images-{images}.qrt", images)
@@ -58,6 +59,17 @@ class Inputs:
         path = self.folder / name
         generator = ROOT / "examples" / "faire_exemples.py"
         subprocess.run(["/usr/bin/python3", "-B", generator, "--entrees", str(entries), path, *options], check=True)
+        return path
+
+    def _make_columns(self, name, columns, entries):
+        head = ["[FileInfo]", "Type=QRT FILE", "Version=1.4", "", "[ListView]", "GridLines=1", "Sorted=1", "SortKey=0",
+                "SortOrder=0", "View=3", "", "[ColumHeaders]", f"Count={columns}"]
+        titles = [f"Colum{i}=Titre {i}|1000|" for i in range(1, columns + 1)]
+        lines = ["|".join([f"It{i}=valeur {i}", *(f"{i}-{j}" for j in range(1, columns)), ""])
+                 for i in range(1, entries + 1)]
+        path = self.folder / name
+        path.write_bytes(("\r\n".join([*head, *titles, "Dependant=0", "", "[ListItems]", f"Count={entries}", *lines])
+                          + "\r\n").encode("cp1252"))
         return path
 
     def _make_archive(self, name, images):
@@ -106,7 +118,7 @@ class Parts:
 
     def _of(self, name):
         # A name may carry what it was run with: "TriAutreColonne/manual_time".
-        runs = [run for run in self._runs if run["name"].split("/")[0] == name]
+        runs = [run for run in self._runs if f"{run['name']}/".startswith(f"{name}/")]
         if not runs:
             sys.exit(f"mesures: {self._program} has no benchmark {name}")
         return runs
@@ -181,6 +193,15 @@ def measure_archive(table, inputs, images, times):
     table.ratio(f"save of {inputs.images:,} images after an edit", images.seconds("EnregistrerArchive"),
                 "cp of the archive", cp, 1.5, beyond=(" + zip -5 of the text", text))
     table.ratio(f"opening of {inputs.images:,} images", images.seconds("OuvrirArchive"), "unzip -q", unzip, 1.3)
+
+
+def measure_columns(table, inputs, columns, cli, times):
+    """The rows of catalogues with very many columns."""
+    table.time("opening of 100,000 columns, to the picture of them", columns.seconds("OuvrirColonnes/100000"), 1)
+    table.time("opening of 1,000,000 columns, to the picture of them", columns.seconds("OuvrirColonnes/1000000"), 10)
+    table.time("scroll or drag among 1,000,000 columns, the slowest", columns.counter("OuvrirColonnes/1000000", "pas"), 1)
+    table.time("`zelvane-cli list --json` of 20,000 columns",
+               quickest([cli, "list", "--json", inputs.many_columns], times), 0.5)
 
 
 def measure(inputs, engine, window, entries, cli, times):
@@ -258,8 +279,10 @@ def main():
     engine = Parts((given.programmes / "bench_moteur").resolve(), inputs, times, short=given.rapide)
     window = Parts((given.programmes / "bench_fenetre").resolve(), inputs, times, short=given.rapide)
     commands = Parts((given.programmes / "bench_entrees").resolve(), inputs, times, short=given.rapide)
+    columns = Parts((given.programmes / "bench_colonnes").resolve(), inputs, times, short=given.rapide)
     images = Parts((given.programmes / "bench_archive").resolve(), inputs, times, short=given.rapide)
     table = measure(inputs, engine, window, commands, cli, times)
+    measure_columns(table, inputs, columns, cli, times)
     measure_archive(table, inputs, images, times)
 
     describe_machine(inputs, entries)
