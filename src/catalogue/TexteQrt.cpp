@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstring>
+#include <limits>
 #include <utility>
 #include <vector>
 
@@ -108,9 +109,9 @@ QString TextesDeColonne(const ColumnHeader& colonne, int rang, const std::option
     return saisie ? SurUneLigne(saisie->textes.value(rang - 1)) : colonne.Tag();
 }
 
-void EcrireEntete(PlumeQrt& plume, const QrtClass& doc, const char* version, const std::optional<SaisieEnCours>& saisie)
+void EcrireDebut(PlumeQrt& plume, const QrtClass& doc, const char* version)
 {
-    MyLV& table = *doc.MyLV;
+    const MyLV& table = *doc.MyLV;
     plume.Ascii("[FileInfo]\r\nType=QRT FILE\r\nVersion=");
     plume.Ascii(version);
     plume.Ascii("\r\n\r\n[ListView]\r\nGridLines=");
@@ -122,21 +123,30 @@ void EcrireEntete(PlumeQrt& plume, const QrtClass& doc, const char* version, con
     plume.Ascii("\r\nView=3\r\n\r\n[ColumHeaders]\r\nCount=");
     plume.Nombre(doc.ColCount());
     plume.FinDeLigne();
-    for (int i = 1; i <= doc.ColCount(); ++i) {
-        const ColumnHeader& colonne = table.ColumnHeaders(i);
-        plume.Ascii("Colum");
-        plume.Nombre(i);
-        plume.Ascii("=");
-        plume.Texte(colonne.Text());
-        plume.Ascii("|");
-        plume.Texte(SimpleVersTexte(colonne.Width()));
-        plume.Ascii("|");
-        plume.Texte(TextesDeColonne(colonne, i, saisie));
-        plume.FinDeLigne();
-    }
+}
+
+void EcrireColonne(PlumeQrt& plume, const ColumnHeader& colonne, int numero,
+                   const std::optional<SaisieEnCours>& saisie)
+{
+    plume.Ascii("Colum");
+    plume.Nombre(numero);
+    plume.Ascii("=");
+    plume.Texte(colonne.Text());
+    plume.Ascii("|");
+    plume.Texte(SimpleVersTexte(colonne.Width()));
+    plume.Ascii("|");
+    plume.Texte(TextesDeColonne(colonne, numero, saisie));
+    plume.FinDeLigne();
+}
+
+/// The lines between the columns and the entries.
+void EcrireMilieu(PlumeQrt& plume, const QrtClass& doc, int nombre)
+{
     plume.Ascii("Dependant=");
     plume.Nombre(doc.dependantcol);
     plume.Ascii("\r\n\r\n[ListItems]\r\nCount=");
+    plume.Nombre(nombre);
+    plume.FinDeLigne();
 }
 
 void EcrireChamps(PlumeQrt& plume, const stockage::Vue& vue, int colonnes, EntreesEcrites entrees)
@@ -183,20 +193,34 @@ RedacteurQrt::RedacteurQrt(const QrtClass& doc, const char* version, EntreesEcri
                            Puits& puits, std::optional<SaisieEnCours> saisie)
     : m_doc(doc), m_entrees(entrees), m_saisie(std::move(saisie)), m_plume(std::make_unique<PlumeQrt>(puits, codage))
 {
-    EcrireEntete(*m_plume, doc, version, m_saisie);
-    const int toutes = doc.ItemsCount() + (EstAjout(m_saisie) ? 1 : 0);
-    m_plume->Nombre(entrees == EntreesEcrites::Toutes ? toutes : doc.SelItemsCount());
-    m_plume->FinDeLigne();
+    EcrireDebut(*m_plume, doc, version);
 }
 
 RedacteurQrt::~RedacteurQrt() = default;
 
-bool RedacteurQrt::Avancer(int entrees)
+/// False while there are more columns than that.
+bool RedacteurQrt::EcrireColonnes(int lignes)
+{
+    const ColumnHeaders& colonnes = m_doc.MyLV->ColumnHeaders;
+    const int derniere = static_cast<int>(std::min<qint64>(colonnes.Count(), qint64(m_colonne) + lignes - 1));
+    for (; m_colonne <= derniere && m_plume->Bon(); ++m_colonne)
+        EcrireColonne(*m_plume, colonnes(m_colonne), m_colonne, m_saisie);
+    if (m_colonne <= colonnes.Count())
+        return false;
+    const int toutes = m_doc.ItemsCount() + (EstAjout(m_saisie) ? 1 : 0);
+    if (!std::exchange(m_colonnesEcrites, true))
+        EcrireMilieu(*m_plume, m_doc, m_entrees == EntreesEcrites::Toutes ? toutes : m_doc.SelItemsCount());
+    return true;
+}
+
+bool RedacteurQrt::Avancer(int lignes)
 {
     PlumeQrt& plume = *m_plume;
+    if (!EcrireColonnes(lignes))
+        return plume.Bon();
     const MyLV& table = *m_doc.MyLV;
     const bool toutes = m_entrees == EntreesEcrites::Toutes;
-    const int derniere = static_cast<int>(std::min<qint64>(m_doc.ItemsCount(), qint64(m_suivante) + entrees - 1));
+    const int derniere = static_cast<int>(std::min<qint64>(m_doc.ItemsCount(), qint64(m_suivante) + lignes - 1));
 
     // An entry that was not edited goes out as it came in.
     const bool memeForme =
@@ -238,7 +262,8 @@ std::optional<qint64> EcrireTexteQrt(const QrtClass& doc, const char* version, E
                                      Puits& puits)
 {
     RedacteurQrt redacteur(doc, version, entrees, codage, puits);
-    redacteur.Avancer(doc.ItemsCount());
+    while (redacteur.Avancer(std::numeric_limits<int>::max())) {
+    }
     return redacteur.Finir();
 }
 

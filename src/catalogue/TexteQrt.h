@@ -34,18 +34,21 @@ public:
     RedacteurQrt(const RedacteurQrt&) = delete;
     RedacteurQrt& operator=(const RedacteurQrt&) = delete;
 
-    /// Goes on with so many entries. False when all are written or the sink refused.
-    bool Avancer(int entrees);
+    /// Goes on with so many columns or entries. False when all are written or the sink refused.
+    bool Avancer(int lignes);
     /// Ends the text; as EcrireTexteQrt.
     std::optional<qint64> Finir();
 
 private:
     void CommencerEntree();
+    bool EcrireColonnes(int lignes);
 
     const QrtClass& m_doc;
     EntreesEcrites m_entrees;
     std::optional<SaisieEnCours> m_saisie;
     std::unique_ptr<PlumeQrt> m_plume;
+    int m_colonne = 1;
+    bool m_colonnesEcrites = false;
     int m_suivante = 1;
     int m_numero = 0;
 };

@@ -104,20 +104,23 @@ TEST_F(Ecriture, EntriesGoOutInDisplayOrderAndNumberedByIt)
     EXPECT_LT(Bare().indexOf("Miles"), Bare().indexOf("Abba"));
 }
 
+struct Page : Puits
+{
+    QByteArray texte;
+    bool Recevoir(const char* octets, size_t taille) override
+    {
+        texte.append(octets, static_cast<qsizetype>(taille));
+        return true;
+    }
+};
+
 TEST_F(Ecriture, TheTextWrittenInStepsIsTheSame)
 {
-    struct Page : Puits
-    {
-        QByteArray texte;
-        bool Recevoir(const char* octets, size_t taille) override
-        {
-            texte.append(octets, static_cast<qsizetype>(taille));
-            return true;
-        }
-    } page;
+    Page page;
     TexteDeCatalogue texte = PetitCatalogue();
     texte.entrees += {"Non|Nougaro||", "Oui|Oum||", "Zut|Piaf||"};
     d.Charger(texte.Texte());
+    ASSERT_EQ(d.doc.ColCount(), 3);
     for (const int pas : {1, 2, 3, 5, 2000000000}) {
         page.texte.clear();
         RedacteurQrt redacteur(d.doc, "2", EntreesEcrites::Toutes, stockage::Codage::Cp1252, page);
@@ -125,9 +128,27 @@ TEST_F(Ecriture, TheTextWrittenInStepsIsTheSame)
         while (redacteur.Avancer(pas))
             ++pasFaits;
         EXPECT_EQ(redacteur.Finir(), 0) << pas;
-        EXPECT_EQ(pasFaits, pas >= 5 ? 1 : (5 + pas - 1) / pas) << pas;
+        // Entries come in the step that the last column is written in.
+        const int avant = (3 + pas - 1) / pas - 1;
+        EXPECT_EQ(pasFaits, avant + (pas >= 5 ? 1 : (5 + pas - 1) / pas)) << pas;
         EXPECT_EQ(page.texte, d.dossier.Lire("Zelvane.qrt")) << pas;
     }
+}
+
+TEST_F(Ecriture, AnyNumberOfColumnsIsWrittenInStepsToo)
+{
+    for (int i = 0; i < 30'000; ++i)
+        d.table.ColumnHeaders.Add(0, QStringLiteral("une colonne parmi d'autres"));
+    AjouterEntrees(d.table, {{"un"}});
+    Page page;
+    RedacteurQrt redacteur(d.doc, "2", EntreesEcrites::Toutes, stockage::Codage::Utf8, page);
+    EXPECT_TRUE(redacteur.Avancer(100));
+    EXPECT_TRUE(page.texte.isEmpty()) << "a hundred fit into the writer's buffer";
+    while (redacteur.Avancer(100)) {
+    }
+    EXPECT_EQ(redacteur.Finir(), 0);
+    EXPECT_TRUE(page.texte.contains("\r\nColum30000=une colonne parmi d'autres|1440|\r\nDependant=0\r\n"));
+    EXPECT_TRUE(page.texte.contains("\r\nCount=1\r\nIt1=un|"));
 }
 
 TEST_F(Ecriture, WithoutColumnsNothingIsTouched)
