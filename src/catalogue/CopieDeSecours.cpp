@@ -205,9 +205,11 @@ void EcritureDeSecours::Rediger()
 void EcritureDeSecours::Confier()
 {
     // The last piece waits until all lies on the disk: a power cut leaves this copy whole, or the one before.
-    m_disque = std::async(
-        std::launch::async | std::launch::deferred,
-        [descripteur = m_fichier.Fichier().handle(), octets = std::exchange(m_tampon, {}), derniere = m_redige] {
-            return EcrireOctets(descripteur, octets) && (!derniere || fdatasync(descripteur) == 0);
-        });
+    // What is handed over is no more than an address: where no thread can be had, it is handed over twice, and bytes
+    // that were moved the first time would be missing the second.
+    m_piece = std::exchange(m_tampon, {});
+    m_disque = std::async(std::launch::async | std::launch::deferred,
+                          [descripteur = m_fichier.Fichier().handle(), octets = &m_piece, derniere = m_redige] {
+                              return EcrireOctets(descripteur, *octets) && (!derniere || fdatasync(descripteur) == 0);
+                          });
 }

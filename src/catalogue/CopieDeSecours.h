@@ -67,6 +67,7 @@ private:
     void Confier();
 
     FichierDuDossier m_fichier;
+    QByteArray m_piece; ///< what the helper thread writes
     QByteArray m_tampon;
     RedacteurQrt m_redacteur; // behind the buffer, which it fills from its first line on
     std::future<bool> m_disque;

@@ -17,7 +17,9 @@
 
 #include <algorithm>
 #include <ctime>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 using Etat = EcritureDeSecours::Etat;
@@ -88,6 +90,23 @@ TEST_F(CopieDeSecours, HoldsTheWholeTableAndWhoseItIs)
     EXPECT_EQ(ColonneDe(autre.table, 2), ColonneDe(table, 2));
     EXPECT_EQ(autre.doc.dependantcol, 2);
     EXPECT_FALSE(QFileInfo::exists(EnCours()));
+}
+
+TEST_F(CopieDeSecours, IsWholeAlsoWhereNoThreadCanBeHad)
+{
+    const QByteArray lieux[] = {QFile::encodeName(TempFolder), QFile::encodeName(doc.TmpFolder),
+                                QFile::encodeName(PlateformeDeTest::Courante().dossier.Chemin())};
+    const int resultat = DansUnEnfant([&] {
+        for (const QByteArray& lieu : lieux) {
+            if (geteuid() == 0 && chown(lieu.constData(), 65534, 65534) != 0)
+                return 2;
+        }
+        const rlimit aucun{0, 0};
+        if (setrlimit(RLIMIT_NPROC, &aucun) != 0 || (geteuid() == 0 && setuid(65534) != 0)) // root has no limit
+            return 3;
+        return Ecrire() == Etat::Faite && LireTexteDeSecours(Copie()) ? 0 : 1;
+    });
+    EXPECT_EQ(resultat, 0);
 }
 
 TEST_F(CopieDeSecours, OfARecoveredDocumentTellsTheFileThatItCameFrom)
