@@ -11,6 +11,7 @@
 
 #include <cerrno>
 #include <chrono>
+#include <new>
 #include <unistd.h>
 #include <utility>
 
@@ -161,7 +162,7 @@ bool EcritureDeSecours::Recevoir(const char* octets, size_t taille)
 }
 
 EcritureDeSecours::Etat EcritureDeSecours::Avancer()
-{
+try {
     if (m_etat != Etat::EnCours)
         return m_etat;
     if (DisqueOccupe())
@@ -173,6 +174,8 @@ EcritureDeSecours::Etat EcritureDeSecours::Avancer()
     Rediger();
     Confier();
     return m_etat;
+} catch (const std::bad_alloc&) {
+    return m_etat = Etat::Manquee; // tried again later, as on a full disk
 }
 
 bool EcritureDeSecours::DisqueOccupe() const

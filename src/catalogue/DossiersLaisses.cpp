@@ -7,6 +7,7 @@
 #include "catalogue/CopieDeSecours.h"
 #include "catalogue/FichierQrt.h"
 #include "catalogue/OuvrirFichiersQrt.h"
+#include "extensions/ManqueDeMemoire.h"
 #include "extensions/modLang.h"
 
 #include <QDir>
@@ -275,8 +276,9 @@ std::vector<DossierLaisse> ChercherLaisses()
         QFile::remove(FichierDeSecours(dossier) + u'~');
         if (EstVide(dossier))
             Effacer(dossier);
-        else
-            laisses.push_back(Decrire(dossier, std::move(*verrou)));
+        else if (auto laisse = AvecMemoire<std::optional<DossierLaisse>>(
+                     [&] { return Decrire(dossier, std::move(*verrou)); }, std::nullopt))
+            laisses.push_back(std::move(*laisse));
     }
     std::ranges::sort(laisses, [](const auto& a, const auto& b) { return a.date > b.date; });
     return laisses;
@@ -290,7 +292,7 @@ bool OuvrirLaisse(Cadre& cadre, const DossierLaisse& laisse)
     doc.CheminAvantSecours = laisse.chemin;
     fenetre.SetCaption(NomRecupere(laisse.nom));
     cadre.AjouterOnglet(fenetre);
-    const std::optional<Lecture> lecture = Remplir(fenetre, laisse);
+    const auto lecture = AvecMemoire<std::optional<Lecture>>([&] { return Remplir(fenetre, laisse); }, std::nullopt);
     if (!lecture) {
         fenetre.Decharger();
         return false;

@@ -10,6 +10,7 @@
 #include "catalogue/TexteExact.h"
 #include "catalogue/TexteQrt.h"
 #include "catalogue/ccZip.h"
+#include "extensions/ManqueDeMemoire.h"
 #include "extensions/modLang.h"
 #include "platform/Retenue.h"
 
@@ -169,7 +170,7 @@ bool EcrireFichier(QrtClass& doc, bool selection)
         return false;
     // At once: many files are looked at before the first byte is written, and the place must not stand free so long.
     place.Reserver();
-    const bool bon = EcrireArchive(doc, *noms, std::move(origine), place);
+    const bool bon = AvecMemoire([&] { return EcrireArchive(doc, *noms, std::move(origine), place); }, false);
     if (!bon)
         place.Retirer();
     if (place.EstPerdue())

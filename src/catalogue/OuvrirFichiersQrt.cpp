@@ -9,6 +9,7 @@
 #include "catalogue/Commentaires.h"
 #include "catalogue/FichierRecent.h"
 #include "catalogue/Sauver.h"
+#include "extensions/ManqueDeMemoire.h"
 #include "extensions/modLang.h"
 
 #include <QFileInfo>
@@ -93,7 +94,7 @@ bool OuvrirFichier(Cadre& cadre, const QString& chemin, int type, bool montrerMe
     }
     if (type >= PremierTypePlugIn)
         return false;
-    const std::optional<FormeFichier> forme = FormeDuFichier(chemin);
+    const auto forme = AvecMemoire<std::optional<FormeFichier>>([&] { return FormeDuFichier(chemin); }, std::nullopt);
     if (!forme)
         return false;
 
@@ -102,7 +103,7 @@ bool OuvrirFichier(Cadre& cadre, const QString& chemin, int type, bool montrerMe
     doc.TmpFolder = CreerDossierTemp();
     fenetre.SetCaption(NomDeFichier(chemin));
     cadre.AjouterOnglet(fenetre);
-    if (!ChargerCatalogue(doc, chemin, *forme)) {
+    if (!AvecMemoire([&] { return ChargerCatalogue(doc, chemin, *forme); }, false)) {
         fenetre.Decharger();
         return false;
     }

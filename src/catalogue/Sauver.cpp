@@ -9,6 +9,7 @@
 #include "catalogue/FichierRecent.h"
 #include "catalogue/FichiersDisparus.h"
 #include "catalogue/QrtClass.h"
+#include "extensions/ManqueDeMemoire.h"
 #include "extensions/modLang.h"
 #include "platform/Plateforme.h"
 
@@ -278,7 +279,11 @@ bool Enregistrer(QrtClass& doc, bool saveAs, bool sansQuestion)
         if (reponse != RepOui)
             return Terminer(doc, reponse == RepNon);
     }
-    const Issue issue = Ecrire(doc, saveAs);
+    const bool modifie = doc.IlFautSauver;
+    const auto finie = AvecMemoire<std::optional<Issue>>([&] { return Ecrire(doc, saveAs); }, std::nullopt);
+    if (!finie)
+        doc.IlFautSauver = doc.IlFautSauver || modifie; // wherever it broke off
+    const Issue issue = finie.value_or(Issue::Manquee);
     if (issue == Issue::SortieNette)
         return false;
     return Terminer(doc, issue == Issue::Reussie);

@@ -6,6 +6,7 @@
 #include <QFile>
 
 #include <chrono>
+#include <new>
 #include <utility>
 
 SecoursDuDocument::Etat SecoursDuDocument::EtatDe(const QrtClass& doc, const QString& nom)
@@ -100,7 +101,7 @@ void SecoursDuDocument::TenirIdentite(const QrtClass& doc, const QString& nom)
 }
 
 bool SecoursDuDocument::EcrireMaintenant(const QrtClass& doc, const QString& nom)
-{
+try {
     if (doc.TmpFolder.isEmpty())
         return true;
     if (std::optional<SaisieEnCours> saisie = SaisieDe(doc))
@@ -117,6 +118,9 @@ bool SecoursDuDocument::EcrireMaintenant(const QrtClass& doc, const QString& nom
     const EcritureDeSecours::Etat issue = m_ecriture->Achever();
     Finir(issue);
     return issue == EcritureDeSecours::Etat::Faite;
+} catch (const std::bad_alloc&) {
+    m_ecriture.reset();
+    return false;
 }
 
 std::optional<SaisieEnCours> SecoursDuDocument::SaisieDe(const QrtClass& doc) const

@@ -110,7 +110,7 @@ zip_int64_t Cible::Defaire()
 }
 
 zip_int64_t Cible::Commande(void* cible, void* donnees, zip_uint64_t taille, zip_source_cmd_t commande)
-{
+try {
     auto* moi = static_cast<Cible*>(cible);
     switch (commande) {
     case ZIP_SOURCE_STAT: // there is nothing yet
@@ -138,6 +138,9 @@ zip_int64_t Cible::Commande(void* cible, void* donnees, zip_uint64_t taille, zip
     default:
         return moi->Echec(ZIP_ER_OPNOTSUPP);
     }
+} catch (const std::bad_alloc&) {
+    // Nothing is thrown through the library.
+    return static_cast<Cible*>(cible)->Echec(ZIP_ER_MEMORY);
 }
 
 } // namespace

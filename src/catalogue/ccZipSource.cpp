@@ -4,6 +4,8 @@
 
 #include <fcntl.h>
 
+#include <new>
+
 namespace zipinterne {
 
 zip_int64_t SourceFichier::Echec(int erreur)
@@ -57,7 +59,7 @@ zip_int64_t SourceFichier::Attributs(zip_file_attributes_t& attributs) const
 }
 
 zip_int64_t SourceFichier::Commande(void* source, void* donnees, zip_uint64_t taille, zip_source_cmd_t commande)
-{
+try {
     auto* moi = static_cast<SourceFichier*>(source);
     switch (commande) {
     case ZIP_SOURCE_OPEN:
@@ -82,6 +84,9 @@ zip_int64_t SourceFichier::Commande(void* source, void* donnees, zip_uint64_t ta
     default:
         return moi->Echec(ZIP_ER_OPNOTSUPP);
     }
+} catch (const std::bad_alloc&) {
+    // Nothing is thrown through the library.
+    return static_cast<SourceFichier*>(source)->Echec(ZIP_ER_MEMORY);
 }
 
 zip_source_t* SourceFichier::Donner(zip_t* archive, std::unique_ptr<SourceFichier> source)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <new>
 #include <utility>
 
 namespace zipinterne {
@@ -58,7 +59,7 @@ zip_int64_t SourceArchive::Decrire(zip_stat_t& etat) const
 }
 
 zip_int64_t SourceArchive::Commande(void* source, void* donnees, zip_uint64_t taille, zip_source_cmd_t commande)
-{
+try {
     auto* moi = static_cast<SourceArchive*>(source);
     switch (commande) {
     case ZIP_SOURCE_OPEN:
@@ -85,6 +86,10 @@ zip_int64_t SourceArchive::Commande(void* source, void* donnees, zip_uint64_t ta
         zip_error_set(&moi->m_erreur, ZIP_ER_OPNOTSUPP, 0);
         return -1;
     }
+} catch (const std::bad_alloc&) {
+    // Nothing is thrown through the library.
+    zip_error_set(&static_cast<SourceArchive*>(source)->m_erreur, ZIP_ER_MEMORY, 0);
+    return -1;
 }
 
 } // namespace zipinterne

@@ -68,5 +68,10 @@ void GuetterLesInterruptions()
     pthread_sigmask(SIG_BLOCK, &signaux, nullptr);
     // A reader of our output that goes away is an error of the write, not the end of the process.
     std::signal(SIGPIPE, SIG_IGN);
-    std::thread(Attendre, signaux).detach();
+    try {
+        std::thread(Attendre, signaux).detach();
+    } catch (const std::system_error&) {
+        // Without a thread a signal ends the program at once; the next start tidies up.
+        pthread_sigmask(SIG_UNBLOCK, &signaux, nullptr);
+    }
 }

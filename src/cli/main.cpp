@@ -4,6 +4,7 @@
 #include "cli/Commandes.h"
 #include "cli/Console.h"
 #include "cli/Menage.h"
+#include "extensions/ManqueDeMemoire.h"
 #include "extensions/modLang.h"
 #include "platform/Plateforme.h"
 
@@ -64,7 +65,7 @@ Statut ExecuterCommande(const Commande& commande, const LigneDeCommande& ligne)
     ChargerLangue(LireOption(u"QRTLangue"_s, u"default"_s).toString());
     InitialiserTempFolder();
     SupprimerDossiersDeCommande();
-    return commande.executer(ligne);
+    return AvecMemoire([&] { return commande.executer(ligne); }, Echec);
 }
 
 Statut Executer(const QStringList& mots)
