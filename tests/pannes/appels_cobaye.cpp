@@ -154,7 +154,7 @@ private:
         QrtClass& doc = Document();
         MyLV& table = *doc.MyLV;
         table.ListItems(1).SetSubItems(1, u"modifiée, Пётр"_s);
-        ListItem entree = table.ListItems.Add(0, u"k9001"_s, u"Nouvelle entrée"_s);
+        ListItem entree = table.ListItems.Add(0, u"k9000001"_s, u"Nouvelle entrée"_s);
         entree.SetTag(u"neuve.png"_s);
         entree.SetSmallIcon(u"ico"_s);
         for (const auto& [nom, octet] : {std::pair("neuve.png", 'n'), std::pair("petite.png", 'G')}) {

@@ -17,6 +17,7 @@ KINDS = ("open", "read", "pread", "fread", "write", "pwrite", "writev", "fwrite"
          "rmdir", "ftruncate", "fallocate", "mkdir", "link", "copy", "flock", "opendir", "readdir", "chmod", "utimens",
          "stat")
 COUNTS_SIZE = 8 * len(KINDS) + 8 + 1024
+BALLAST = "plein"  # file that takes all room of a disk
 PATIENCE = 20  # seconds; a run takes a fraction of one
 
 
@@ -86,10 +87,14 @@ class Place:
 
     def others(self, *names):
         """What lies beside the files that may lie there."""
-        return sorted(file.name for file in self.target.iterdir() if file.name not in names)
+        if not self.target.exists():
+            return []
+        return sorted(file.name for file in self.target.iterdir() if file.name not in (*names, BALLAST))
 
     def left(self):
-        return sorted(file.name for file in self.temporary.iterdir())
+        """In the temporary folder of the windows, and in that of commands, which have no settings here."""
+        folders = [folder for folder in (self.temporary, self.program / "temp") if folder.exists()]
+        return sorted(file.name for folder in folders for file in folder.iterdir() if file.name != BALLAST)
 
 
 class Programs:
