@@ -27,6 +27,8 @@ import signaux_scenarios as scenarios
 
 #: Seconds after which a process counts as hanging. Nothing else waits for a time.
 PATIENCE = 120.0
+#: Rounds that are done also where the machine is slow.
+FEWEST = 60
 #: Rounds that failed of which the folder is kept.
 KEPT = 10
 
@@ -361,6 +363,8 @@ def main():
     options.add_argument("--tours", type=int, default=100, help="rounds")
     options.add_argument("--graine", default=str(int(time.time())), help="seed")
     options.add_argument("--tour", type=int, action="append", help="only this round of the seed")
+    options.add_argument("--duree", type=float, default=float("inf"),
+                         help=f"seconds after which no further round begins, once there were {FEWEST}")
     options.add_argument("--processus", type=int, default=2, help="rounds at the same time")
     asked = options.parse_args()
     # A core file of each killed process would fill the disk.
@@ -373,8 +377,16 @@ def main():
     for control in controls:
         if control.wrong:
             print(f"FAILED without a signal: {control.number}: {control.wrong}", flush=True)
+    wanted = asked.tour or range(1, asked.tours + 1)
+
+    def round_in_time(number):
+        if time.monotonic() - start < asked.duree or len(campaign.rounds) < FEWEST:
+            campaign.round(number)
+
     with concurrent.futures.ThreadPoolExecutor(asked.processus) as pool:
-        list(pool.map(campaign.round, asked.tour or range(1, asked.tours + 1)))
+        list(pool.map(round_in_time, wanted))
+    if len(campaign.rounds) < len(wanted):
+        print(f"the machine is slow: {len(campaign.rounds)} of {len(wanted)} rounds in time")
     table(campaign, time.monotonic() - start)
     done = controls + campaign.rounds
     failed = sum(bool(one.wrong) for one in done)
