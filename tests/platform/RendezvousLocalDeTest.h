@@ -9,13 +9,14 @@
 #include <QDirIterator>
 #include <QLocalSocket>
 #include <QTest>
-#include <QThread>
 
 #include <gtest/gtest.h>
 
 #include <unistd.h>
 
+#include <chrono>
 #include <functional>
+#include <future>
 #include <memory>
 
 inline const QString Titre = QStringLiteral("Zelvane");
@@ -43,19 +44,22 @@ protected:
     /// Runs the other end, which waits without an event loop, while this one serves.
     void Demander(const std::function<void(RendezvousLocal&)>& quoi)
     {
-        const std::unique_ptr<QThread> fil = EnFil(quoi);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return fil->isFinished(); }, 30000));
-        fil->wait();
+        const std::future<void> fil = EnFil(quoi);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return EstFini(fil); }, 30000));
+        fil.wait();
     }
 
-    std::unique_ptr<QThread> EnFil(const std::function<void(RendezvousLocal&)>& quoi)
+    /// The future's end waits for the thread.
+    std::future<void> EnFil(const std::function<void(RendezvousLocal&)>& quoi)
     {
-        std::unique_ptr<QThread> fil(QThread::create([this, quoi] {
+        return std::async(std::launch::async, [this, quoi] {
             RendezvousLocal autre(m_lieu, "jeton 1", m_delais);
             quoi(autre);
-        }));
-        fil->start();
-        return fil;
+        });
+    }
+    static bool EstFini(const std::future<void>& fil, std::chrono::milliseconds delai = {})
+    {
+        return fil.wait_for(delai) == std::future_status::ready;
     }
 
     bool Envoyer(const QString& texte)

@@ -84,7 +84,7 @@ TEST_F(RendezvousLocalTest, TakesThePlaceOfAnInstanceThatIsLeaving)
     QThread::msleep(100); // it has asked who is there, and is not answered any more
 
     m_ecoute->Quitter();
-    fil->wait();
+    fil.wait();
 
     EXPECT_EQ(trouve, 0);
     EXPECT_EQ(m_publies, 2);
@@ -97,11 +97,11 @@ TEST_F(RendezvousLocalTest, WaitsForOneThatIsJustArriving)
     m_ecoute->Quitter();
     std::optional<VerrouDossier> verrou = VerrouDossier::Prendre(dossier);
     const auto fil = EnFil([this](RendezvousLocal& autre) { autre.Chercher(Titre, [this] { ++m_publies; }); });
-    EXPECT_FALSE(fil->wait(100));
+    EXPECT_FALSE(EstFini(fil, 100ms));
 
     verrou.reset();
 
-    EXPECT_TRUE(fil->wait(5000));
+    EXPECT_TRUE(EstFini(fil, 5000ms));
     EXPECT_EQ(m_publies, 2);
 }
 

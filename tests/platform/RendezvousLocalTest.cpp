@@ -223,7 +223,7 @@ TEST_F(RendezvousLocalTest, BelievesABusyInstanceToLive)
     // Nobody serves while the thread is waited for.
     EnFil([&](RendezvousLocal& autre) {
         trouve = autre.Chercher(Titre, [] { ADD_FAILURE() << "counts as first"; });
-    })->wait();
+    }).wait();
 
     EXPECT_EQ(trouve, getpid());
 }
