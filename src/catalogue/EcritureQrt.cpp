@@ -171,8 +171,6 @@ bool EcrireFichier(QrtClass& doc, bool selection)
     // At once: many files are looked at before the first byte is written, and the place must not stand free so long.
     place.Reserver();
     const bool bon = AvecMemoire([&] { return EcrireArchive(doc, *noms, std::move(origine), place); }, false);
-    if (!bon)
-        place.Retirer();
     if (place.EstPerdue())
         return false; // the file that stands there is another program's, and whole: what is here is still to be saved
     doc.DossierAGarder = !bon;

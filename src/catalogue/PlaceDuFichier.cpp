@@ -70,6 +70,12 @@ QString CibleDesLiens(const QString& chemin)
 
 PlaceDuFichier::PlaceDuFichier(const QString& chemin) : m_chemin(chemin), m_octets(QFile::encodeName(chemin)) {}
 
+PlaceDuFichier::~PlaceDuFichier()
+{
+    if (m_reserve)
+        Retirer();
+}
+
 bool PlaceDuFichier::Prendre()
 {
     // The file may be replaced between its opening and the lock; the new one is tried then.

@@ -23,6 +23,10 @@ class PlaceDuFichier
 public:
     /// `chemin`: no symbolic link (CibleDesLiens).
     explicit PlaceDuFichier(const QString& chemin);
+    /// A file that was reserved and never asked for goes again.
+    ~PlaceDuFichier();
+    PlaceDuFichier(const PlaceDuFichier&) = delete;
+    PlaceDuFichier& operator=(const PlaceDuFichier&) = delete;
 
     const QString& Chemin() const { return m_chemin; }
 

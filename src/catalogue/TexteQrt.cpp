@@ -125,8 +125,7 @@ void EcrireDebut(PlumeQrt& plume, const QrtClass& doc, const char* version)
     plume.FinDeLigne();
 }
 
-void EcrireColonne(PlumeQrt& plume, const ColumnHeader& colonne, int numero,
-                   const std::optional<SaisieEnCours>& saisie)
+void EcrireColonne(PlumeQrt& plume, const ColumnHeader& colonne, int numero, const std::optional<SaisieEnCours>& saisie)
 {
     plume.Ascii("Colum");
     plume.Nombre(numero);

@@ -350,6 +350,19 @@ TEST_F(Disparition, APictureThatWasReplacedDoesNotSilentlyComeBackAsItWas)
     EXPECT_EQ(messages.Cles().size(), 2);
 }
 
+TEST_F(Disparition, OnceItIsInTheArchiveAReplacedPictureComesBackEachTime)
+{
+    FichierDuDossier neuve(Dans("image3.jpg"));
+    ASSERT_TRUE(neuve.Preparer("neuve") && neuve.Valider());
+    ASSERT_TRUE(Enregistrer());
+    for (int i = 0; i < 3; ++i) {
+        Perdre("image3.jpg");
+        ASSERT_TRUE(RetablirDisparus(doc));
+        EXPECT_EQ(Lire("image3.jpg"), "neuve");
+    }
+    EXPECT_EQ(messages.Cles(), QStringList());
+}
+
 TEST_F(Disparition, APictureThatWasAddedSinceIsAskedAbout)
 {
     FichierDuDossier neuve(Dans("neuve.jpg"));

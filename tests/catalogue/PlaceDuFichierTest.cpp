@@ -163,6 +163,20 @@ TEST_F(PlaceTest, AReservedFileIsTheOneThatIsMade)
     EXPECT_TRUE(place.EstEnPlace());
 }
 
+TEST_F(PlaceTest, AReservedFileThatNobodyAskedForGoesAgain)
+{
+    {
+        PlaceDuFichier place(Chemin());
+        ASSERT_TRUE(place.Reserver());
+    }
+    EXPECT_FALSE(dossier.Existe("mes.qrt"));
+    {
+        PlaceDuFichier place(Chemin());
+        ASSERT_TRUE(place.Reserver() && place.Creer());
+    }
+    EXPECT_TRUE(dossier.Existe("mes.qrt"));
+}
+
 TEST_F(PlaceTest, OnlyItsOwnFileIsTakenAway)
 {
     PlaceDuFichier place(Chemin());

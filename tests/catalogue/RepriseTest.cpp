@@ -281,6 +281,14 @@ TEST_F(Reprise, AStateIsKnownOnceALaterWriteWouldShow)
     EXPECT_GT(aAttendre, 0) << "files written in the running tick of the clock";
 }
 
+TEST_F(Reprise, AFileWhoseNextWriteMightNotHaveShownIsCompressed)
+{
+    d.doc.Archive->fichiers["a.jpg"].sur = false;
+    Enregistrer();
+    EXPECT_FALSE(EstReprise("a.jpg"));
+    EXPECT_TRUE(EstReprise("b.jpg"));
+}
+
 // ---- Archives whose bytes will not do
 
 TEST_F(Reprise, WhatWasEncryptedIsWrittenPlain)

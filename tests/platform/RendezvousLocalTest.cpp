@@ -143,7 +143,7 @@ TEST_F(RendezvousLocalTest, WhileAFileIsReplacedItAnswersAndATextWaits)
     std::atomic<int> etape = 0;
     bool envoye = false;
     auto retenue = std::make_unique<Retenue>();
-    const std::unique_ptr<QThread> fil = EnFil([&](RendezvousLocal& autre) {
+    const std::future<void> fil = EnFil([&](RendezvousLocal& autre) {
         EXPECT_EQ(autre.Chercher(Titre, [] { ADD_FAILURE() << "counts as first"; }), getpid());
         EXPECT_TRUE(autre.Montrer(getpid()));
         etape = 1;
@@ -153,10 +153,9 @@ TEST_F(RendezvousLocalTest, WhileAFileIsReplacedItAnswersAndATextWaits)
     QTest::qWait(200); // the text arrives
     EXPECT_EQ(m_recus, QStringList());
     retenue.reset();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return fil->isFinished(); }, 30000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return EstFini(fil); }, 30000));
     EXPECT_TRUE(envoye) << "is told so once it is opened";
     EXPECT_EQ(m_recus, QStringList{"/a.qrt"});
-    fil->wait();
 }
 
 TEST_F(RendezvousLocalTest, TakesNothingThatIsMeantForAnotherHandle)

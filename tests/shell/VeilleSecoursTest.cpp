@@ -3,10 +3,14 @@
 #include "catalogue/CopieDeSecours.h"
 #include "shell/CadreEnFenetre.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
 #include <ctime>
+
+#include <fcntl.h>
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -85,6 +89,22 @@ TEST_F(Veille, OfAMillionEntriesTheUserFeelsNothing)
     EXPECT_LT(plusLong, 0.1);
     RecordProperty("plusLongTrouEnMicrosecondes", static_cast<int>(plusLong * 1e6));
     fenetre.myqrt.IlFautSauver = false;
+}
+
+TEST_F(Veille, KeepsTheFoldersFresh)
+{
+    constexpr time_t jadis = 1'000'000'000;
+    Montrer();
+    const Form1& fenetre = Ouvrir(u"disques.qrt"_s);
+    const QByteArray texte = QFile::encodeName(fenetre.myqrt.TmpFolder + u"Zelvane.qrt"_s);
+    const timespec dates[2] = {{jadis, 0}, {0, UTIME_OMIT}};
+    ASSERT_EQ(utimensat(AT_FDCWD, texte.constData(), dates, 0), 0);
+    veille = std::make_unique<VeilleSecours>(*cadre);
+    const auto acces = [&texte] {
+        struct stat etat = {};
+        return stat(texte.constData(), &etat) == 0 ? etat.st_atim.tv_sec : 0;
+    };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return acces() > jadis; }, 10000));
 }
 
 TEST_F(Veille, TheEndOfTheSessionMayBeRefused)
