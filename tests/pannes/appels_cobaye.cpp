@@ -8,6 +8,7 @@
 //   secours FILE           opens, changes, writes the rescue copy and ends as a killed program does
 //   laisses                opens what killed programs left, and ends as one
 //   laisses-sous - TARGET  the same, saves it as a file and closes
+#include "base/ActesDuDossier.h"
 #include "base/AfficherMsg.h"
 #include "base/Const_Vrac.h"
 #include "base/DialogueFichier.h"
@@ -75,7 +76,7 @@ void Etape(const QString& nom)
     Armer(true);
 }
 
-/// Says what is shown, and says yes to all.
+/// Says what is shown, and answers as a user does who wants to lose nothing.
 class Bavard : public PresentateurMessages, public PresentateurFichiers
 {
 public:
@@ -85,7 +86,8 @@ public:
         Dire((genre == MsgOk ? u"MSG "_s : u"QUESTION "_s) + cle + u' ' + message.texte);
         if (genre == MsgOk || genre == MsgOkAnnuler)
             return RepOk;
-        return cle == u"msg61" ? RepNon : RepOui; // yes is to choose again there
+        // Yes is to choose again there, and here to do without images that are gone.
+        return cle == u"msg61" || cle == u"msgDisparus" ? RepNon : RepOui;
     }
     QString DemanderMotDePasse(const QString&, const QString&) override { return {}; }
     std::optional<ReponseFichier> Ouvrir(const DemandeFichier&) override { return std::nullopt; }
@@ -162,6 +164,8 @@ private:
             QFile::remove(image.fileName());
             if (!image.open(QIODevice::WriteOnly) || image.write(QByteArray(90'000, octet)) < 0)
                 Dire(u"MSG - image"_s);
+            image.close();
+            NoterEcriture(image.fileName());
         }
         doc.IlFautSauver = true;
         Etape(u"modifie"_s);
