@@ -1,5 +1,7 @@
 #include "base/NomsDuDossier.h"
 
+#include "platform/PageDeCode.h"
+
 #include <QFile>
 
 #include <filesystem>
@@ -16,7 +18,7 @@ template<class Choix> std::optional<QStringList> Noms(const QString& dossier, Ch
     for (fs::directory_iterator it(QFile::encodeName(dossier).toStdString(), erreur), fin; !erreur && it != fin;
          it.increment(erreur)) {
         if (choix(*it))
-            noms.append(QFile::decodeName(it->path().filename().c_str()));
+            noms.append(PageDeCode::DeUtf8(it->path().filename().native()));
     }
     return erreur ? std::nullopt : std::optional(noms);
 }

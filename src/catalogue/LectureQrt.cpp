@@ -117,7 +117,7 @@ private:
     /// Asks for one; a name that holds a separator names no file here.
     bool EstFichier(QByteArrayView nom) const
     {
-        const QString texte = m_codage == Codage::Utf8 ? QString::fromUtf8(nom) : PageDeCode::VersTexte(nom);
+        const QString texte = m_codage == Codage::Utf8 ? PageDeCode::DeUtf8(nom) : PageDeCode::VersTexte(nom);
         return !texte.contains(u'/') && !texte.contains(u'\\') && QFileInfo(m_dossier + texte).isFile();
     }
 

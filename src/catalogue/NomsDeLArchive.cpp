@@ -41,7 +41,7 @@ public:
     }
     QString EnTexte(const QByteArray& nom) const
     {
-        return m_exact.catalogue ? QString::fromUtf8(nom) : PageDeCode::VersTexte(nom);
+        return m_exact.catalogue ? PageDeCode::DeUtf8(nom) : PageDeCode::VersTexte(nom);
     }
     /// Puts another text in its place.
     bool Remplacer(const QByteArray& texte) const;

@@ -5,6 +5,7 @@
 
 #include "catalogue/NomsTenables.h"
 #include "catalogue/mZipDLLProc.h"
+#include "platform/PageDeCode.h"
 
 #include <QFile>
 
@@ -179,13 +180,13 @@ void Extraction::Renommer(const std::vector<std::pair<size_t, QString>>& impossi
     constexpr qsizetype pourDesSuffixes = 15; // what the program sets before and behind the names of images
     NomsDistincts noms(m_octetsDUnNom - pourDesSuffixes);
     for (const Choix& choix : m_choisis)
-        noms.Prendre(QFile::decodeName(choix.fichier));
+        noms.Prendre(PageDeCode::DeUtf8(choix.fichier));
     QHash<QString, QByteArray> donnes;
     for (const auto& [i, nom] : impossibles) {
         QByteArray& fichier = donnes[nom];
         if (fichier.isEmpty()) {
             fichier = QFile::encodeName(noms.Donner(nom));
-            m_remplaces.append({nom, QFile::decodeName(fichier)});
+            m_remplaces.append({nom, PageDeCode::DeUtf8(fichier)});
         }
         m_choisis[i].fichier = fichier;
         Dire(nom, QStringLiteral("not a name for a file, extracted as ") + QFile::decodeName(fichier));

@@ -24,6 +24,13 @@ TEST(NomsDuDossier, AreThoseOfFilesAndFoldersHiddenOrNot)
     EXPECT_EQ(*fichiers, QStringList({".cache", "a.png"}));
 }
 
+TEST(NomsDuDossier, AByteOrderMarkIsPartOfAName)
+{
+    const DossierDeTest dossier;
+    dossier.Ecrire(QStringLiteral("\uFEFFa.png"), "a");
+    EXPECT_EQ(NomsDuDossier(dossier.Chemin()), QStringList(QStringLiteral("\uFEFFa.png")));
+}
+
 TEST(NomsDuDossier, AnEmptyFolderHasNone)
 {
     const DossierDeTest dossier;

@@ -74,7 +74,7 @@ TEST_F(MDIForm1RetenueTest, ButtonsOfTheBarsWait)
     for (QToolButton* bouton : cadre->findChild<BarreOutils*>(u"Toolbar1"_s)->findChildren<QToolButton*>()) {
         QAccessibleInterface* vue = QAccessible::queryAccessibleInterface(bouton);
         if (vue && vue->text(QAccessible::Name) == u"Afficher/Cacher la grille")
-            vue->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+            vue->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     }
     QTest::qWait(200); // the toolkit shows the button pressed for a moment first
     Attendre([&] { return fenetre.myqrt.MyLV->GridLines() != grille; });
