@@ -212,7 +212,8 @@ bool Dossier::EstOrdinaire() const
         const bool simple = entree.is_regular_file(erreur) || entree.is_directory(erreur);
         const bool imprimable =
             std::ranges::all_of(nom, [](char c) { return static_cast<unsigned char>(c) >= ' ' && c != '\\'; });
-        if (!simple || !imprimable || !EstTexte(nom) || (nom.starts_with("Zelvane.") && !entree.is_regular_file(erreur)))
+        if (!simple || !imprimable || !EstTexte(nom) ||
+            (nom.starts_with("Zelvane.") && !entree.is_regular_file(erreur)))
             return false;
     }
     return true;

@@ -5,6 +5,7 @@
 #include <QList>
 #include <QPointer>
 #include <QSocketNotifier>
+#include <QVariant>
 
 #include <memory>
 #include <utility>

@@ -367,6 +367,10 @@ def main():
                          help=f"seconds after which no further round begins, once there were {FEWEST}")
     options.add_argument("--processus", type=int, default=2, help="rounds at the same time")
     asked = options.parse_args()
+    # Who started this may ignore some, as shells do for what runs in the background; the program would ignore them too.
+    for ending in (signal.SIGHUP, signal.SIGTERM, signal.SIGQUIT):
+        signal.signal(ending, signal.SIG_DFL)
+    signal.signal(signal.SIGINT, signal.default_int_handler)
     # A core file of each killed process would fill the disk.
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
 
