@@ -4,8 +4,6 @@
 
 #include "platform/PageDeCode.h"
 
-#include "platform/PageDeCode.h"
-
 #include <QFile>
 #include <QStringDecoder>
 
