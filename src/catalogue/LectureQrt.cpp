@@ -263,8 +263,8 @@ private:
 
     void PoserMarqueDeTri()
     {
-        // In descending order the marker stands one column to the left of the sorted one: that is how these files
-        // have always been shown, and it is meant.
+        // In descending order the marker stands one column to the left of the sorted one. It is meant: so the orders
+        // are told apart by the place, too.
         const bool montant = m_table.SortOrder() == 0;
         const int colonne = montant ? m_table.SortKey() + 1 : m_table.SortKey();
         if (m_table.ColumnHeaders.Existe(colonne))

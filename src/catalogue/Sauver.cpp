@@ -154,7 +154,7 @@ CibleChoisie ChoisirCible(QrtClass& doc)
         if (choix != Choix::Prendre)
             return {choix};
         doc.SetCheminReel(chemin);
-        // Yes goes back to the dialog and No saves, the other way round from the wording: users have learnt it so.
+        // Yes goes back to the dialog and No saves, the other way round from the wording. It is meant.
         if (reponse->type == TypeTexte14 &&
             Demander(u"msg61"_s,
                      u"Le format que vous avez choisit ne permet pas de conserver les images. Donc si la catégorie que "
