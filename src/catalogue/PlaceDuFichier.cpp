@@ -145,8 +145,8 @@ std::optional<Descripteur> PlaceDuFichier::Creer()
         errno = EEXIST;
         return std::nullopt;
     }
-    // The new one holds the place now. Whoever lets go of the old file last waits until the disk has its room back: that
-    // is for the thread that closes old archives.
+    // The new one holds the place now. Whoever lets go of the old file last waits until the disk has its room back:
+    // that is for the thread that closes old archives.
     m_verrou.Fermer();
     // While it is empty: what others may not read they never could.
     if (m_ancien && S_ISREG(m_ancien->st_mode))
