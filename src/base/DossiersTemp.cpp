@@ -72,7 +72,7 @@ std::optional<QString> Prendre(int numero)
 {
     const QString nom = QStringLiteral("cat") + QString::number(numero);
     // This looks at a name without a separator, beside the folder created below when TempFolder ends in none. It is
-    // meant: which numbers are drawn hangs on it. What would be lost is looked at once the folder is held.
+    // meant; what would be lost is looked at once the folder is held.
     if (QFileInfo(TempFolder + nom).isDir())
         return std::nullopt;
 

@@ -263,8 +263,7 @@ private:
 
     void PoserMarqueDeTri()
     {
-        // In descending order the marker stands one column to the left of the sorted one. It is meant: so the orders
-        // are told apart by the place, too.
+        // In descending order the marker stands one column to the left of the sorted one. It is meant.
         const bool montant = m_table.SortOrder() == 0;
         const int colonne = montant ? m_table.SortKey() + 1 : m_table.SortKey();
         if (m_table.ColumnHeaders.Existe(colonne))

@@ -183,7 +183,7 @@ void Form1::FaireMenus()
     AccorderMenus();
 }
 
-/// Three menus have a picture in the bar: those of what is done most.
+/// Three menus have a picture in the bar.
 void Form1::Decorer()
 {
     const auto menus = m_ui->Menus->actions();
