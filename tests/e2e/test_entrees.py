@@ -32,7 +32,6 @@ class ACollectionMadeByTheInterfaceAlone(ProgramTest):
 
     def test_from_the_first_column_to_the_last_save(self):
         program = self.start()
-        program.await_frame()
         self.make_the_category()
         entries = [entry(number) for number in range(1, 31)]
         self.type_the_entries(entries)

@@ -25,6 +25,9 @@ EXAMPLES = SOURCES / "examples"
 #: How long anything may take before the test gives up, in seconds.
 PATIENCE = 20.0
 
+#: The roles of windows that keys go to.
+WINDOWS = ("frame", "dialog", "alert", "file chooser")
+
 
 class TimeLimit(AssertionError):
     """What was waited for did not happen."""
@@ -57,6 +60,7 @@ class Session:
             os.environ["DISPLAY"] = ":" + answer.readline().strip()
         # Without one, no window is the active one, and shortcuts go nowhere.
         self._start(["openbox", "--sm-disable"], stdout=subprocess.DEVNULL)
+        wait_until(self._has_window_manager, "the window manager")
         bus = self._start(["dbus-daemon", "--session", "--nofork", "--print-address=1"], stdout=subprocess.PIPE)
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().decode().strip()
         for name in ("WAYLAND_DISPLAY", "AT_SPI_BUS_ADDRESS", "SESSION_MANAGER"):
@@ -65,6 +69,12 @@ class Session:
         self.atspi = pyatspi
         # Trees that change while they are read are read again, so a slow answer must not become a hang.
         pyatspi.Atspi.set_timeout(5000, 15000)
+
+    @staticmethod
+    def _has_window_manager():
+        # It names a window of its own on the root once it manages those of others.
+        said = subprocess.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], stdout=subprocess.PIPE, text=True).stdout
+        return "window id" in said
 
     def _start(self, command, **how):
         process = subprocess.Popen(command, stderr=subprocess.DEVNULL, start_new_session=True, **how)
@@ -132,6 +142,7 @@ class Widget:
         return box.x, box.y, box.width, box.height
 
     def click(self, button=1, times=1):
+        self._program.await_ready()
         x, y, width, height = self.area()
         click_at(x + width // 2, y + height // 2, button, times)
 
@@ -154,6 +165,7 @@ class Widget:
         return x, top, width, y - top
 
     def click_title(self, column):
+        self._program.await_ready()
         x, y, width, height = self.title_area(column)
         click_at(x + width // 2, y + height // 2)
 
@@ -164,14 +176,15 @@ class Widget:
 class Program:
     """The program, started with a command line, in a home folder of its own or in one where it ran before."""
 
-    def __init__(self, session, *arguments, home=None, runtime=None):
+    def __init__(self, session, *arguments, home=None, runtime=None, environment=None):
         self.session = session
         self.home = home or session.new_home()
         self._runtime = runtime or self.home / "runtime"
+        self._ready = False
         self.log = pathlib.Path(tempfile.mkstemp(prefix="said-", suffix=".txt", dir=self.home)[1])
         with self.log.open("wb") as said:
-            self._process = subprocess.Popen([str(PROGRAM), *map(str, arguments)], env=self._environment(),
-                                             cwd=self.home, stdin=subprocess.DEVNULL, stdout=said, stderr=said)
+            self._process = subprocess.Popen([str(PROGRAM), *map(str, arguments)], env=self._environment() | (environment or {}), cwd=self.home,
+                                             stdin=subprocess.DEVNULL, stdout=said, stderr=said)
 
     def _environment(self):
         folders = {
@@ -246,9 +259,26 @@ class Program:
         return (GLib.GError, LookupError, NotImplementedError)
 
     def find(self, role=None, name=None, table=False, inside=None, limit=PATIENCE):
-        """The first such widget, waited for."""
+        """The first such widget, waited for. One in a dialog is there once the keys go to that dialog."""
         what = f"a {role or 'widget'}" + (f" named '{name}'" if isinstance(name, str) else "")
-        return wait_until(lambda: self.find_all(role, name, table, inside), what, limit)[0]
+
+        def first():
+            found = self.find_all(role, name, table, inside)
+            return found[0] if found and self._takes_keys(found[0]) else None
+
+        return wait_until(first, what, limit)
+
+    def _takes_keys(self, widget):
+        """False while the widget's dialog is not active."""
+        try:
+            while widget.role not in WINDOWS:
+                above = widget._accessible.parent
+                if above is None:
+                    return True
+                widget = Widget(self, above)
+            return widget.role == "frame" or widget.has("active")
+        except self._gone():
+            return False
 
     def table(self):
         """The table that shows."""
@@ -268,22 +298,35 @@ class Program:
         wait_until(lambda: xdotool("getactivewindow", "getwindowname", check=False).strip() == title,
                    f"the window '{title}'")
 
-    def await_frame(self):
-        """Waits until the program is ready for the first key: the window manager calls its frame active a moment before
-        the program knows of that itself."""
-        self.await_window("Zelvane v2")
-        frame = self.find(role="frame")
-        wait_until(lambda: frame.has("active"), "the frame to be active")
+    def await_ready(self):
+        """Waits until the program is ready for the first key or click. Its windows are on the screen, and the window
+        manager calls one of them active, a moment before they have their places and the program knows of that itself:
+        what is pressed until then is lost."""
+        if not self._ready:
+            wait_until(self._has_an_active_window, "an active window")
+            self._ready = True
+
+    def _has_an_active_window(self):
+        root = self._root()
+        try:
+            # The window of the start goes by itself: it has nothing to press.
+            return root and any(window.has("active") and self.find_all(role="push button", inside=window)
+                                for window in root.children())
+        except self._gone():
+            return False
 
     def type(self, text):
+        self.await_ready()
         xdotool("type", "--delay", 20, text)
 
     def type_lines(self, texts):
         """Types texts fast, with Enter after each."""
+        self.await_ready()
         xdotool(*(part for text in texts for part in ("type", "--delay", 4, "--args", 1, text, "key", "Return")))
 
     def key(self, *keys):
         """Presses keys by their X names: "Return", "ctrl+a" ..."""
+        self.await_ready()
         xdotool("key", "--delay", 40, *keys)
 
     def menu(self, *names):
@@ -315,6 +358,11 @@ class Program:
     def send(self, sent):
         """Sends the process a signal."""
         self._process.send_signal(sent)
+
+    def await_stop(self):
+        """Waits until the process stands still, as by SIGSTOP."""
+        state = lambda: pathlib.Path(f"/proc/{self._process.pid}/stat").read_text().rpartition(")")[2].split()[0]
+        wait_until(lambda: state() == "T", "the process to stop")
 
     def kill(self):
         """Ends the process as a crash or a power cut does."""
@@ -416,9 +464,10 @@ class ProgramTest(unittest.TestCase):
         ProgramTest.session.close()
         ProgramTest.session = None
 
-    def start(self, *arguments, home=None, runtime=None):
-        """Starts the program; it is closed when the test ends. `home`: of a run before; `runtime`: of a session."""
-        self.program = Program(self.session, *arguments, home=home, runtime=runtime)
+    def start(self, *arguments, home=None, runtime=None, environment=None):
+        """Starts the program; it is closed when the test ends. `home`: of a run before; `runtime`: of a session;
+        `environment`: variables beside the usual ones."""
+        self.program = Program(self.session, *arguments, home=home, runtime=runtime, environment=environment)
         self.addCleanup(self.program.close)
         return self.program
 

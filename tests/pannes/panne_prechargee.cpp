@@ -7,7 +7,8 @@
 //   PANNE_GENRE     kind of call, as in s_genres
 //   PANNE_RANG      which one fails, from 1
 //   PANNE_ERREUR    an errno by name; COURT: half of the bytes are read or written; COUPE: the same, and the next call
-//                   of the kind fails, as on a disk that is full or bad from there on
+//                   of the kind fails, as on a disk that is full or bad from there on; ARRET: the process stops there,
+//                   as by SIGSTOP, and nothing fails
 //   PANNE_SUITE     1: all later ones fail, too
 //   PANNE_LENTEUR   microseconds that each write takes longer
 //   PANNE_ARMEE     0: nothing is counted before PanneArmer(1)
@@ -22,6 +23,7 @@
 #include <atomic>
 #include <cerrno>
 #include <climits>
+#include <csignal>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -67,7 +69,7 @@ int ErreurDe(const char* nom)
         const char* nom;
         int valeur;
     };
-    constexpr std::array<Nommee, 10> erreurs = {{{"ENOSPC", ENOSPC},
+    constexpr std::array<Nommee, 11> erreurs = {{{"ENOSPC", ENOSPC},
                                                  {"EIO", EIO},
                                                  {"EACCES", EACCES},
                                                  {"EINTR", EINTR},
@@ -76,7 +78,8 @@ int ErreurDe(const char* nom)
                                                  {"ENOLCK", ENOLCK},
                                                  {"EOPNOTSUPP", EOPNOTSUPP},
                                                  {"COURT", Court},
-                                                 {"COUPE", Coupe}}};
+                                                 {"COUPE", Coupe},
+                                                 {"ARRET", Arret}}};
     for (const auto& [connu, valeur] : erreurs) {
         if (std::strcmp(nom, connu) == 0)
             return valeur;
@@ -210,6 +213,10 @@ int Compter(Genre genre, const char* chemin)
         std::strncpy(etat.comptes->chemin.data(), chemin, etat.comptes->chemin.size() - 1);
     if (deuxTemps && rang == etat.rang)
         return Court;
+    if (etat.erreur == Arret) {
+        kill(getpid(), SIGSTOP);
+        return 0;
+    }
     return deuxTemps ? (EstLecture(genre) ? EIO : ENOSPC) : etat.erreur;
 }
 

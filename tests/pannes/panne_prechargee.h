@@ -38,6 +38,7 @@ enum Genre {
 // Errors that are none.
 constexpr int Court = -1;
 constexpr int Coupe = -2;
+constexpr int Arret = -3;
 
 /// Whether a path, seen from a folder, is one to be counted.
 bool EstSuivi(int dossier, const char* chemin);
