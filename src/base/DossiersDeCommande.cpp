@@ -2,6 +2,7 @@
 
 #include "base/Const_Vrac.h"
 #include "base/LieuxTemporaires.h"
+#include "platform/Presence.h"
 #include "platform/VerrouDossier.h"
 
 #include <QCoreApplication>
@@ -84,7 +85,7 @@ QString CreerDossierDeCommande()
         const QString dossier = QFile::decodeName(chemin);
         std::optional<VerrouDossier> verrou = VerrouDossier::Prendre(dossier);
         // Another start that tidies up may have taken it away before it was held.
-        if (!verrou || !QFileInfo::exists(dossier))
+        if (!verrou || !PeutExister(dossier))
             continue;
         tenus.push_back(std::move(*verrou));
         return dossier + u'/';

@@ -5,6 +5,7 @@
 #include "base/NomsDuDossier.h"
 #include "base/Options.h"
 #include "platform/Plateforme.h"
+#include "platform/Presence.h"
 #include "platform/VerrouDossier.h"
 
 #include <QDir>
@@ -52,7 +53,7 @@ void CreerDossierPrive(const QString& dossier)
 bool EstLaisse(const QString& dossier)
 {
     const std::optional<QStringList> noms = NomsDuDossier(dossier);
-    return (noms && !noms->isEmpty()) || QFileInfo::exists(FichierDeSecours(dossier));
+    return (noms && !noms->isEmpty()) || PeutExister(FichierDeSecours(dossier));
 }
 
 /// Creates the folder and takes hold of it; nothing when somebody else holds it.
@@ -60,7 +61,7 @@ std::optional<VerrouDossier> CreerEtTenir(const QString& dossier)
 {
     CreerDossierPrive(dossier);
     std::optional<VerrouDossier> verrou = VerrouDossier::Prendre(dossier);
-    if (!verrou || QFileInfo::exists(dossier))
+    if (!verrou || PeutExister(dossier))
         return verrou;
     // Another start that tidies up took the empty folder away before it was held.
     CreerDossierPrive(dossier);
@@ -137,24 +138,28 @@ QString CreerDossierTemp()
             return *dossier;
         refuses.set(static_cast<size_t>(tire));
     }
-    for (int numero = s_numeros + 1;; ++numero) {
+    constexpr int dernier = 20 * s_numeros;
+    for (int numero = s_numeros + 1; numero < dernier; ++numero) {
         if (std::optional<QString> dossier = Prendre(numero))
             return *dossier;
     }
+    // So many are not in use: the disk answers nothing but errors. Who writes there is told.
+    return AjouterSlash(TempFolder) + QStringLiteral("cat") + QString::number(dernier) + u'/';
 }
 
 QString RetablirDossierTemp(const QString& dossier)
 {
-    constexpr auto Tout = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
     const QString cle = CleDossier(dossier);
     const auto tenu = DossiersTenus().find(cle);
     if (tenu == DossiersTenus().end()) {
         CreerDossierPrive(cle);
         return dossier;
     }
-    if (QFileInfo(cle).isDir() && (!tenu->second.Tient() || tenu->second.EstCelui(cle)))
+    // Also when it cannot be looked at: what it holds is not given up for that.
+    const bool dossierLa = PeutExister(cle) && !QFileInfo(cle).isFile();
+    if (dossierLa && (!tenu->second.Tient() || tenu->second.EstCelui(cle)))
         return dossier;
-    if (std::optional<VerrouDossier> verrou = CreerEtTenir(cle); verrou && QDir(cle).isEmpty(Tout)) {
+    if (std::optional<VerrouDossier> verrou = CreerEtTenir(cle); verrou && NomsDuDossier(cle) == QStringList()) {
         tenu->second = std::move(*verrou);
         return dossier;
     }

@@ -4,9 +4,9 @@
 #include "catalogue/FichierQrt.h"
 #include "catalogue/ccZip.h"
 #include "extensions/modLang.h"
+#include "platform/Presence.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 #include <filesystem>
 #include <system_error>
@@ -45,7 +45,7 @@ void MsgFichierAbsent()
 
 std::optional<FormeFichier> FormeDuFichier(const QString& chemin)
 {
-    if (!QFileInfo::exists(chemin)) {
+    if (!PeutExister(chemin)) {
         MsgFichierAbsent();
         return std::nullopt;
     }

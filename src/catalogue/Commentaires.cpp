@@ -3,6 +3,7 @@
 #include "catalogue/FichierDuDossier.h"
 #include "catalogue/TexteExact.h"
 #include "platform/PageDeCode.h"
+#include "platform/Presence.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -19,7 +20,7 @@ std::optional<QByteArray> TexteExactAvec(const QString& dossier, const QString& 
 {
     const QString chemin = dossier + TexteExact::NomDuFichier();
     const bool enHuitBits = PageDeCode::EstRepresentable(texte);
-    if (enHuitBits && !QFileInfo::exists(chemin))
+    if (enHuitBits && !PeutExister(chemin))
         return QByteArray();
     const std::optional<QByteArray> huitBits = LireSIlExiste(dossier + QStringLiteral("Zelvane.qrt"));
     const TexteExact::Contenu contenu = TexteExact::Lire(dossier, huitBits.value_or(QByteArray()), {});
@@ -34,7 +35,7 @@ std::optional<QByteArray> TexteExactAvec(const QString& dossier, const QString& 
 
 bool Supprimer(const QString& chemin)
 {
-    return !QFileInfo::exists(chemin) || SupprimerDuDossier(chemin);
+    return !PeutExister(chemin) || SupprimerDuDossier(chemin);
 }
 
 } // namespace

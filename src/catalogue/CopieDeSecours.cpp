@@ -4,7 +4,6 @@
 #include "platform/PageDeCode.h"
 
 #include <QCoreApplication>
-#include <QDateTime>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
@@ -12,6 +11,7 @@
 #include <cerrno>
 #include <chrono>
 #include <new>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 
@@ -25,14 +25,18 @@ constexpr qsizetype TailleEntete = qsizetype(1) << 17; // a name and a path, thr
 const QByteArray s_debut = QByteArrayLiteral("[Zelvane.secours]\r\n");
 const QByteArray s_fin = QByteArrayLiteral("[Fin]\r\n");
 
-QByteArray Entete(const QrtClass& doc, const QString& nom, bool texte)
+/// Nothing when it cannot be told which text of the folder the copy follows.
+std::optional<QByteArray> Entete(const QrtClass& doc, const QString& nom, bool texte)
 {
+    const std::optional<QByteArray> base = EmpreinteDuTexte(doc.TmpFolder);
+    if (!base)
+        return std::nullopt;
     const auto ligne = [](const char* cle, const QByteArray& valeur) { return cle + ('=' + valeur) + "\r\n"; };
     return s_debut + ligne("Nom", nom.toUtf8().toPercentEncoding()) +
            ligne("Chemin", doc.CheminConnu().toUtf8().toPercentEncoding()) +
            ligne("Type", doc.FileType.toUtf8().toPercentEncoding()) +
-           ligne("Processus", QByteArray::number(QCoreApplication::applicationPid())) +
-           ligne("Base", EmpreinteDuTexte(doc.TmpFolder)) + ligne("Texte", texte ? "1" : "0");
+           ligne("Processus", QByteArray::number(QCoreApplication::applicationPid())) + ligne("Base", *base) +
+           ligne("Texte", texte ? "1" : "0");
 }
 
 /// Opens the new file for its user alone. What a killed run left there goes, and so does a link.
@@ -80,7 +84,8 @@ struct Ouverte
 
 std::optional<Ouverte> Lire(QFile& fichier)
 {
-    if (!QFileInfo(fichier.fileName()).isFile() || !fichier.open(QIODevice::ReadOnly))
+    const QFileInfo info(fichier.fileName());
+    if ((info.exists() && !info.isFile()) || !fichier.open(QIODevice::ReadOnly))
         return std::nullopt;
     const QByteArray octets = fichier.read(TailleEntete);
     if (!octets.startsWith(s_debut))
@@ -126,27 +131,34 @@ std::optional<QByteArray> LireTexteDeSecours(const QString& fichier)
     return texte;
 }
 
-QByteArray EmpreinteDuTexte(const QString& dossier)
+std::optional<QByteArray> EmpreinteDuTexte(const QString& dossier)
 {
-    const QFileInfo fichier(dossier + QStringLiteral("Zelvane.qrt"));
-    if (!fichier.isFile())
-        return {};
-    return QByteArray::number(fichier.size()) + ':' + QByteArray::number(fichier.lastModified().toMSecsSinceEpoch());
+    const QString chemin = dossier + QStringLiteral("Zelvane.qrt");
+    struct stat etat;
+    if (stat(QFile::encodeName(chemin).constData(), &etat) != 0)
+        return errno == ENOENT || errno == ENOTDIR ? std::optional(QByteArray()) : std::nullopt;
+    if (!S_ISREG(etat.st_mode))
+        return QByteArray();
+    const qint64 modifie = qint64(etat.st_mtim.tv_sec) * 1000 + etat.st_mtim.tv_nsec / 1'000'000;
+    return QByteArray::number(qint64(etat.st_size)) + ':' + QByteArray::number(modifie);
 }
 
 bool EcrireIdentite(const QrtClass& doc, const QString& nom)
 {
     FichierDuDossier fichier(FichierDeSecours(doc.TmpFolder));
-    const QByteArray entete = Entete(doc, nom, false);
-    return OuvrirPrive(fichier) && fichier.Fichier().write(entete) == entete.size() && fichier.Valider();
+    const std::optional<QByteArray> entete = Entete(doc, nom, false);
+    return entete && OuvrirPrive(fichier) && fichier.Fichier().write(*entete) == entete->size() && fichier.Valider();
 }
 
 EcritureDeSecours::EcritureDeSecours(const QrtClass& doc, const QString& nom, std::optional<SaisieEnCours> saisie)
-    : m_fichier(FichierDeSecours(doc.TmpFolder)), m_tampon(Entete(doc, nom, true)),
+    : m_fichier(FichierDeSecours(doc.TmpFolder)),
       m_redacteur(doc, "2", EntreesEcrites::Toutes, stockage::Codage::Utf8, *this, std::move(saisie))
 {
-    if (!OuvrirPrive(m_fichier))
+    const std::optional<QByteArray> entete = Entete(doc, nom, true);
+    if (!entete || !OuvrirPrive(m_fichier))
         m_etat = Etat::Manquee;
+    else
+        m_tampon = *entete;
 }
 
 EcritureDeSecours::~EcritureDeSecours()

@@ -33,8 +33,9 @@ std::optional<IdentiteDeSecours> LireIdentite(const QString& fichier);
 /// The text, in UTF-8; nothing when it has none that is whole.
 std::optional<QByteArray> LireTexteDeSecours(const QString& fichier);
 
-/// Tells the folder's "Zelvane.qrt" from those before and after a save; empty when there is none.
-QByteArray EmpreinteDuTexte(const QString& dossier);
+/// Tells the folder's "Zelvane.qrt" from those before and after a save; empty when there is none, nothing when it
+/// cannot be looked at.
+std::optional<QByteArray> EmpreinteDuTexte(const QString& dossier);
 
 /// Writes a copy without a text: whose folder it is. False when that fails; the copy before stays then.
 bool EcrireIdentite(const QrtClass& doc, const QString& nom);

@@ -99,11 +99,12 @@ QByteArray DebutDe(const QString& chemin)
     return fichier.open(QIODevice::ReadOnly) ? fichier.read(DebutDuTexte) : QByteArray();
 }
 
-/// Whether the copy holds what the folder's text does not: that has not been written since.
+/// Whether the copy holds what the folder's text does not: that has not been written since. A save takes the text out
+/// of the copy, so one that still has it is the later one where the folder's cannot be looked at.
 bool CopiePlusRecente(const QString& dossier, const IdentiteDeSecours& identite)
 {
-    const QByteArray empreinte = EmpreinteDuTexte(dossier);
-    return identite.texte && (empreinte.isEmpty() || identite.base == empreinte);
+    const std::optional<QByteArray> empreinte = EmpreinteDuTexte(dossier);
+    return identite.texte && (!empreinte || empreinte->isEmpty() || identite.base == *empreinte);
 }
 
 /// Whether the document's file stands. A save that was cut short leaves none, or half of an archive.
@@ -185,7 +186,10 @@ bool PrendreFichiers(const QString& de, const QString& vers)
     for (fs::directory_iterator it(QFile::encodeName(de).toStdString(), erreur), fin; !erreur && it != fin;
          it.increment(erreur)) {
         const fs::path nom = it->path().filename();
-        if (!it->is_regular_file(erreur) || EstInacheve(QFile::decodeName(nom.c_str())))
+        const bool fichier = it->is_regular_file(erreur);
+        if (erreur && erreur != std::errc::no_such_file_or_directory)
+            return false;
+        if (!fichier || EstInacheve(QFile::decodeName(nom.c_str())))
             continue;
         if (!PrendreFichier(it->path(), cible / nom))
             return false;

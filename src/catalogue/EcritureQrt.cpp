@@ -12,6 +12,7 @@
 #include "catalogue/ccZip.h"
 #include "extensions/ManqueDeMemoire.h"
 #include "extensions/modLang.h"
+#include "platform/Presence.h"
 #include "platform/Retenue.h"
 
 #include <QFile>
@@ -75,7 +76,7 @@ bool EcrireTextes(const QrtClass& doc, EntreesEcrites entrees)
     const QString cheminExact = doc.TmpFolder + TexteExact::NomDuFichier();
     // The exact comment is known by the text that stands there now: it is read before that goes.
     TexteExact::Contenu avant;
-    if (QFileInfo::exists(cheminExact)) {
+    if (PeutExister(cheminExact)) {
         const std::optional<QByteArray> texte = LireSIlExiste(chemin);
         const std::optional<QByteArray> commentaire = LireSIlExiste(doc.TmpFolder + QStringLiteral("Zelvane.txt"));
         if (texte && commentaire)
@@ -212,7 +213,7 @@ bool EcrireFichier14(QrtClass& doc, bool selection)
     PlaceDuFichier place(CibleDesLiens(doc.CheminReel()));
     if (!place.Prendre())
         return false;
-    if (const QFileInfo cible(place.Chemin()); cible.exists() && !cible.isFile()) {
+    if (place.Ancien() && !S_ISREG(place.Ancien()->st_mode)) {
         // A device or a pipe is written to, never replaced.
         QFile fichier(doc.CheminReel());
         return fichier.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && EcrireTexte14(doc, selection, fichier);

@@ -3,6 +3,7 @@
 #include "base/ActesDuDossier.h"
 #include "catalogue/PlaceDuFichier.h"
 #include "catalogue/ccZipDescripteur.h"
+#include "platform/Presence.h"
 
 #include <QFileInfo>
 
@@ -25,7 +26,7 @@ std::optional<QByteArray> LireFichier(const QString& chemin)
 
 std::optional<QByteArray> LireSIlExiste(const QString& chemin)
 {
-    return QFileInfo::exists(chemin) ? LireFichier(chemin) : QByteArray();
+    return PeutExister(chemin) ? LireFichier(chemin) : QByteArray();
 }
 
 bool ForcerFichier(const QString& chemin)

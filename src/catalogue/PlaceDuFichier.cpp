@@ -21,10 +21,19 @@ bool EstLeMeme(const struct stat& un, const struct stat& autre)
     return un.st_dev == autre.st_dev && un.st_ino == autre.st_ino;
 }
 
-std::optional<struct stat> EtatAu(const QByteArray& chemin)
+/// What lies at a path.
+struct Vue
+{
+    std::optional<struct stat> etat;
+    bool sure = true; ///< false: it could not be looked at, and there may be anything
+};
+
+Vue EtatAu(const QByteArray& chemin)
 {
     struct stat etat;
-    return lstat(chemin.constData(), &etat) == 0 ? std::optional(etat) : std::nullopt;
+    if (lstat(chemin.constData(), &etat) == 0)
+        return {etat};
+    return {std::nullopt, errno == ENOENT || errno == ENOTDIR || errno == ENAMETOOLONG};
 }
 
 std::optional<struct stat> EtatDerriere(const Descripteur& descripteur)
@@ -81,7 +90,10 @@ bool PlaceDuFichier::Prendre()
     // The file may be replaced between its opening and the lock; the new one is tried then.
     constexpr int essais = 10;
     for (int i = 0; i < essais; ++i) {
-        m_ancien = EtatAu(m_octets);
+        const Vue la = EtatAu(m_octets);
+        if (!la.sure)
+            return false;
+        m_ancien = la.etat;
         if (!m_ancien || !S_ISREG(m_ancien->st_mode))
             return true;
         if (Saisir())
@@ -101,16 +113,16 @@ bool PlaceDuFichier::Saisir()
     m_perdue = verrou == Verrou::Refuse;
     if (m_perdue)
         return false;
-    const std::optional<struct stat> tenu = EtatDerriere(m_verrou), la = EtatAu(m_octets);
+    const std::optional<struct stat> tenu = EtatDerriere(m_verrou), la = EtatAu(m_octets).etat;
     m_ancien = tenu;
     return tenu && la && EstLeMeme(*tenu, *la);
 }
 
 bool PlaceDuFichier::SupprimerAncien()
 {
-    const std::optional<struct stat> la = EtatAu(m_octets);
+    const auto [la, sure] = EtatAu(m_octets);
     if (!la)
-        return true;
+        return sure;
     const bool pris = m_ancien && S_ISREG(m_ancien->st_mode) && EstLeMeme(*m_ancien, *la);
     m_perdue = !pris && S_ISREG(la->st_mode);
     return pris && unlink(m_octets.constData()) == 0;
@@ -156,8 +168,11 @@ std::optional<Descripteur> PlaceDuFichier::Creer()
 
 bool PlaceDuFichier::EstEnPlace() const
 {
-    const std::optional<struct stat> fait = EtatDerriere(m_neuf), la = EtatAu(m_octets);
-    return fait && la && EstLeMeme(*fait, *la);
+    const std::optional<struct stat> fait = EtatDerriere(m_neuf);
+    if (!fait)
+        return false;
+    const auto [la, sure] = EtatAu(m_octets);
+    return la ? EstLeMeme(*fait, *la) : !sure && fait->st_nlink > 0;
 }
 
 void PlaceDuFichier::Retirer()
@@ -173,7 +188,7 @@ bool PlaceDuFichier::EstPerdue() const
 {
     if (m_perdue)
         return true;
-    const std::optional<struct stat> la = m_neuf ? EtatAu(m_octets) : std::nullopt;
+    const std::optional<struct stat> la = m_neuf ? EtatAu(m_octets).etat : std::nullopt;
     return la && S_ISREG(la->st_mode) && !EstEnPlace();
 }
 

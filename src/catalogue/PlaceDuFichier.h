@@ -30,7 +30,8 @@ public:
 
     const QString& Chemin() const { return m_chemin; }
 
-    /// Takes hold of the file that stands there, if there is one. False when another program is replacing it.
+    /// Takes hold of the file that stands there, if there is one. False when another program is replacing it, or when
+    /// the place cannot be looked at.
     bool Prendre();
     /// The file that was taken; nothing when none stood there.
     const std::optional<struct stat>& Ancien() const { return m_ancien; }

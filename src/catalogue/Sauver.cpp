@@ -12,6 +12,7 @@
 #include "extensions/ManqueDeMemoire.h"
 #include "extensions/modLang.h"
 #include "platform/Plateforme.h"
+#include "platform/Presence.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -99,7 +100,7 @@ enum class Choix { Prendre, Recommencer, Abandonner, SortirNet };
 /// crossed with those of plain Save: translations follow them.
 Choix AccepterFichier(const QString& fichier)
 {
-    if (!QFileInfo::exists(fichier))
+    if (!PeutExister(fichier))
         return Choix::Prendre;
     const int remplacer = Demander(u"msg59"_s, u"Le fichier existe deja, voulez-vous le remplacer?"_s, fichier);
     if (remplacer != RepOui)

@@ -2,8 +2,7 @@
 
 #include "catalogue/FichierDuDossier.h"
 #include "platform/PageDeCode.h"
-
-#include <QFileInfo>
+#include "platform/Presence.h"
 
 namespace TexteExact {
 
@@ -70,7 +69,7 @@ Contenu Lire(const QString& dossier, QByteArrayView catalogue, QByteArrayView co
 {
     Contenu contenu;
     const QString chemin = dossier + NomDuFichier();
-    if (!QFileInfo::exists(chemin))
+    if (!PeutExister(chemin))
         return contenu;
     const std::optional<QByteArray> exact = LireFichier(chemin);
     contenu.illisible = !exact;

@@ -7,6 +7,7 @@
 #include "catalogue/PlaceDuFichier.h"
 
 #include "platform/PageDeCode.h"
+#include "platform/Presence.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -300,7 +301,7 @@ Ecrit Ecrire(const QString& chemin, std::vector<Ajout> ajouts, const FormeArchiv
 {
     Ecrivain ecrivain(forme, infos);
     // Where the caller has made the place free, what has come there since is somebody else's.
-    if (!forme.place && QFile::exists(chemin)) {
+    if (!forme.place && PeutExister(chemin)) {
         const FichierProvisoire provisoire(chemin);
         if (!QFile::copy(chemin, provisoire.Chemin()))
             return {ZipCreation, nullptr};

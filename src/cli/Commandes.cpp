@@ -11,6 +11,7 @@
 #include "cli/Console.h"
 #include "cli/Json.h"
 #include "extensions/modLang.h"
+#include "platform/Presence.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -35,7 +36,7 @@ Statut FinirSortie(SortieStandard& sortie)
 Statut ExecuterType(const LigneDeCommande& ligne)
 {
     const QString& chemin = ligne.arguments[0];
-    if (!QFileInfo::exists(chemin)) {
+    if (!PeutExister(chemin)) {
         MsgFichierAbsent();
         return Echec;
     }
@@ -157,12 +158,9 @@ void HeriterDroits(const QString& neuf, const struct stat& ancien)
 bool Remplacer(QrtClass& doc, const QString& sortie, FormeFichier forme)
 {
     // Through a link the file that it names is replaced, not the link; what is no file is never replaced.
-    const QFileInfo cible(CibleDesLiens(QFileInfo(sortie).absoluteFilePath()));
-    if (cible.exists() && !cible.isFile())
-        return false;
-    const QString destination = cible.absoluteFilePath();
+    const QString destination = CibleDesLiens(QFileInfo(sortie).absoluteFilePath());
     PlaceDuFichier place(destination);
-    if (!place.Prendre())
+    if (!place.Prendre() || (place.Ancien() && !S_ISREG(place.Ancien()->st_mode)))
         return false;
     const DossierPassager voisin([&destination] { return DossierVoisin(destination); });
     if (voisin.Chemin().isEmpty())
@@ -180,8 +178,7 @@ Statut ExecuterConvert(const LigneDeCommande& ligne)
     const QString& sortie = ligne.arguments[1];
     const FormeFichier forme = ligne.Valeur(u"format"_s) == u"1.4" ? TexteSeul : Archive;
     const bool force = ligne.A(u"force"_s);
-    const QFileInfo cible(sortie);
-    if ((cible.exists() || cible.isSymLink()) && !force) {
+    if ((PeutExister(sortie) || QFileInfo(sortie).isSymLink()) && !force) {
         AfficherMsg(LangMsg(u"msg59"_s, u"Le fichier existe deja, voulez-vous le remplacer?"_s), MsgOuiNonAnnuler,
                     sortie);
         return Echec;

@@ -1,10 +1,10 @@
 #include "platform/FichiersIni.h"
 
 #include "platform/Attributs.h"
+#include "platform/Presence.h"
 #include "platform/TexteIni.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QSaveFile>
 
 FichiersIni::Lecture FichiersIni::Lire(const QString& fichier, const QString& section, const QString& cle) const
@@ -44,7 +44,7 @@ bool FichiersIni::Conclure(const QString& fichier, const Contenu& avant, const Q
 
 FichiersIni::Contenu FichiersIniDisque::Charger(const QString& chemin) const
 {
-    if (!QFileInfo::exists(chemin))
+    if (!PeutExister(chemin))
         return {Contenu::Absent, {}, {}};
     QFile fichier(chemin);
     if (!fichier.open(QIODevice::ReadOnly))

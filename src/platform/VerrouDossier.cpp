@@ -35,8 +35,11 @@ std::optional<VerrouDossier> VerrouDossier::Prendre(const QString& dossier)
 bool VerrouDossier::EstCelui(const QString& dossier) const
 {
     struct stat tenu, la;
-    return fstat(m_descripteur, &tenu) == 0 && lstat(QFile::encodeName(dossier).constData(), &la) == 0 &&
-           tenu.st_dev == la.st_dev && tenu.st_ino == la.st_ino;
+    if (fstat(m_descripteur, &tenu) != 0)
+        return false;
+    if (lstat(QFile::encodeName(dossier).constData(), &la) != 0)
+        return errno != ENOENT && errno != ENOTDIR && tenu.st_nlink > 0;
+    return tenu.st_dev == la.st_dev && tenu.st_ino == la.st_ino;
 }
 
 void VerrouDossier::Rendre()

@@ -20,7 +20,8 @@ public:
 
     /// Whether the folder is really held: nobody else has it then.
     bool Tient() const { return m_tient; }
-    /// Whether the folder at this path is the one that was taken hold of, and not another one in its place.
+    /// Whether the folder at this path is the one that was taken hold of, and not another one in its place. One that
+    /// cannot be looked at is, as long as it was not deleted.
     bool EstCelui(const QString& dossier) const;
 
 private:

@@ -103,7 +103,7 @@ TEST_F(Fraicheur, FoldersFilesAndRescueCopiesAreDatedAndWritesAreNot)
     for (const QString& chemin : ToutCeQuiTient())
         Vieillir(chemin);
     const QDateTime ecrit = QFileInfo(Dans("a.jpg")).lastModified();
-    const QByteArray empreinte = EmpreinteDuTexte(doc->TmpFolder);
+    const std::optional<QByteArray> empreinte = EmpreinteDuTexte(doc->TmpFolder);
     Tourner();
     for (const QString& chemin : ToutCeQuiTient())
         EXPECT_TRUE(EstFrais(chemin)) << chemin.toStdString();

@@ -90,7 +90,7 @@ def main():
     parser.add_argument("--kind", action="append", choices=KINDS)
     parser.add_argument("--jobs", type=int, default=os.cpu_count())
     options = parser.parse_args()
-    kinds = options.kind or [kind for kind in KINDS if options.long or kind != "stat"]
+    kinds = options.kind or KINDS
 
     total, problems = 0, []
     with working_folder(options.travail) as base, \
