@@ -107,7 +107,10 @@ def judge_save(scenario, expected, place, run, programs, fault):
     states, second = programs.offered(place)
     if any(whole(comparable(state, scenario.form), expected.after) for state in states):
         return wrong
-    kept_open = run.value("FERME") == "0" and run.value("SECOURS") == "0" and whole(there, expected.before)
+    # A disk that takes nothing more: the window stays, and with it all that it holds.
+    nothing_new = expected.before is None and not (place.target / scenario.target).exists()
+    untouched = nothing_new or whole(there, expected.before)
+    kept_open = run.value("FERME") == "0" and run.value("SECOURS") == "0" and untouched
     if not kept_open:
         wrong.append(f"LOST: neither the file nor what the next start offers is the new state ({len(states)} offered, "
                      f"{second.messages()})")

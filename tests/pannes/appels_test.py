@@ -75,6 +75,16 @@ class Judging(unittest.TestCase):
         archive(self.path, ["un"], a=b"1", b=b"2")
         self.found("LOST")
 
+    def test_a_window_that_stays_is_enough_only_while_nothing_of_the_target_was_touched(self):
+        kept = ("MSG msg62 Erreur", "SECOURS 0")
+        self.run_.lines[-1] = "FERME 0"
+        shutil.copy(self.old, self.path)
+        self.assertEqual(self.judge(*kept), [])
+        self.expected = replace(self.expected, before=None)
+        self.found("LOST")
+        self.path.unlink()
+        self.assertNotIn("LOST", " ".join(self.judge()))
+
     def test_half_an_archive_is_found_though_the_folder_is_whole(self):
         shutil.unpack_archive(self.new, self.folder, "zip")
         self.path.write_bytes(self.new.read_bytes()[:200])
@@ -132,6 +142,13 @@ class Preloading(unittest.TestCase):
 
     WRITE = ("import os; f = os.open('cible/a', os.O_CREAT | os.O_WRONLY)\n"
              "for i in range(3):\n try: print(os.write(f, b'1234'))\n except OSError as e: print(e.errno)")
+
+    def test_it_stops_the_process_where_it_is_told_to(self):
+        code = ("import os, signal\nchild = os.fork()\nif not child:\n exec(" + repr(self.WRITE) + ")\n os._exit(0)\n"
+                "print(os.WSTOPSIG(os.waitpid(child, os.WUNTRACED)[1]), os.path.getsize('cible/a'))\n"
+                "os.kill(child, signal.SIGCONT)\nos.waitpid(child, 0)\nprint(os.path.getsize('cible/a'))")
+        _, lines = self.python(code, Fault("write", 2, "ARRET"))
+        self.assertEqual([line for line in lines if " " in line or line == "12"], ["19 4", "12"])
 
     def test_it_counts_and_changes_nothing_else(self):
         run, lines = self.python(self.WRITE)
