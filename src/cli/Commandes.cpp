@@ -166,11 +166,13 @@ bool Remplacer(QrtClass& doc, const QString& sortie, FormeFichier forme)
     if (voisin.Chemin().isEmpty())
         return false;
     const QString neuf = voisin.Chemin() + u"categorie.qrt"_s;
-    if (!EcrireDans(doc, neuf, forme))
-        return false;
-    if (place.Ancien())
+    bool fait = EcrireDans(doc, neuf, forme);
+    if (fait && place.Ancien())
         HeriterDroits(neuf, *place.Ancien());
-    return std::rename(QFile::encodeName(neuf).constData(), QFile::encodeName(destination).constData()) == 0;
+    fait = fait && std::rename(QFile::encodeName(neuf).constData(), QFile::encodeName(destination).constData()) == 0;
+    if (!fait)
+        QFile::remove(neuf); // by its name: a disk with errors may not list it any more
+    return fait;
 }
 
 Statut ExecuterConvert(const LigneDeCommande& ligne)

@@ -22,6 +22,9 @@ void SupprimerSousVerrou(const QString& dossier)
     // Under another name nothing can be put into the folder any more while it is being emptied.
     const QString sansBarre = dossier.endsWith(u'/') ? dossier.chopped(1) : dossier;
     const QString ecarte = sansBarre + QStringLiteral(".fin");
+    // An empty one needs no list of what it holds.
+    if (rmdir(QFile::encodeName(sansBarre).constData()) == 0)
+        return;
     const bool renomme =
         std::rename(QFile::encodeName(sansBarre).constData(), QFile::encodeName(ecarte).constData()) == 0;
     std::error_code erreur;
