@@ -11,6 +11,9 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <cstdio>
+#include <new>
+#include <system_error>
 
 using namespace Qt::StringLiterals;
 
@@ -90,11 +93,22 @@ Statut Executer(const QStringList& mots)
     return ExecuterCommande(*commande, *analyse.ligne);
 }
 
+/// Before and after a command there is nothing yet, or no more, that could say it otherwise.
+Statut DireManqueHorsCommande()
+{
+    std::fputs("La mémoire est insuffisante. L'opération n'a pas été menée à son terme.\n", stderr);
+    return Echec;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
-{
+try {
     GuetterLesInterruptions();
     const QCoreApplication application(argc, argv);
     return Executer(QCoreApplication::arguments().mid(1));
+} catch (const std::bad_alloc&) {
+    return DireManqueHorsCommande();
+} catch (const std::system_error&) { // a thread, for which there is no memory
+    return DireManqueHorsCommande();
 }

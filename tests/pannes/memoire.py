@@ -4,13 +4,14 @@
     memoire.py --build build/dev [--travail FOLDER] [--long]
 
 What each scenario needs is found first; then it runs with ten sizes below that, in the long form a hundred and more
-scenarios. It ends with
-a message or as it should, and never in the middle of a write. Ends with 1 when one of that does not hold."""
+scenarios. It ends with a message or as it should, and never in the middle of a write. Ends with 1 when one of that does
+not hold."""
 import argparse
 import collections
 import concurrent.futures
 import os
 import resource
+import subprocess
 import sys
 import time
 
@@ -21,6 +22,8 @@ from appels_scenarios import Campaign, working_folder
 SHORT = ("ouvrir", "enregistrer", "secours", "convert")
 SCENARIOS = ("ouvrir", "enregistrer", "enregistrer14", "sous", "secours", "laisses", "list", "convert", "convert14")
 MEBIBYTE = 1 << 20
+#: What a foreign library says that ends the process while it is loaded, before the program begins.
+WHILE_LOADING = "GSlice: failed to allocate"
 LITTLE = Fault("memory", 1, "ENOMEM")
 
 
@@ -63,21 +66,39 @@ def need(campaign, scenario, expected):
     return high
 
 
+def to_begin(campaign):
+    """In KiB, what the command needs until it does anything at all. With less, the system and foreign libraries end it
+    while they load: how is not the program's to say."""
+    def begins(kibibytes):
+        size = kibibytes * 1024
+        return subprocess.run([campaign.programs.cli, "--version"], capture_output=True, check=False, preexec_fn=lambda:
+                              resource.setrlimit(resource.RLIMIT_AS, (size, size))).returncode == 0
+    low, high = 1024, 1 << 20
+    while high - low > 128:
+        middle = (low + high) // 2
+        low, high = (low, middle) if begins(middle) else (middle, high)
+    return high
+
+
 def run_scenario(campaign, scenario, steps, pool):
     start = time.monotonic()
     _, expected = campaign.reference(scenario)
     most = need(campaign, scenario, expected)
-    sizes = [most * i // steps for i in range(1, steps + 1)]
+    least = to_begin(campaign) if scenario.judge == "cli" else 0
+    sizes = [least + (most - least) * i // steps for i in range(1, steps + 1)]
     outcomes, problems = collections.Counter(), []
     for size, (run, wrong) in zip(sizes, pool.map(lambda one: try_one(campaign, scenario, expected, one), sizes)):
+        if WHILE_LOADING in run.errors and all(one.startswith("ended by") for one in wrong):
+            outcomes["not begun"] += 1
+            continue
         well = run.status == 0 and not told(run, expected) and run.value("SECOURS") != "0"
         outcomes["spoilt" if wrong else "done" if well else "told"] += 1
         problems += [f"{scenario.name} in {size} KiB of {most}: {one} [{' '.join(run.errors.split())[:200]}]" for one in wrong]
     print(f"{scenario.name}: {steps} sizes up to {most / 1024:.1f} MiB: {outcomes['done']} done, {outcomes['told']} told, "
-          f"{outcomes['spoilt']} spoilt, {time.monotonic() - start:.1f} s", flush=True)
+          f"{outcomes['not begun']} not begun, {outcomes['spoilt']} spoilt, {time.monotonic() - start:.1f} s", flush=True)
     for problem in problems:
         print(f"  {problem}", flush=True)
-    return steps - outcomes["spoilt"], outcomes["spoilt"]
+    return outcomes["done"] + outcomes["told"], outcomes["spoilt"]
 
 
 def main():
