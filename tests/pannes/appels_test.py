@@ -1,6 +1,7 @@
 """The judge of failed calls can fail: each kind of loss, made on purpose, is found. So does the preloaded library."""
 import os
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
@@ -184,6 +185,31 @@ class Losing(unittest.TestCase):
         run = campaign.execute(scenario, place, None, expected, drop)
         wrong = judge(scenario, expected, place, run, campaign.programs, FAULT)
         self.assertTrue(any("LOST" in one for one in wrong), (wrong, run))
+
+
+class Vanishing(unittest.TestCase):
+    """What a cleaner of temporary folders takes from a conversion."""
+
+    def test_an_image_that_goes_before_the_new_file_is_written_is_in_it_all_the_same(self):
+        base = Path(tempfile.mkdtemp(prefix="zelvane-disparue-"))
+        self.addCleanup(shutil.rmtree, base)
+        programs, place = Programs(BUILD, base), Place(base)
+        source = archive(place.target / "essai.qrt", ["un"], a=b"1", b=b"2", c=b"3")
+        # The last file is on the disk, and its date is being set: what follows is the reading, then the writing.
+        counts = base / "counts"
+        counts.write_bytes(bytes(4096))
+        command = [programs.cli, "convert", place.target / "essai.qrt", place.target / "autre.qrt"]
+        environment = place.environment() | Fault("utimens", 4, "ARRET").environment() | {
+            "LD_PRELOAD": str(programs.library), "PANNE_COMPTES": str(counts), "PANNE_DOSSIERS": str(place.program)}
+        with subprocess.Popen(command, env=environment, cwd=place.base) as process:
+            self.assertTrue(os.WIFSTOPPED(os.waitpid(process.pid, os.WUNTRACED)[1]))
+            images = list(place.program.glob("temp/**/*.png"))
+            self.assertEqual(sorted(image.name for image in images), ["a.png", "b.png", "c.png"])
+            for image in images[:2]:
+                image.unlink()
+            process.send_signal(signal.SIGCONT)
+            self.assertEqual(process.wait(60), 0)
+        self.assertEqual(etat.of_archive(place.target / "autre.qrt"), source)
 
 
 if __name__ == "__main__":
