@@ -2,6 +2,7 @@
 
 #include "base/Const_Vrac.h"
 #include "platform/PageDeCode.h"
+#include "platform/Presence.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -136,7 +137,7 @@ std::optional<QByteArray> EmpreinteDuTexte(const QString& dossier)
     const QString chemin = dossier + QStringLiteral("Zelvane.qrt");
     struct stat etat;
     if (stat(QFile::encodeName(chemin).constData(), &etat) != 0)
-        return errno == ENOENT || errno == ENOTDIR ? std::optional(QByteArray()) : std::nullopt;
+        return EstAbsence(errno) ? std::optional(QByteArray()) : std::nullopt;
     if (!S_ISREG(etat.st_mode))
         return QByteArray();
     const qint64 modifie = qint64(etat.st_mtim.tv_sec) * 1000 + etat.st_mtim.tv_nsec / 1'000'000;

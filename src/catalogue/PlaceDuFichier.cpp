@@ -1,5 +1,7 @@
 #include "catalogue/PlaceDuFichier.h"
 
+#include "platform/Presence.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -33,7 +35,7 @@ Vue EtatAu(const QByteArray& chemin)
     struct stat etat;
     if (lstat(chemin.constData(), &etat) == 0)
         return {etat};
-    return {std::nullopt, errno == ENOENT || errno == ENOTDIR || errno == ENAMETOOLONG};
+    return {std::nullopt, EstAbsence(errno)};
 }
 
 std::optional<struct stat> EtatDerriere(const Descripteur& descripteur)

@@ -8,15 +8,10 @@
 bool PeutExister(const QString& chemin)
 {
     struct stat etat;
-    if (stat(QFile::encodeName(chemin).constData(), &etat) == 0)
-        return true;
-    switch (errno) {
-    case ENOENT:
-    case ENOTDIR:
-    case ENAMETOOLONG:
-    case ELOOP:
-        return false;
-    default:
-        return true;
-    }
+    return stat(QFile::encodeName(chemin).constData(), &etat) == 0 || !EstAbsence(errno);
+}
+
+bool EstAbsence(int erreur)
+{
+    return erreur == ENOENT || erreur == ENOTDIR || erreur == ENAMETOOLONG || erreur == ELOOP;
 }

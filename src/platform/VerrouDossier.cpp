@@ -1,5 +1,7 @@
 #include "platform/VerrouDossier.h"
 
+#include "platform/Presence.h"
+
 #include <QFile>
 
 #include <cerrno>
@@ -38,7 +40,7 @@ bool VerrouDossier::EstCelui(const QString& dossier) const
     if (fstat(m_descripteur, &tenu) != 0)
         return false;
     if (lstat(QFile::encodeName(dossier).constData(), &la) != 0)
-        return errno != ENOENT && errno != ENOTDIR && tenu.st_nlink > 0;
+        return !EstAbsence(errno) && tenu.st_nlink > 0;
     return tenu.st_dev == la.st_dev && tenu.st_ino == la.st_ino;
 }
 

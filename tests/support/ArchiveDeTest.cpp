@@ -1,10 +1,12 @@
 #include "support/ArchiveDeTest.h"
 
+#include <QFile>
 #include <QProcess>
 #include <QProcessEnvironment>
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <zlib.h>
@@ -133,6 +135,20 @@ int DansUnEnfant(const std::function<int()>& action)
     EXPECT_EQ(waitpid(enfant, &etat, 0), enfant);
     EXPECT_TRUE(WIFEXITED(etat)) << "the child was killed by signal " << WTERMSIG(etat);
     return WEXITSTATUS(etat);
+}
+
+int SansAcces(const QString& parent, const QString& ferme, const std::function<int()>& action)
+{
+    const QByteArray dehors = QFile::encodeName(parent), dedans = QFile::encodeName(ferme);
+    const int resultat = DansUnEnfant([&] {
+        if (chmod(dehors.constData(), 0711) != 0 || chmod(dedans.constData(), 0) != 0)
+            return 100;
+        if (geteuid() == 0 && setuid(65534) != 0) // root may look everywhere
+            return 101;
+        return action();
+    });
+    EXPECT_EQ(chmod(dedans.constData(), 0700), 0);
+    return resultat;
 }
 
 void LimiterTailleDesFichiers(uint64_t octets)

@@ -38,5 +38,8 @@ QByteArray Lancer(const QString& programme, const QStringList& arguments, const 
 
 /// Runs something in a child process and returns what it returns. For limits that cannot be taken back.
 int DansUnEnfant(const std::function<int()>& action);
+/// The same, as a user who may not look into the folder `ferme`, which lies in `parent`. What the child could not set
+/// up is returned as 100 or more.
+int SansAcces(const QString& parent, const QString& ferme, const std::function<int()>& action);
 /// In a child: writes of more than so many bytes to one file fail, as they do on a full disk.
 void LimiterTailleDesFichiers(uint64_t octets);
