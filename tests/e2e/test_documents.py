@@ -3,7 +3,7 @@ import shutil
 import time
 import zipfile
 
-from zelvane_e2e import SOURCES, ProgramTest, drag, read_catalogue, wait_until, write_catalogue
+from zelvane_e2e import PATIENCE, SOURCES, ProgramTest, drag, read_catalogue, wait_until, write_catalogue
 
 # Catalogues have a column for loans; a file without one gets it when it is opened.
 DISQUES = (["Titre", "Artiste", "Prêté"],
@@ -26,15 +26,15 @@ class DocumentTest(ProgramTest):
         wait_until(lambda: self.program.window_titles() == expected, f"the windows {expected}")
 
     def choose_file(self, title, path, kind=None):
-        """Fills a file dialog in, with the file's type unless the first one will do."""
+        """Fills a file dialog in, with the last of the file's types where one is named."""
         program = self.program
         dialog = program.find(role="dialog", name=title)
         if kind is not None:
             dialog.find(role="combo box", name=lambda name: name.startswith("Zelvane")).click()
-            program.type(kind)
-            program.key("Return")
+            program.key("End", "Return")
             dialog.find(role="combo box", name=kind)
-        dialog.find(role="text", name="Nom de fichier :").click(times=3)
+        dialog.find(role="text", name="Nom de fichier :").click()
+        program.key("ctrl+a")
         program.type(str(path))
         program.key("Return")
 
@@ -54,7 +54,7 @@ class Starting(DocumentTest):
     def start_up_window_is_seen(self):
         program = self.start()
         seen = set()
-        deadline = time.monotonic() + 10
+        deadline = time.monotonic() + PATIENCE
         while not (titles := program.window_titles()) or "Zelvane v2" not in seen or "Zelvane" in titles:
             self.assertLess(time.monotonic(), deadline, f"windows that do not go: {titles}")
             seen.update(titles)

@@ -22,8 +22,8 @@ SOURCES = pathlib.Path(os.environ["ZELVANE_E2E_SOURCES"])
 PICTURES = pathlib.Path(os.environ["ZELVANE_E2E_PICTURES"])
 EXAMPLES = SOURCES / "examples"
 
-#: How long anything may take before the test gives up, in seconds.
-PATIENCE = 20.0
+#: How long anything may take before the test gives up, in seconds: far longer than a busy machine stands still.
+PATIENCE = 60.0
 
 #: The roles of windows that keys go to.
 WINDOWS = ("frame", "dialog", "alert", "file chooser")
@@ -52,9 +52,10 @@ class Session:
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="zelvane-e2e-"))
         self._processes = []
         read, write = os.pipe()
-        # A server that resets when its last client goes turns away who comes at that moment.
+        # A server that resets when its last client goes turns away who comes at that moment. One that repeats keys that
+        # are held presses them anew where the machine stands still before they are let go.
         self._start(["Xvfb", "-displayfd", str(write), "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp",
-                     "-noreset"], pass_fds=[write])
+                     "-noreset", "-r"], pass_fds=[write])
         os.close(write)
         with os.fdopen(read) as answer:
             os.environ["DISPLAY"] = ":" + answer.readline().strip()
@@ -141,10 +142,12 @@ class Widget:
         box = self._accessible.queryComponent().getExtents(self._program.session.atspi.DESKTOP_COORDS)
         return box.x, box.y, box.width, box.height
 
-    def click(self, button=1, times=1):
+    def click(self, button=1):
         self._program.await_ready()
+        # What was pressed before may free it only in a moment.
+        wait_until(lambda: self.has("enabled"), f"the {self.role} '{self.name}' to be enabled")
         x, y, width, height = self.area()
-        click_at(x + width // 2, y + height // 2, button, times)
+        click_at(x + width // 2, y + height // 2, button)
 
     # A table, seen by rows and columns that count from 0.
 
@@ -180,6 +183,9 @@ class Program:
         self.session = session
         self.home = home or session.new_home()
         self._runtime = runtime or self.home / "runtime"
+        # The last that a start does is to make it where there is none.
+        self._settings_file = self.home / "programme" / "Zelvane.ini"
+        self._settings_file.unlink(missing_ok=True)
         self._ready = False
         self.log = pathlib.Path(tempfile.mkstemp(prefix="said-", suffix=".txt", dir=self.home)[1])
         with self.log.open("wb") as said:
@@ -299,19 +305,18 @@ class Program:
                    f"the window '{title}'")
 
     def await_ready(self):
-        """Waits until the program is ready for the first key or click. Its windows are on the screen, and the window
-        manager calls one of them active, a moment before they have their places and the program knows of that itself:
-        what is pressed until then is lost."""
+        """Waits until the program is ready for the first key or click: its start is over, or a dialog of it waits for
+        an answer. Its windows are on the screen, and the window manager calls one of them active, a moment before they
+        have their places and the program knows of that itself: what is pressed until then is lost."""
         if not self._ready:
-            wait_until(self._has_an_active_window, "an active window")
+            wait_until(self._takes_the_first_key, "the end of the start")
             self._ready = True
 
-    def _has_an_active_window(self):
+    def _takes_the_first_key(self):
         root = self._root()
         try:
-            # The window of the start goes by itself: it has nothing to press.
-            return root and any(window.has("active") and self.find_all(role="push button", inside=window)
-                                for window in root.children())
+            return root and any(window.has("active") and (window.role != "frame" or self._settings_file.exists())
+                                and self.find_all(role="push button", inside=window) for window in root.children())
         except self._gone():
             return False
 
@@ -436,9 +441,10 @@ def xdotool(*arguments, check=True):
     return done.stdout
 
 
-def click_at(x, y, button=1, times=1):
-    """Clicks at a place of the screen."""
-    xdotool("mousemove", x, y, "click", "--repeat", times, "--delay", 60, button)
+def click_at(x, y, button=1):
+    """Clicks at a place of the screen. Two clicks are no double click where the machine stands still between them: what
+    is opened by one is opened by a key here."""
+    xdotool("mousemove", x, y, "click", button)
 
 
 def drag(x, y, to_x, to_y):
