@@ -4,6 +4,7 @@
 #include "catalogue/SecoursDesDocuments.h"
 #include "platform/Plateforme.h"
 
+#include <QElapsedTimer>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QSessionManager>
@@ -35,13 +36,19 @@ bool EstTouche(QEvent::Type type)
 
 } // namespace
 
-VeilleSecours::VeilleSecours(Cadre& cadre)
-    : m_cadre(cadre), m_signaux([&cadre] {
+VeilleSecours::Montre VeilleSecours::MontreDuSysteme()
+{
+    QElapsedTimer depuis;
+    depuis.start();
+    return [depuis] { return depuis.elapsed(); };
+}
+
+VeilleSecours::VeilleSecours(Cadre& cadre, Montre montre)
+    : m_cadre(cadre), m_montre(std::move(montre)), m_signaux([&cadre] {
           LaisserAuSecours(cadre);
           plateforme().reglages->Deposer();
       })
 {
-    m_horloge.start();
     m_battement.setSingleShot(true);
     connect(&m_battement, &QTimer::timeout, this, &VeilleSecours::Battre);
     m_battement.start(EntreDeuxRegards);
@@ -54,7 +61,7 @@ VeilleSecours::VeilleSecours(Cadre& cadre)
 bool VeilleSecours::eventFilter(QObject* objet, QEvent* event)
 {
     if (EstTouche(event->type())) {
-        m_derniereTouche = m_horloge.elapsed();
+        m_derniereTouche = m_montre();
         if (std::exchange(m_finPermise, false))
             ReprendreLaSession(m_cadre);
     }
@@ -63,7 +70,7 @@ bool VeilleSecours::eventFilter(QObject* objet, QEvent* event)
 
 void VeilleSecours::Battre()
 {
-    const bool encore = AvancerLesSecours(m_cadre, {m_horloge.elapsed(), m_derniereTouche});
+    const bool encore = AvancerLesSecours(m_cadre, {m_montre(), m_derniereTouche});
     const qint64 heure = plateforme().horloge->Maintenant().toMSecsSinceEpoch();
     const bool encoreDates = m_fraicheur.Avancer(m_cadre, heure);
     m_battement.start(encore || encoreDates ? EntreDeuxPieces : EntreDeuxRegards);

@@ -5,9 +5,10 @@
 #include "catalogue/FraicheurDesDossiers.h"
 #include "platform/SignauxDeFin.h"
 
-#include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
+
+#include <functional>
 
 class Cadre;
 class QSessionManager;
@@ -15,7 +16,11 @@ class QSessionManager;
 class VeilleSecours : public QObject
 {
 public:
-    explicit VeilleSecours(Cadre& cadre);
+    /// Milliseconds since some moment, which never go back.
+    using Montre = std::function<qint64()>;
+    static Montre MontreDuSysteme();
+
+    explicit VeilleSecours(Cadre& cadre, Montre montre = MontreDuSysteme());
 
     /// Whether the session may end; with `questions` the user is asked about unsaved changes. Those that are given up
     /// are unsaved changes again as soon as the user touches a key: the session goes on then.
@@ -30,7 +35,7 @@ private:
     Cadre& m_cadre;
     QTimer m_battement;
     FraicheurDesDossiers m_fraicheur;
-    QElapsedTimer m_horloge;
+    Montre m_montre;
     qint64 m_derniereTouche = 0;
     bool m_finPermise = false;
     SignauxDeFin m_signaux;
