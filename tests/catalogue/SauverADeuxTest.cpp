@@ -66,6 +66,9 @@ class SauverADeux : public testing::Test
 protected:
     ~SauverADeux() override { EnCoursDeSauvegarde = false; }
 
+    /// In a child, which ends without a clean-up: what it makes goes with the test.
+    void TenirLesDossiersIci() const { qputenv("TMPDIR", QFile::encodeName(dossier.Chemin())); }
+
     FileDeReponses messages;
     FileDeFichiers dialogues;
     DossierDeTest dossier;
@@ -128,6 +131,7 @@ TEST_F(SauverADeux, OfTwoProcessesOneIsToldAndTheFileIsWholeWheneverTheyMeet)
         for (int i = 0; i < 2; ++i) {
             enfants[i] = fork();
             if (enfants[i] == 0) {
+                TenirLesDossiersIci();
                 Signe doc(static_cast<char>('a' + i), chemin);
                 _exit(Enregistrer(doc.doc, false, true) ? 0 : doc.doc.IlFautSauver && !doc.doc.DossierAGarder ? 1 : 2);
             }
@@ -189,6 +193,7 @@ TEST_P(SignalPendantUnSave, EndsTheProcessOnceTheFileIsWhole)
         dossier.Ecrire("mes.qrt", "ancien");
         const pid_t enfant = fork();
         if (enfant == 0) {
+            TenirLesDossiersIci();
             CadreDeTest cadre;
             Signe signe('a', chemin);
             FenetreDocument& fenetre = cadre.NouvelleFenetre();

@@ -31,6 +31,7 @@ public:
         QProcessEnvironment environnement = QProcessEnvironment::systemEnvironment();
         environnement.insert("XDG_RUNTIME_DIR", dossier.Chemin());
         environnement.insert("DISPLAY", ":7");
+        environnement.insert("TMPDIR", dossier.Chemin()); // what it leaves when it is killed goes with the test
         for (const char* nom : {"WAYLAND_DISPLAY", "XDG_ACTIVATION_TOKEN", "DESKTOP_STARTUP_ID"})
             environnement.remove(nom);
         for (const auto& [nom, valeur] : variables)
