@@ -1,4 +1,5 @@
 #include "catalogue/ccZip.h"
+#include "catalogue/ccZipRepertoire.h"
 #include "support/ArchiveDeTest.h"
 #include "support/DossierDeTest.h"
 #include "support/Impression.h"
@@ -110,4 +111,20 @@ TEST_F(ArchiveListee, WhatInfoZipPackedIsListedEvenEncrypted)
     dossier.Ecrire("image.jpg", "image");
     Lancer("zip", {"-q", "-P", "secret", "x.qrt", "Zelvane.qrt", "image.jpg"}, dossier.Chemin());
     EXPECT_EQ(Noms(dossier.Fichier("x.qrt")), QStringList({"Zelvane.qrt", "image.jpg"}));
+}
+
+TEST(EntreeDeRepertoire, IsThereWholeOrNotAtAll)
+{
+    QByteArray entree = QByteArray("PK\1\2").leftJustified(46, '\0');
+    entree[28] = 3;
+    entree[32] = 2;
+    entree += "nom"
+              "!?";
+    EXPECT_EQ(zipinterne::LireEntree(entree + "PK").taille, entree.size());
+    EXPECT_EQ(zipinterne::LireEntree(entree).nom, "nom");
+    EXPECT_EQ(zipinterne::LireEntree(entree).commentaire, "!?");
+    for (qsizetype taille = 0; taille < entree.size(); ++taille)
+        EXPECT_EQ(zipinterne::LireEntree(QByteArrayView(entree).first(taille)).taille, 0) << taille;
+    entree[3] = 3;
+    EXPECT_EQ(zipinterne::LireEntree(entree).taille, 0);
 }
