@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QThread>
 #include <QTimer>
 
 #include <fcntl.h>
@@ -170,9 +171,12 @@ TEST_F(Reprise, TheReplacedArchiveIsLetGo)
 
 TEST_F(Reprise, ANewFileIsCompressedOnceAndTakenOverFromThenOn)
 {
-    d.dossier.Ecrire("c.jpg", Image('c'));
+    const QString fichier = d.dossier.Ecrire("c.jpg", Image('c'));
+    while (!zipinterne::EstPasse(*zipinterne::EtatDe(fichier)))
+        QThread::msleep(1);
     Enregistrer();
     EXPECT_FALSE(EstReprise("c.jpg"));
+    EXPECT_TRUE(d.doc.Archive->fichiers["c.jpg"].sur);
     EXPECT_TRUE(EstReprise("a.jpg"));
     ASSERT_TRUE(d.doc.Archive);
     EXPECT_TRUE(d.doc.Archive->fichiers.contains("a.jpg"));

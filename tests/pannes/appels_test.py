@@ -168,6 +168,18 @@ class Preloading(unittest.TestCase):
         self.assertEqual((lines, run.injected, run.counts), (["4", "4", "4"], 0, {}))
 
 
+class Forcing(unittest.TestCase):
+
+    def test_a_file_that_was_written_is_forced_to_the_disk_and_so_is_its_name(self):
+        base = Path(tempfile.mkdtemp(prefix="zelvane-force-"))
+        self.addCleanup(shutil.rmtree, base)
+        programs, place = Programs(BUILD, base), Place(base)
+        archive(place.target / "essai.qrt", ["un"], a=b"1")
+        run = programs.run([programs.cli, "convert", place.target / "essai.qrt", place.target / "autre.qrt"], place,
+                           armed=True, extra={"PANNE_DOSSIERS": str(place.target)})
+        self.assertEqual((run.status, run.counts.get("fsync")), (0, 2))
+
+
 class Losing(unittest.TestCase):
     """All of it at once: a program that saves badly."""
 
