@@ -4,8 +4,8 @@
 // the archive's folder, and the document's folder lies there too.
 #include "Mesurer.h"
 
-#include "catalogue/FichierQrt.h"
-#include "catalogue/ccZip.h"
+#include "catalogue/archive/ccZip.h"
+#include "catalogue/texte/FichierQrt.h"
 
 #include <QCoreApplication>
 #include <QDir>

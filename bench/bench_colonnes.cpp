@@ -2,11 +2,11 @@
 // folder of its own.
 #include "Mesurer.h"
 
-#include "catalogue/OuvrirFichiersQrt.h"
+#include "catalogue/documents/OuvrirFichiersQrt.h"
 #include "platform/Plateforme.h"
 #include "shell/Form1.h"
 #include "shell/MDIForm1.h"
-#include "shell/ModeleTable.h"
+#include "vue/ModeleTable.h"
 
 #include <QApplication>
 #include <QFile>

@@ -5,11 +5,11 @@
 #include "Mesurer.h"
 
 #include "base/Avancement.h"
-#include "catalogue/FenetreDocument.h"
-#include "catalogue/FichierQrt.h"
+#include "catalogue/documents/FenetreDocument.h"
+#include "catalogue/texte/FichierQrt.h"
 #include "entries/ModeleASupprimer.h"
 #include "entries/OperationsEntrees.h"
-#include "entries/VueDeListe.h"
+#include "vue/VueDeListe.h"
 
 #include <QApplication>
 #include <QFile>

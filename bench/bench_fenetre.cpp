@@ -2,12 +2,12 @@
 // offscreen platform.
 #include "Mesurer.h"
 
-#include "catalogue/MyLV.h"
-#include "catalogue/QrtClass.h"
-#include "catalogue/TriDeTable.h"
-#include "shell/ModeleTable.h"
-#include "shell/SaisieRapide.h"
-#include "shell/VueTable.h"
+#include "catalogue/table/MyLV.h"
+#include "catalogue/texte/QrtClass.h"
+#include "catalogue/texte/TriDeTable.h"
+#include "vue/ModeleTable.h"
+#include "vue/SaisieRapide.h"
+#include "vue/VueTable.h"
 
 #include <QApplication>
 #include <QScrollBar>

@@ -4,7 +4,7 @@
 // entries shuffled. Files written go to ZELVANE_BENCH_SORTIE, by default /dev/shm.
 #include "Mesurer.h"
 
-#include "catalogue/FichierQrt.h"
+#include "catalogue/texte/FichierQrt.h"
 
 #include <QCoreApplication>
 #include <QFile>

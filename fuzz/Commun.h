@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/AfficherMsg.h"
-#include "catalogue/TexteQrt.h"
+#include "catalogue/texte/TexteQrt.h"
 
 #include <QByteArray>
 #include <QDir>

@@ -1,9 +1,9 @@
 // Catalogue archives: any bytes are listed, and extracted within their limits into their folder or not at all; and what
 // came out of an archive goes into a new one and comes out of that again.
 #include "base/AfficherMsg.h"
-#include "catalogue/FichierQrt.h"
-#include "catalogue/ccZip.h"
-#include "catalogue/mZipDLLProc.h"
+#include "catalogue/archive/ccZip.h"
+#include "catalogue/archive/mZipDLLProc.h"
+#include "catalogue/texte/FichierQrt.h"
 
 #include <QCoreApplication>
 #include <QDir>

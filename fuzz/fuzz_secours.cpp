@@ -7,9 +7,9 @@
 #include "Commun.h"
 
 #include "base/Const_Vrac.h"
-#include "catalogue/CopieDeSecours.h"
-#include "catalogue/DossiersLaisses.h"
-#include "catalogue/FichierQrt.h"
+#include "catalogue/documents/CopieDeSecours.h"
+#include "catalogue/documents/DossiersLaisses.h"
+#include "catalogue/texte/FichierQrt.h"
 #include "platform/Plateforme.h"
 #include "support/CadreDeTest.h"
 

@@ -5,8 +5,8 @@
 // each of a byte that says what, a byte for the length of a name and the name, and two bytes for a number; see Etape.
 #include "Commun.h"
 
-#include "catalogue/FichierQrt.h"
-#include "catalogue/ccZip.h"
+#include "catalogue/archive/ccZip.h"
+#include "catalogue/texte/FichierQrt.h"
 #include "platform/Plateforme.h"
 
 #include <QCoreApplication>

@@ -1,8 +1,8 @@
 // zelvane [PATH]: the program with its windows. All that stands behind the program's name is one path.
-#include "extensions/DialoguesDansLEcran.h"
-#include "extensions/DialoguesEnFenetre.h"
-#include "extensions/MessagesEnFenetre.h"
-#include "extensions/RepriseDuFocus.h"
+#include "kit/DialoguesDansLEcran.h"
+#include "kit/DialoguesEnFenetre.h"
+#include "kit/MessagesEnFenetre.h"
+#include "kit/RepriseDuFocus.h"
 #include "platform/Plateforme.h"
 #include "platform/ProgrammesBureau.h"
 #include "platform/RendezvousLocal.h"

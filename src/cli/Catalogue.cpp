@@ -3,9 +3,9 @@
 #include "base/AfficherMsg.h"
 #include "base/Const_Vrac.h"
 #include "base/DossiersDeCommande.h"
-#include "catalogue/ChargerCatalogue.h"
-#include "catalogue/FichierQrt.h"
-#include "extensions/modLang.h"
+#include "catalogue/documents/ChargerCatalogue.h"
+#include "catalogue/texte/FichierQrt.h"
+#include "extensions/langue/modLang.h"
 
 CatalogueOuvert::CatalogueOuvert()
     : m_base([this] {

@@ -1,7 +1,7 @@
 // A catalogue opened for one command.
 #pragma once
 
-#include "catalogue/QrtClass.h"
+#include "catalogue/texte/QrtClass.h"
 #include "cli/Menage.h"
 
 #include <QString>

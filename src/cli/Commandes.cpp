@@ -2,15 +2,15 @@
 
 #include "base/AfficherMsg.h"
 #include "base/Nombres.h"
-#include "catalogue/ChargerCatalogue.h"
-#include "catalogue/FichierQrt.h"
-#include "catalogue/FichiersDisparus.h"
-#include "catalogue/PlaceDuFichier.h"
-#include "catalogue/ccZip.h"
+#include "catalogue/archive/PlaceDuFichier.h"
+#include "catalogue/archive/ccZip.h"
+#include "catalogue/documents/ChargerCatalogue.h"
+#include "catalogue/documents/FichiersDisparus.h"
+#include "catalogue/texte/FichierQrt.h"
 #include "cli/Catalogue.h"
 #include "cli/Console.h"
 #include "cli/Json.h"
-#include "extensions/modLang.h"
+#include "extensions/langue/modLang.h"
 #include "platform/Presence.h"
 
 #include <QFile>

@@ -4,8 +4,8 @@
 #include "cli/Commandes.h"
 #include "cli/Console.h"
 #include "cli/Menage.h"
-#include "extensions/ManqueDeMemoire.h"
-#include "extensions/modLang.h"
+#include "extensions/langue/modLang.h"
+#include "kit/ManqueDeMemoire.h"
 #include "platform/Plateforme.h"
 
 #include <QCoreApplication>

@@ -1,7 +1,7 @@
 #include "entries/ColonnesDeCategorie.h"
 
 #include "base/AfficherMsg.h"
-#include "extensions/modLang.h"
+#include "extensions/langue/modLang.h"
 
 using namespace Qt::StringLiterals;
 

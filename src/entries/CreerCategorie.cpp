@@ -1,9 +1,9 @@
 #include "entries/CreerCategorie.h"
 
 #include "base/Const_Vrac.h"
-#include "catalogue/Cadre.h"
-#include "catalogue/FichierQrt.h"
-#include "extensions/modLang.h"
+#include "catalogue/documents/Cadre.h"
+#include "catalogue/texte/FichierQrt.h"
+#include "extensions/langue/modLang.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,9 +1,9 @@
 #include "entries/ListeASupprimer.h"
 
 #include "base/Avancement.h"
-#include "catalogue/Collation.h"
-#include "catalogue/Dependance.h"
-#include "catalogue/QrtClass.h"
+#include "catalogue/table/Collation.h"
+#include "catalogue/texte/Dependance.h"
+#include "catalogue/texte/QrtClass.h"
 #include "images/FichierImage.h"
 
 #include <QHash>

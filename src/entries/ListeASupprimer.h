@@ -4,7 +4,7 @@
 // long as the list is in use. Rows and columns count from 1.
 #pragma once
 
-#include "catalogue/MyLV.h"
+#include "catalogue/table/MyLV.h"
 
 #include <QString>
 

@@ -1,8 +1,8 @@
 #include "entries/ModeleASupprimer.h"
 
-#include "base/Icones.h"
-#include "catalogue/TriDeTable.h"
-#include "extensions/frmAvancement.h"
+#include "catalogue/texte/TriDeTable.h"
+#include "kit/Icones.h"
+#include "kit/frmAvancement.h"
 
 ModeleASupprimer::ModeleASupprimer(ListeASupprimer& liste, const ColumnHeaders& colonnes, QObject* parent)
     : QAbstractTableModel(parent), m_liste(liste), m_colonnes(colonnes)

@@ -2,7 +2,7 @@
 
 #include "entries/CreerCategorie.h"
 #include "entries/frmAddCategorie2.h"
-#include "extensions/FenetreDessous.h"
+#include "kit/FenetreDessous.h"
 
 void NouvelleCategorie(Cadre& cadre)
 {

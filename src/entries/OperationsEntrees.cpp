@@ -1,7 +1,7 @@
 #include "entries/OperationsEntrees.h"
 
 #include "base/Avancement.h"
-#include "catalogue/Cadre.h"
+#include "catalogue/documents/Cadre.h"
 #include "entries/SaisieDEntree.h"
 #include "images/FichierImage.h"
 

@@ -1,6 +1,6 @@
 #include "entries/ZoneImage.h"
 
-#include "base/Icones.h"
+#include "kit/Icones.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

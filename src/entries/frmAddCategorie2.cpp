@@ -1,10 +1,10 @@
 #include "entries/frmAddCategorie2.h"
 
 #include "base/AfficherMsg.h"
-#include "base/Icones.h"
-#include "extensions/LangForm.h"
-#include "extensions/ValideurDeLigne.h"
-#include "extensions/modLang.h"
+#include "extensions/langue/LangForm.h"
+#include "extensions/langue/modLang.h"
+#include "kit/Icones.h"
+#include "kit/ValideurDeLigne.h"
 #include "ui_frmAddCategorie2.h"
 
 #include <QKeyEvent>

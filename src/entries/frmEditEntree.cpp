@@ -1,14 +1,14 @@
 #include "entries/frmEditEntree.h"
 
 #include "base/AfficherMsg.h"
-#include "base/Icones.h"
-#include "catalogue/MyLV.h"
+#include "catalogue/table/MyLV.h"
 #include "entries/SaisieDEntree.h"
-#include "extensions/LangForm.h"
-#include "extensions/UnitesEcran.h"
-#include "extensions/modLang.h"
+#include "extensions/langue/LangForm.h"
+#include "extensions/langue/modLang.h"
 #include "images/ChoisirImage.h"
 #include "images/FichierImage.h"
+#include "kit/Icones.h"
+#include "kit/UnitesEcran.h"
 #include "ui_frmEditEntree.h"
 
 #include <QAbstractItemView>

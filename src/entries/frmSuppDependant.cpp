@@ -1,7 +1,7 @@
 #include "entries/frmSuppDependant.h"
 
-#include "base/Icones.h"
-#include "extensions/LangForm.h"
+#include "extensions/langue/LangForm.h"
+#include "kit/Icones.h"
 #include "ui_frmSuppDependant.h"
 
 using namespace Qt::StringLiterals;

@@ -1,14 +1,14 @@
 #include "entries/frmSuppr.h"
 
 #include "base/Const_Vrac.h"
-#include "base/Icones.h"
 #include "base/MenuSurgissant.h"
 #include "base/Options.h"
-#include "catalogue/Dependance.h"
-#include "catalogue/QrtClass.h"
+#include "catalogue/texte/Dependance.h"
+#include "catalogue/texte/QrtClass.h"
 #include "entries/ModeleASupprimer.h"
-#include "extensions/LangForm.h"
+#include "extensions/langue/LangForm.h"
 #include "images/SupprimerImage.h"
+#include "kit/Icones.h"
 #include "ui_frmSuppr.h"
 
 #include <iterator>

@@ -2,14 +2,14 @@
 
 #include "base/Const_Vrac.h"
 #include "base/Options.h"
-#include "catalogue/FenetreDocument.h"
+#include "catalogue/documents/FenetreDocument.h"
 #include "entries/SaisieDEntree.h"
 #include "entries/frmEditEntree.h"
 #include "entries/frmSuppr.h"
-#include "extensions/FenetreDessous.h"
-#include "extensions/frmAvancement.h"
-#include "extensions/modLang.h"
+#include "extensions/langue/modLang.h"
 #include "images/frmView.h"
+#include "kit/FenetreDessous.h"
+#include "kit/frmAvancement.h"
 
 using namespace Qt::StringLiterals;
 

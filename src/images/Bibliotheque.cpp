@@ -1,8 +1,8 @@
 #include "images/Bibliotheque.h"
 
 #include "base/Const_Vrac.h"
-#include "catalogue/FichierDuDossier.h"
-#include "catalogue/NomsTenables.h"
+#include "catalogue/archive/FichierDuDossier.h"
+#include "catalogue/archive/NomsTenables.h"
 
 #include <QDir>
 #include <QDirIterator>

@@ -1,7 +1,7 @@
 #include "images/ChoisirImage.h"
 
-#include "extensions/FenetreDessous.h"
 #include "images/frmChangeImage.h"
+#include "kit/FenetreDessous.h"
 
 QString ChoisirImage(const QString& dossier, const QString& nomActuel)
 {

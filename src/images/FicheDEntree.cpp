@@ -1,6 +1,6 @@
 #include "images/FicheDEntree.h"
 
-#include "catalogue/MyLV.h"
+#include "catalogue/table/MyLV.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,8 +1,8 @@
 #include "images/SupprimerImage.h"
 
-#include "extensions/FenetreDessous.h"
 #include "images/Bibliotheque.h"
 #include "images/frmSupprImg.h"
+#include "kit/FenetreDessous.h"
 
 bool SupprimerImage(const QString& chemin, int& mode)
 {

@@ -1,8 +1,8 @@
 #include "images/Vignettes.h"
 
-#include "base/Icones.h"
 #include "images/FichierImage.h"
 #include "images/LireImage.h"
+#include "kit/Icones.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,6 +1,6 @@
 #include "images/frmRemplacerImg.h"
 
-#include "extensions/LangForm.h"
+#include "extensions/langue/LangForm.h"
 #include "ui_frmRemplacerImg.h"
 
 frmRemplacerImg::frmRemplacerImg(const QString& gauche, const QString& droite, QWidget* parent)

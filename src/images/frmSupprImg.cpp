@@ -1,6 +1,6 @@
 #include "images/frmSupprImg.h"
 
-#include "extensions/LangForm.h"
+#include "extensions/langue/LangForm.h"
 #include "ui_frmSupprImg.h"
 
 frmSupprImg::frmSupprImg(const QString& chemin, QWidget* parent)

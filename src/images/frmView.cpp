@@ -1,10 +1,10 @@
 #include "images/frmView.h"
 
-#include "base/Icones.h"
-#include "catalogue/MyLV.h"
-#include "extensions/LangForm.h"
+#include "catalogue/table/MyLV.h"
+#include "extensions/langue/LangForm.h"
 #include "images/FicheDEntree.h"
 #include "images/FichierImage.h"
+#include "kit/Icones.h"
 #include "ui_frmView.h"
 
 #include <QKeyEvent>

@@ -1,6 +1,6 @@
 #include "shell/BarreOutils.h"
 
-#include "base/Icones.h"
+#include "kit/Icones.h"
 
 #include <QAction>
 

@@ -2,16 +2,16 @@
 
 #include "base/Const_Vrac.h"
 #include "base/Options.h"
-#include "catalogue/FichierQrt.h"
-#include "catalogue/Sauver.h"
-#include "catalogue/TriDeTable.h"
-#include "extensions/LangForm.h"
-#include "extensions/modLang.h"
+#include "catalogue/documents/Sauver.h"
+#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/TriDeTable.h"
+#include "extensions/langue/LangForm.h"
+#include "extensions/langue/modLang.h"
 #include "images/FichierImage.h"
-#include "shell/Infobulle.h"
-#include "shell/PoliceDeTable.h"
-#include "shell/TexteDeBulle.h"
 #include "ui_Form1.h"
+#include "vue/Infobulle.h"
+#include "vue/PoliceDeTable.h"
+#include "vue/TexteDeBulle.h"
 
 #include <QAction>
 #include <QCloseEvent>

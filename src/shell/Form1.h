@@ -2,9 +2,9 @@
 // which stand in the frame's menu bar while it is active.
 #pragma once
 
-#include "catalogue/FenetreDocument.h"
-#include "catalogue/FichierRecent.h"
-#include "shell/VueTable.h"
+#include "catalogue/documents/FenetreDocument.h"
+#include "catalogue/documents/FichierRecent.h"
+#include "vue/VueTable.h"
 
 #include <QList>
 #include <QMainWindow>

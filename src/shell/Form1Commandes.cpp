@@ -3,18 +3,18 @@
 
 #include "base/Const_Vrac.h"
 #include "base/Options.h"
-#include "catalogue/Cadre.h"
-#include "catalogue/Commentaires.h"
-#include "catalogue/OuvrirFichiersQrt.h"
-#include "catalogue/Sauver.h"
-#include "catalogue/TriDeTable.h"
+#include "catalogue/documents/Cadre.h"
+#include "catalogue/documents/Commentaires.h"
+#include "catalogue/documents/OuvrirFichiersQrt.h"
+#include "catalogue/documents/Sauver.h"
+#include "catalogue/texte/TriDeTable.h"
 #include "entries/NouvelleCategorie.h"
-#include "entries/mAjustColListView.h"
 #include "entries/mEditLV.h"
-#include "extensions/FenetreDessous.h"
-#include "extensions/frmCommentaires.h"
-#include "shell/MesuresDeVue.h"
+#include "extensions/dialogues/frmCommentaires.h"
+#include "kit/FenetreDessous.h"
 #include "shell/Toolbars.h"
+#include "vue/MesuresDeVue.h"
+#include "vue/mAjustColListView.h"
 
 #include <QAction>
 

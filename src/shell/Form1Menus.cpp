@@ -1,8 +1,8 @@
 // The menus of a document window, as tables: one line an item, with the command that it runs.
 #include "shell/Form1.h"
 
-#include "base/Icones.h"
-#include "catalogue/Cadre.h"
+#include "catalogue/documents/Cadre.h"
+#include "kit/Icones.h"
 #include "shell/Relier.h"
 #include "ui_Form1.h"
 

@@ -1,6 +1,6 @@
 #include "shell/IconesDeMenu.h"
 
-#include "base/Icones.h"
+#include "kit/Icones.h"
 
 #include <QAction>
 #include <QMenu>

@@ -1,8 +1,8 @@
 // The program's frame: it holds the document windows, their tabs, the tool bars and the menu bar.
 #pragma once
 
-#include "catalogue/Cadre.h"
-#include "catalogue/FichierRecent.h"
+#include "catalogue/documents/Cadre.h"
+#include "catalogue/documents/FichierRecent.h"
 #include "shell/Form1.h"
 #include "shell/InstanceClass.h"
 

@@ -1,7 +1,7 @@
 // A panel in the middle of a document's table that asks for patience ("wait", "fOuvrir").
 #pragma once
 
-#include "catalogue/QrtClass.h"
+#include "catalogue/texte/QrtClass.h"
 
 #include <QFrame>
 

@@ -1,7 +1,7 @@
 #include "shell/VeilleSecours.h"
 
-#include "catalogue/Cadre.h"
-#include "catalogue/SecoursDesDocuments.h"
+#include "catalogue/documents/Cadre.h"
+#include "catalogue/documents/SecoursDesDocuments.h"
 #include "platform/Plateforme.h"
 
 #include <QElapsedTimer>

@@ -2,7 +2,7 @@
 // take unsaved changes along.
 #pragma once
 
-#include "catalogue/FraicheurDesDossiers.h"
+#include "catalogue/documents/FraicheurDesDossiers.h"
 #include "platform/SignauxDeFin.h"
 
 #include <QObject>

@@ -2,7 +2,7 @@
 
 #include "base/Fenetres.h"
 #include "entries/mClipBoard.h"
-#include "extensions/LangForm.h"
+#include "extensions/langue/LangForm.h"
 #include "shell/IconesDeMenu.h"
 #include "shell/MDIForm1.h"
 #include "shell/Relier.h"

@@ -1,8 +1,8 @@
 #include "shell/frmSecours.h"
 
-#include "base/Icones.h"
-#include "extensions/LangForm.h"
-#include "extensions/modLang.h"
+#include "extensions/langue/LangForm.h"
+#include "extensions/langue/modLang.h"
+#include "kit/Icones.h"
 #include "ui_frmSecours.h"
 
 #include <QDir>

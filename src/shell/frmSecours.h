@@ -1,7 +1,7 @@
 // Offers what a killed run left behind: to open it, to throw it away, or to be asked again at the next start.
 #pragma once
 
-#include "catalogue/DossiersLaisses.h"
+#include "catalogue/documents/DossiersLaisses.h"
 
 #include <QDialog>
 

@@ -1,28 +1,25 @@
 // The floors of the source tree: what may include what, and what the core may know of.
 #include "architecture/Inclusions.h"
 
+#include "support/Impression.h"
+
 #include <QFile>
+#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
 namespace {
 
+QByteArray Lire(const QString& chemin)
+{
+    QFile fichier(chemin);
+    return fichier.open(QIODevice::ReadOnly) ? fichier.readAll() : QByteArray();
+}
+
 const ArbreDeSources& LesSources()
 {
     static const ArbreDeSources sources{QStringLiteral(ZELVANE_SOURCES),
-                                        {{"platform", 1},
-                                         {"base", 2},
-                                         {"extensions", 3},
-                                         {"catalogue", 4},
-                                         {"images", 5},
-                                         {"output", 6},
-                                         {"entries", 7},
-                                         {"columns", 8},
-                                         {"search", 9},
-                                         {"lending", 10},
-                                         {"shell", 11},
-                                         {"cli", 12},
-                                         {"app", 12}},
+                                        LireEtages(Lire(QStringLiteral(ZELVANE_SOURCES "/rooms.txt"))),
                                         QStringLiteral(ZELVANE_QTCORE)};
     return sources;
 }
@@ -30,10 +27,7 @@ const ArbreDeSources& LesSources()
 /// The files of zelvane_core and of the command-line tool, as the build has them.
 QStringList FichiersDuNoyau()
 {
-    QFile liste(QStringLiteral(ZELVANE_LISTE_NOYAU));
-    if (!liste.open(QIODevice::ReadOnly))
-        return {};
-    return QString::fromUtf8(liste.readAll()).split(u'\n', Qt::SkipEmptyParts);
+    return QString::fromUtf8(Lire(QStringLiteral(ZELVANE_LISTE_NOYAU))).split(u'\n', Qt::SkipEmptyParts);
 }
 
 std::string EnLignes(const QStringList& fautes)
@@ -45,6 +39,18 @@ TEST(Architecture, NoFileIncludesAHigherFloor)
 {
     ASSERT_FALSE(FichiersDe(LesSources()).isEmpty());
     EXPECT_EQ(EnLignes(InclusionsMontantes(LesSources())), "");
+}
+
+TEST(Architecture, ThePictureInTheDocsShowsTheRoomsAsTheyAre)
+{
+    static const QRegularExpression rangee(R"(^ +\| +(\d+)  ([a-z/]+)/ )", QRegularExpression::MultilineOption);
+    Etages etages;
+    auto trouves = rangee.globalMatch(QString::fromUtf8(Lire(QStringLiteral(ZELVANE_DOCS "/architecture.md"))));
+    while (trouves.hasNext()) {
+        const auto trouve = trouves.next();
+        etages.emplace(trouve.captured(2), trouve.captured(1).toInt());
+    }
+    EXPECT_EQ(etages, LesSources().etages);
 }
 
 TEST(Architecture, TheCoreAndTheToolKnowNoScreen)

@@ -57,9 +57,14 @@ std::optional<QString> Cible(const ArbreDeSources& arbre, const QString& fichier
     return std::nullopt;
 }
 
+QString PieceDe(const QString& fichier)
+{
+    return fichier.section(u'/', 0, -2);
+}
+
 std::optional<int> EtageDe(const ArbreDeSources& arbre, const QString& fichier)
 {
-    const auto etage = arbre.etages.find(fichier.section(u'/', 0, 0));
+    const auto etage = arbre.etages.find(PieceDe(fichier));
     return etage == arbre.etages.end() ? std::nullopt : std::optional(etage->second);
 }
 
@@ -87,6 +92,21 @@ bool EstDeQtCore(const ArbreDeSources& arbre, const QString& nom)
 
 } // namespace
 
+Etages LireEtages(const QByteArray& liste)
+{
+    Etages etages;
+    int etage = 0;
+    for (const QString& ligne : QString::fromUtf8(liste).split(u'\n')) {
+        const QStringList pieces = ligne.simplified().split(u' ', Qt::SkipEmptyParts);
+        if (pieces.isEmpty() || ligne.startsWith(u'#'))
+            continue;
+        ++etage;
+        for (const QString& piece : pieces)
+            etages.emplace(piece, etage);
+    }
+    return etages;
+}
+
 QStringList FichiersDe(const ArbreDeSources& arbre)
 {
     QStringList fichiers;
@@ -105,18 +125,24 @@ QStringList InclusionsMontantes(const ArbreDeSources& arbre)
         // The lists of precompiled headers belong to no floor; they may hold headers of libraries alone.
         const std::optional<int> etage = EstDansLaRacine(fichier) ? 0 : EtageDe(arbre, fichier);
         if (!etage) {
-            fautes.append(fichier + QStringLiteral(": its folder has no floor"));
+            fautes.append(fichier + QStringLiteral(": its folder is no room"));
             continue;
         }
         for (const Inclusion& inclusion : InclusionsDe(QDir(arbre.racine).filePath(fichier))) {
             if (!inclusion.guillemets || EstEngendre(inclusion.nom))
                 continue;
             const std::optional<QString> cible = Cible(arbre, fichier, inclusion.nom);
-            if (!cible)
+            if (!cible) {
                 fautes.append(Endroit(fichier, inclusion.ligne) + inclusion.nom +
                               QStringLiteral(" is not in the tree"));
-            else if (EtageDe(arbre, *cible).value_or(0) > *etage)
+                continue;
+            }
+            const int sien = EtageDe(arbre, *cible).value_or(0);
+            if (sien > *etage)
                 fautes.append(Endroit(fichier, inclusion.ligne) + *cible + QStringLiteral(" is on a higher floor"));
+            else if (sien == *etage && PieceDe(*cible) != PieceDe(fichier))
+                fautes.append(Endroit(fichier, inclusion.ligne) + *cible +
+                              QStringLiteral(" is in another room of the floor"));
         }
     }
     return fautes;

@@ -21,7 +21,9 @@ protected:
     void Ecrire(const QString& fichier, const QByteArray& contenu) { m_dossier.Ecrire("src/" + fichier, contenu); }
     ArbreDeSources Arbre() const
     {
-        return {m_dossier.Fichier("src"), {{"bas", 1}, {"milieu", 2}, {"haut", 3}}, m_dossier.Fichier("QtCore")};
+        return {m_dossier.Fichier("src"),
+                {{"bas", 1}, {"milieu", 2}, {"milieu/cave", 2}, {"haut", 3}},
+                m_dossier.Fichier("QtCore")};
     }
     QStringList Montantes() const { return InclusionsMontantes(Arbre()); }
     QStringList HorsQtCore(const QStringList& fichiers) const { return InclusionsHorsQtCore(Arbre(), fichiers); }
@@ -40,6 +42,19 @@ TEST_F(Inclusions, AnUpwardIncludeIsTold)
 {
     Ecrire("bas/Bas.cpp", "// one\n#include \"haut/Haut.h\"\n");
     EXPECT_EQ(Montantes(), QStringList("bas/Bas.cpp:2: haut/Haut.h is on a higher floor"));
+}
+
+TEST_F(Inclusions, AnIncludeOfAnotherRoomOfTheFloorIsTold)
+{
+    Ecrire("milieu/Milieu.h", "");
+    Ecrire("milieu/cave/Cave.h", "#include \"milieu/Milieu.h\"\n#include \"Cave.h\"\n");
+    EXPECT_EQ(Montantes(), QStringList("milieu/cave/Cave.h:1: milieu/Milieu.h is in another room of the floor"));
+}
+
+TEST(LireEtages, FloorsAreLinesAndRoomsAreWords)
+{
+    const Etages etages = LireEtages("# lowest first\nbas\n\nmilieu/a  milieu/b\nhaut\n");
+    EXPECT_EQ(etages, (Etages{{"bas", 1}, {"milieu/a", 2}, {"milieu/b", 2}, {"haut", 3}}));
 }
 
 TEST_F(Inclusions, AnUpwardIncludeInAHeaderIsTold)
@@ -61,10 +76,12 @@ TEST_F(Inclusions, AnIncludeThatLeadsOutOfTheTreeIsTold)
                                         "bas/Bas.cpp:2: nulle/part.h is not in the tree"}));
 }
 
-TEST_F(Inclusions, AFolderWithoutAFloorIsTold)
+TEST_F(Inclusions, AFolderThatIsNoRoomIsTold)
 {
     Ecrire("cave/Vin.h", "");
-    EXPECT_EQ(Montantes(), QStringList("cave/Vin.h: its folder has no floor"));
+    Ecrire("haut/grenier/Malle.h", "");
+    EXPECT_EQ(Montantes(),
+              QStringList({"cave/Vin.h: its folder is no room", "haut/grenier/Malle.h: its folder is no room"}));
 }
 
 TEST_F(Inclusions, PrecompiledHeadersHoldLibrariesOnly)

@@ -1,7 +1,7 @@
 #include "architecture/TextesDesMessages.h"
 
 #include "architecture/Inclusions.h"
-#include "extensions/modLang.h"
+#include "extensions/langue/modLang.h"
 
 #include <QFile>
 

@@ -1,5 +1,5 @@
 // zelvane-cli as its users run it.
-#include "catalogue/PlaceDuFichier.h"
+#include "catalogue/archive/PlaceDuFichier.h"
 #include "support/ArchiveDeTest.h"
 #include "support/TableDeTest.h"
 

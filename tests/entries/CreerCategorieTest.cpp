@@ -1,9 +1,9 @@
 #include "entries/CreerCategorie.h"
 
 #include "base/Const_Vrac.h"
-#include "catalogue/OuvrirFichiersQrt.h"
-#include "catalogue/Sauver.h"
-#include "extensions/modLang.h"
+#include "catalogue/documents/OuvrirFichiersQrt.h"
+#include "catalogue/documents/Sauver.h"
+#include "extensions/langue/modLang.h"
 #include "support/CadreDeTest.h"
 #include "support/FileDeFichiers.h"
 #include "support/FileDeReponses.h"

@@ -1,11 +1,11 @@
 // The list of what is to be deleted, by what a user does with it.
 #pragma once
 
-#include "entries/VueDeListe.h"
 #include "entries/frmSuppr.h"
 #include "support/GardeModale.h"
 #include "support/PlateformeDeTest.h"
 #include "support/TableDeTest.h"
+#include "vue/VueDeListe.h"
 
 #include <QCheckBox>
 #include <QHeaderView>

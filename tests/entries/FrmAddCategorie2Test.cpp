@@ -3,7 +3,7 @@
 
 #include "base/AfficherMsg.h"
 #include "entries/DialogueDeCategorie.h"
-#include "extensions/modLang.h"
+#include "extensions/langue/modLang.h"
 #include "support/Accessibilite.h"
 #include "support/FileDeReponses.h"
 #include "support/PlateformeDeTest.h"

@@ -1,5 +1,5 @@
 // The editor as its callers see it: its texts, the rows, what validating writes, and how it closes.
-#include "extensions/modLang.h"
+#include "extensions/langue/modLang.h"
 #include "support/Accessibilite.h"
 #include "support/GardeModale.h"
 

@@ -1,6 +1,6 @@
 #include "entries/frmSuppDependant.h"
 
-#include "extensions/modLang.h"
+#include "extensions/langue/modLang.h"
 #include "support/Accessibilite.h"
 #include "support/GardeModale.h"
 #include "support/PlateformeDeTest.h"

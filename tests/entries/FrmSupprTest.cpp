@@ -1,7 +1,7 @@
 #include "base/Const_Vrac.h"
 #include "base/MenuSurgissant.h"
 #include "entries/DialogueDeSuppression.h"
-#include "extensions/modLang.h"
+#include "extensions/langue/modLang.h"
 #include "support/Accessibilite.h"
 #include "support/GardeModale.h"
 #include "support/PlateformeDeTest.h"

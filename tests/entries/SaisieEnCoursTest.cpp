@@ -4,9 +4,9 @@
 #include "entries/mEditLV.h"
 
 #include "base/Const_Vrac.h"
-#include "catalogue/CopieDeSecours.h"
-#include "catalogue/FichierQrt.h"
-#include "catalogue/SecoursDesDocuments.h"
+#include "catalogue/documents/CopieDeSecours.h"
+#include "catalogue/documents/SecoursDesDocuments.h"
+#include "catalogue/texte/FichierQrt.h"
 #include "support/CadreDeTest.h"
 #include "support/FileDeReponses.h"
 #include "support/PlateformeDeTest.h"

@@ -1,7 +1,7 @@
 // The selection of a table, as tests make it and read it.
 #pragma once
 
-#include "catalogue/MyLV.h"
+#include "catalogue/table/MyLV.h"
 
 #include <QList>
 

@@ -1,6 +1,6 @@
 #include "images/frmView.h"
 
-#include "catalogue/MyLV.h"
+#include "catalogue/table/MyLV.h"
 #include "images/PanneauImage.h"
 #include "support/Accessibilite.h"
 #include "support/DossierDeTest.h"

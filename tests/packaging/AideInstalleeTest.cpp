@@ -1,5 +1,5 @@
 // The help pages that are installed: each can be read, and no link leads nowhere.
-#include "extensions/Aide.h"
+#include "extensions/dialogues/Aide.h"
 
 #include "support/DossierDeTest.h"
 #include "support/PlateformeDeTest.h"

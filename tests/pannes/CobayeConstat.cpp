@@ -1,9 +1,9 @@
 #include "pannes/CobayeConstat.h"
 
 #include "base/DossiersDeCommande.h"
-#include "catalogue/Cadre.h"
-#include "catalogue/DossiersLaisses.h"
-#include "catalogue/OuvrirFichiersQrt.h"
+#include "catalogue/documents/Cadre.h"
+#include "catalogue/documents/DossiersLaisses.h"
+#include "catalogue/documents/OuvrirFichiersQrt.h"
 #include "pannes/CobayeReponses.h"
 
 #include <QCryptographicHash>

@@ -3,7 +3,7 @@
 
 #include "base/Const_Vrac.h"
 #include "base/Options.h"
-#include "catalogue/OuvrirFichiersQrt.h"
+#include "catalogue/documents/OuvrirFichiersQrt.h"
 #include "shell/BandeOnglets.h"
 #include "shell/Form1.h"
 #include "shell/MDIForm1.h"

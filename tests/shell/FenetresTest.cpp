@@ -1,15 +1,15 @@
 // The frame and the document window, with real files.
 #include "base/Const_Vrac.h"
-#include "catalogue/OuvrirFichiersQrt.h"
+#include "catalogue/documents/OuvrirFichiersQrt.h"
 #include "shell/EtapesEnFenetres.h"
 #include "shell/Form1.h"
 #include "shell/MDIForm1.h"
 #include "shell/PanneauDAttente.h"
-#include "shell/VueTable.h"
 #include "support/FileDeReponses.h"
 #include "support/Impression.h"
 #include "support/PlateformeDeTest.h"
 #include "support/TableDeTest.h"
+#include "vue/VueTable.h"
 
 #include <QAction>
 #include <QApplication>

@@ -3,8 +3,8 @@
 
 #include "base/Const_Vrac.h"
 #include "base/Options.h"
-#include "catalogue/OuvrirFichiersQrt.h"
-#include "catalogue/Sauver.h"
+#include "catalogue/documents/OuvrirFichiersQrt.h"
+#include "catalogue/documents/Sauver.h"
 #include "images/PanneauImage.h"
 #include "shell/Form1.h"
 #include "shell/MDIForm1.h"

@@ -1,8 +1,8 @@
 // How a document's window closes.
 #include "Form1EnFenetre.h"
 
-#include "catalogue/CopieDeSecours.h"
-#include "catalogue/SecoursDesDocuments.h"
+#include "catalogue/documents/CopieDeSecours.h"
+#include "catalogue/documents/SecoursDesDocuments.h"
 
 using namespace Qt::StringLiterals;
 

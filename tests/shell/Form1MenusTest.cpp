@@ -1,7 +1,7 @@
 // The menus of a document.
 #include "Form1EnFenetre.h"
 
-#include "extensions/modLang.h"
+#include "extensions/langue/modLang.h"
 #include "shell/BandeOnglets.h"
 #include "support/GardeModale.h"
 

@@ -2,7 +2,7 @@
 #include "CadreEnFenetre.h"
 
 #include "base/MenuSurgissant.h"
-#include "extensions/modLang.h"
+#include "extensions/langue/modLang.h"
 #include "shell/Toolbars.h"
 #include "support/FermeModales.h"
 

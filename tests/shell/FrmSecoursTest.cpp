@@ -1,7 +1,7 @@
 #include "shell/frmSecours.h"
 
-#include "catalogue/CopieDeSecours.h"
-#include "extensions/modLang.h"
+#include "catalogue/documents/CopieDeSecours.h"
+#include "extensions/langue/modLang.h"
 #include "shell/CadreEnFenetre.h"
 #include "shell/EtapesEnFenetres.h"
 #include "support/Accessibilite.h"

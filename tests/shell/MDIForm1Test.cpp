@@ -1,9 +1,9 @@
 // The frame: its menus, tool bars, load and end.
 #include "CadreEnFenetre.h"
 
-#include "extensions/Aide.h"
-#include "extensions/frmTip.h"
-#include "extensions/modLang.h"
+#include "extensions/dialogues/Aide.h"
+#include "extensions/dialogues/frmTip.h"
+#include "extensions/langue/modLang.h"
 #include "support/FermeModales.h"
 
 #include <QDir>

@@ -1,8 +1,8 @@
 // The commands by their keys.
 #include "BarresEnFenetre.h"
 
-#include "catalogue/Commentaires.h"
-#include "extensions/frmTip.h"
+#include "catalogue/documents/Commentaires.h"
+#include "extensions/dialogues/frmTip.h"
 #include "support/GardeModale.h"
 
 using namespace Qt::StringLiterals;

@@ -1,6 +1,6 @@
 #include "shell/VeilleSecours.h"
 
-#include "catalogue/CopieDeSecours.h"
+#include "catalogue/documents/CopieDeSecours.h"
 #include "shell/CadreEnFenetre.h"
 
 #include <QFile>

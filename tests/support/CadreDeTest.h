@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/Const_Vrac.h"
-#include "catalogue/Cadre.h"
+#include "catalogue/documents/Cadre.h"
 
 #include <QStringList>
 

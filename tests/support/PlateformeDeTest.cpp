@@ -1,7 +1,7 @@
 #include "support/PlateformeDeTest.h"
 
 #include "base/Const_Vrac.h"
-#include "extensions/modLang.h"
+#include "extensions/langue/modLang.h"
 
 #include <QDir>
 

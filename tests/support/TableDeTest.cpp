@@ -1,6 +1,6 @@
 #include "support/TableDeTest.h"
 
-#include "catalogue/FichierQrt.h"
+#include "catalogue/texte/FichierQrt.h"
 #include "platform/PageDeCode.h"
 
 void MettreColonnes(MyLV& table, const QStringList& titres)

@@ -1,7 +1,7 @@
 // Builds tables and documents for tests.
 #pragma once
 
-#include "catalogue/QrtClass.h"
+#include "catalogue/texte/QrtClass.h"
 #include "support/DossierDeTest.h"
 
 #include <QStringList>

@@ -1,7 +1,0 @@
-#include "catalogue/Cadre.h"
-
-FenetreDocument* FenetreActive()
-{
-    const auto* cadre = dynamic_cast<const Cadre*>(FenetresInstallees());
-    return cadre ? cadre->FenetreActive() : nullptr;
-}

@@ -1,9 +1,0 @@
-#include "catalogue/Evenements.h"
-
-#include <QCoreApplication>
-#include <QEventLoop>
-
-void LaisserPasserEvenements()
-{
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
-}

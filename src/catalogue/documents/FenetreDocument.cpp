@@ -1,0 +1,11 @@
+#include "catalogue/documents/FenetreDocument.h"
+
+#include "platform/Plateforme.h"
+
+QString NouveauTag()
+{
+    constexpr double Etendue = 500;
+    const QTime heure = plateforme().horloge->Maintenant().time();
+    const double depuisMinuit = heure.msecsSinceStartOfDay() / 1000.0;
+    return u'a' + QString::number(static_cast<int>(depuisMinuit + Etendue * plateforme().hasard->Tirer()));
+}

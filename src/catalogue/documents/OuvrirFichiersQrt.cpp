@@ -1,0 +1,135 @@
+#include "catalogue/documents/OuvrirFichiersQrt.h"
+
+#include "base/AfficherMsg.h"
+#include "base/Const_Vrac.h"
+#include "base/DialogueFichier.h"
+#include "base/Options.h"
+#include "catalogue/documents/Cadre.h"
+#include "catalogue/documents/ChargerCatalogue.h"
+#include "catalogue/documents/Commentaires.h"
+#include "catalogue/documents/FichierRecent.h"
+#include "catalogue/documents/Sauver.h"
+#include "extensions/langue/modLang.h"
+#include "kit/ManqueDeMemoire.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+QStringList PlugIns;
+
+namespace {
+
+/// The window in which the file is open. Paths are compared as they are spelled: the same file under another name
+/// opens a second time.
+FenetreDocument* FenetreDe(const Cadre& cadre, const QString& chemin)
+{
+    const auto fenetres = cadre.Documents();
+    const auto trouvee = std::ranges::find_if(
+        fenetres, [&](const FenetreDocument* fenetre) { return fenetre->myqrt.CheminReel() == chemin; });
+    return trouvee == fenetres.end() ? nullptr : *trouvee;
+}
+
+DemandeFichier DemandeDOuverture()
+{
+    DemandeFichier demande;
+    demande.titre = LangMsg(u"msg71"_s, u"Ouvrir une Categorie"_s);
+    demande.types = TypesDuFiltre(FiltreDesCatalogues());
+    demande.type = TypeQrt2;
+    demande.plusieurs = true;
+    return demande;
+}
+
+/// Opens all of them, each by itself: one that fails does not keep the next from being tried.
+void OuvrirPlusieurs(Cadre& cadre, const QStringList& fichiers, int type)
+{
+    for (const QString& fichier : fichiers) {
+        if (!OuvrirFichier(cadre, fichier, type, true))
+            AfficherMsg(LangMsg(u"msg47"_s, u"Erreur d'ouverture :"_s) + (u'\n' + fichier), MsgOk, QString());
+    }
+}
+
+/// The file becomes the most recent one, in the window's own menu too.
+void NoterRecent(FenetreDocument& fenetre, const QString& chemin)
+{
+    AjouterRecent(chemin);
+    if (auto* menu = dynamic_cast<MenuRecents*>(&fenetre))
+        MajMenuRecents(*menu);
+}
+
+/// The comments greet who opens the category, where the user wants that and there are any.
+void MontrerCommentaires(FenetreDocument& fenetre)
+{
+    if (OptionEgale(LireOption(u"commentAtStartup"_s), 1) && Commentaires::AMontrer(fenetre.myqrt.TmpFolder))
+        fenetre.mModifierCommentaires_Click();
+}
+
+} // namespace
+
+void MontrerDocument(FenetreDocument& fenetre)
+{
+    if (LireOption(u"AffImg"_s).toString() == u"0"_s)
+        fenetre.mAfficherImages_Click();
+    MontrerCommentaires(fenetre);
+    // Nothing that happened so far is to be saved: a loan column added by the reader is not, and comments that were
+    // changed just now are not either. That is meant.
+    fenetre.myqrt.IlFautSauver = false;
+    fenetre.myqrt.Ouvrir->Montrer(false);
+}
+
+bool OuvrirFichier(Cadre& cadre, const QString& chemin, int type, bool montrerMessages)
+{
+    if (FenetreDocument* dejaLa = FenetreDe(cadre, chemin)) {
+        if (montrerMessages)
+            AfficherMsg(LangMsg(u"msg48"_s, u"Le fichier est deja ouvert :"_s) + (u'\n' + chemin), MsgOk, QString());
+        cadre.AmenerDevant(*dejaLa);
+        return false;
+    }
+    if (!QFileInfo(chemin).isFile()) {
+        MsgFichierAbsent();
+        RetirerRecent(chemin);
+        return false;
+    }
+    if (type >= PremierTypePlugIn)
+        return false;
+    const auto forme = AvecMemoire<std::optional<FormeFichier>>([&] { return FormeDuFichier(chemin); }, std::nullopt);
+    if (!forme)
+        return false;
+
+    FenetreDocument& fenetre = cadre.NouvelleFenetre();
+    QrtClass& doc = fenetre.myqrt;
+    doc.TmpFolder = CreerDossierTemp();
+    fenetre.SetCaption(NomDeFichier(chemin));
+    cadre.AjouterOnglet(fenetre);
+    if (!AvecMemoire([&] { return ChargerCatalogue(doc, chemin, *forme); }, false)) {
+        fenetre.Decharger();
+        return false;
+    }
+    NoterRecent(fenetre, chemin);
+    MontrerDocument(fenetre);
+    return true;
+}
+
+void OuvrirDialogue(Cadre& cadre)
+{
+    PlugIns = {QString()};
+    DemandeFichier demande = DemandeDOuverture();
+    for (;;) {
+        demande.depart = LireOption(u"OpenInitDir"_s).toString();
+        const std::optional<ReponseFichier> reponse = DialogueOuvrir(demande);
+        if (!reponse || reponse->fichiers.isEmpty())
+            return;
+        const QString& premier = reponse->fichiers.first();
+        EcrireOption(u"OpenInitDir"_s, premier.chopped(NomDeFichier(premier).size()));
+        if (reponse->type == TypeTous) {
+            AfficherMsg(LangMsg(u"msg46"_s, u"Veuillez selectionner un type pour votre fichier"_s), MsgOk, QString());
+            continue;
+        }
+        if (reponse->fichiers.size() > 1)
+            return OuvrirPlusieurs(cadre, reponse->fichiers, reponse->type);
+        if (OuvrirFichier(cadre, premier, reponse->type, true))
+            return;
+    }
+}

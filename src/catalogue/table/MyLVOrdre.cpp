@@ -1,0 +1,134 @@
+// Order of the entries.
+#include "catalogue/table/Collation.h"
+#include "catalogue/table/MyLV.h"
+
+#include <algorithm>
+
+int MyLV::Position(uint32_t rang) const
+{
+    if (!m_positionsValides) {
+        m_positions.resize(m_refs.size());
+        for (uint32_t position = 0; position < m_ordre.size(); ++position)
+            m_positions[m_ordre[position]] = position;
+        m_positionsValides = true;
+    }
+    return static_cast<int>(m_positions[rang]) + 1;
+}
+
+void MyLV::OrdreChange()
+{
+    m_positionsValides = false;
+    m_cles.OrdreChange();
+    Change(&ChangementsTable::lignes);
+}
+
+void MyLV::SetSorted(bool trie)
+{
+    m_trie = trie;
+    ++m_generation;
+    if (trie)
+        Ordonner();
+}
+
+bool MyLV::SetSortKey(int cle)
+{
+    if (cle < 0)
+        return false;
+    m_cleDeTri = cle;
+    ++m_generation;
+    if (m_trie)
+        Ordonner();
+    return true;
+}
+
+bool MyLV::SetSortOrder(int sens)
+{
+    if (sens != 0 && sens != 1)
+        return false;
+    m_sensDeTri = sens;
+    ++m_generation;
+    if (m_trie)
+        Ordonner();
+    return true;
+}
+
+bool MyLV::OrdrePossible() const
+{
+    return m_cleDeTri < ColumnHeaders.Count() && m_ordre.size() > 1;
+}
+
+void MyLV::Ordonner()
+{
+    m_aPlacer.clear();
+    if (!OrdrePossible())
+        return;
+
+    // Files are mostly stored in their order: looking costs less than sorting.
+    Collation& collation = Collation::Francaise();
+    const int sens = m_sensDeTri == 0 ? 1 : -1;
+    stockage::Cellule precedente = Cellule(m_ordre[0], m_cleDeTri);
+    size_t i = 1;
+    for (; i < m_ordre.size(); ++i) {
+        const stockage::Cellule cellule = Cellule(m_ordre[i], m_cleDeTri);
+        if (collation.Comparer(precedente, cellule) * sens > 0)
+            break;
+        precedente = cellule;
+    }
+    if (i == m_ordre.size())
+        return;
+
+    ClesDeTri cles(m_ordre.size());
+    for (const uint32_t rang : m_ordre)
+        cles.Ajouter(Cellule(rang, m_cleDeTri));
+    std::vector<uint32_t> ordre = cles.Ordre(m_sensDeTri == 1);
+    for (uint32_t& place : ordre)
+        place = m_ordre[place];
+    m_ordre = std::move(ordre);
+    OrdreChange();
+}
+
+void MyLV::PlacerAjouts()
+{
+    std::vector<uint32_t> aPlacer = std::exchange(m_aPlacer, {});
+    if (aPlacer.empty() || !m_trie || !OrdrePossible())
+        return;
+
+    // The entries that stood keep their order, whatever was written into them since: only the new ones move.
+    std::vector<uint32_t> nouvelles = aPlacer;
+    std::sort(nouvelles.begin(), nouvelles.end());
+    std::vector<uint32_t> anciennes;
+    anciennes.reserve(m_ordre.size());
+    std::copy_if(m_ordre.begin(), m_ordre.end(), std::back_inserter(anciennes),
+                 [&](uint32_t rang) { return !std::binary_search(nouvelles.begin(), nouvelles.end(), rang); });
+
+    Collation& collation = Collation::Francaise();
+    const int sens = m_sensDeTri == 0 ? 1 : -1;
+    const auto avant = [&](uint32_t a, uint32_t b) {
+        return collation.Comparer(Cellule(a, m_cleDeTri), Cellule(b, m_cleDeTri)) * sens < 0;
+    };
+    std::stable_sort(aPlacer.begin(), aPlacer.end(), avant);
+
+    std::vector<uint32_t> ordre;
+    ordre.reserve(m_ordre.size());
+    auto ancienne = anciennes.begin();
+    for (const uint32_t rang : aPlacer) {
+        const auto place = std::upper_bound(ancienne, anciennes.end(), rang, avant);
+        ordre.insert(ordre.end(), ancienne, place);
+        ordre.push_back(rang);
+        ancienne = place;
+    }
+    ordre.insert(ordre.end(), ancienne, anciennes.end());
+    m_ordre = std::move(ordre);
+    OrdreChange();
+}
+
+AjoutsDansTable::AjoutsDansTable(MyLV& table) : m_table(table)
+{
+    ++m_table.m_ajoutsOuverts;
+}
+
+AjoutsDansTable::~AjoutsDansTable()
+{
+    if (--m_table.m_ajoutsOuverts == 0)
+        m_table.PlacerAjouts();
+}

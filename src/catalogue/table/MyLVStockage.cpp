@@ -1,0 +1,170 @@
+#include "catalogue/table/MyLVStockage.h"
+
+#include "platform/PageDeCode.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+
+namespace stockage {
+
+namespace {
+
+// A block: number of cells, then the start of each cell, of the image and of the end, then the text. The mark on a
+// start tells a cell that was never written.
+constexpr uint32_t JamaisEcrite = 0x80000000U;
+
+// Room made at once for what most entries have; others grow.
+constexpr int ColonnesUsuelles = 16;
+constexpr qsizetype OctetsUsuels = 256;
+
+uint32_t NombreDeCellules(const char* bloc)
+{
+    uint32_t nombre;
+    std::memcpy(&nombre, bloc, sizeof nombre);
+    return nombre;
+}
+
+uint32_t Debut(const char* bloc, uint32_t champ)
+{
+    uint32_t debut;
+    std::memcpy(&debut, bloc + sizeof(uint32_t) * (1 + champ), sizeof debut);
+    return debut;
+}
+
+size_t TailleEntete(uint32_t cellules)
+{
+    return sizeof(uint32_t) * (cellules + 3);
+}
+
+Cellule ChampDeBloc(const char* bloc, uint32_t champ)
+{
+    const uint32_t debut = Debut(bloc, champ);
+    if (debut & JamaisEcrite)
+        return {};
+    const uint32_t fin = Debut(bloc, champ + 1) & ~JamaisEcrite;
+    const char* texte = bloc + TailleEntete(NombreDeCellules(bloc));
+    return {texte + debut, fin - debut, Codage::Utf8, true};
+}
+
+} // namespace
+
+QString Cellule::Texte() const
+{
+    if (!existe)
+        return QString();
+    return codage == Codage::Utf8 ? PageDeCode::DeUtf8(octets()) : PageDeCode::VersTexte(octets());
+}
+
+/// The "|" that ends the field at hand; null where none does.
+const char* Vue::ChercherBarre() const
+{
+    return static_cast<const char*>(
+        std::memchr(m_octets + m_place.debut, '|', static_cast<size_t>(m_longueur - m_place.debut)));
+}
+
+/// False when there is no such field: the last one is at hand then.
+bool Vue::AllerAu(int champ) const
+{
+    if (champ < m_place.champ - champ)
+        m_place = {}; // nearer from the left end
+    while (m_place.champ > champ) {
+        const void* barre = memrchr(m_octets, '|', m_place.debut - 1);
+        m_place = {m_place.champ - 1,
+                   barre ? static_cast<uint32_t>(static_cast<const char*>(barre) - m_octets) + 1 : 0};
+    }
+    while (m_place.champ < champ && !m_place.dernier) {
+        const char* barre = ChercherBarre();
+        m_place.dernier = !barre;
+        if (barre)
+            m_place = {m_place.champ + 1, static_cast<uint32_t>(barre - m_octets) + 1};
+    }
+    return m_place.champ == champ;
+}
+
+Cellule Vue::ChampDeTranche(int champ) const
+{
+    if (!AllerAu(champ))
+        return {};
+    const char* barre = m_place.dernier ? nullptr : ChercherBarre();
+    m_place.dernier = !barre;
+    const auto fin = barre ? static_cast<uint32_t>(barre - m_octets) : m_longueur;
+    return {m_octets + m_place.debut, fin - m_place.debut, m_codage, true};
+}
+
+Cellule Vue::Champ(int cellule) const
+{
+    if (cellule < 0)
+        return {};
+    if (EstTranche()) {
+        // The first cell is there also in a file without columns.
+        if (cellule > 0 && cellule >= m_colonnes)
+            return {};
+        return ChampDeTranche(cellule);
+    }
+    if (static_cast<uint32_t>(cellule) >= NombreDeCellules(m_octets))
+        return {};
+    return ChampDeBloc(m_octets, static_cast<uint32_t>(cellule));
+}
+
+Cellule Vue::Image() const
+{
+    if (EstTranche())
+        return ChampDeTranche(m_colonnes);
+    return ChampDeBloc(m_octets, NombreDeCellules(m_octets));
+}
+
+Rangee Vue::Lire() const
+{
+    Rangee rangee;
+    const int nombre = EstTranche() ? std::max(1, m_colonnes) : static_cast<int>(NombreDeCellules(m_octets));
+    rangee.cellules.reserve(static_cast<size_t>(std::min(nombre, ColonnesUsuelles))); // a file may claim any number
+    for (int i = 0; i < nombre; ++i) {
+        const Cellule cellule = Champ(i);
+        if (EstTranche() && !cellule.existe)
+            break; // the fields behind are missing too
+        rangee.cellules.push_back(cellule.existe ? std::optional<QString>(cellule.Texte()) : std::nullopt);
+    }
+    rangee.image = Image().Texte();
+    return rangee;
+}
+
+char* NouveauBloc(const Rangee& rangee)
+{
+    const auto nombre = static_cast<uint32_t>(rangee.cellules.size());
+    QByteArray texte;
+    texte.reserve(OctetsUsuels);
+    std::vector<uint32_t> entete;
+    entete.reserve(nombre + 3);
+    entete.push_back(nombre);
+    for (const std::optional<QString>& cellule : rangee.cellules) {
+        entete.push_back(static_cast<uint32_t>(texte.size()) | (cellule ? 0 : JamaisEcrite));
+        if (cellule)
+            texte += cellule->toUtf8();
+    }
+    entete.push_back(static_cast<uint32_t>(texte.size()));
+    texte += rangee.image.toUtf8();
+    entete.push_back(static_cast<uint32_t>(texte.size()));
+
+    const size_t taille = TailleEntete(nombre) + static_cast<size_t>(texte.size());
+    auto* bloc = static_cast<char*>(std::malloc(taille));
+    if (!bloc)
+        throw std::bad_alloc();
+    std::memcpy(bloc, entete.data(), TailleEntete(nombre));
+    std::memcpy(bloc + TailleEntete(nombre), texte.constData(), static_cast<size_t>(texte.size()));
+    return bloc;
+}
+
+void LibererBloc(char* bloc)
+{
+    std::free(bloc);
+}
+
+size_t TailleBloc(const char* bloc)
+{
+    const uint32_t nombre = NombreDeCellules(bloc);
+    return TailleEntete(nombre) + Debut(bloc, nombre + 1);
+}
+
+} // namespace stockage

@@ -1,0 +1,57 @@
+#include "kit/frmAvancement.h"
+
+#include "extensions/langue/LangForm.h"
+#include "kit/FenetreDessous.h"
+#include "ui_frmAvancement.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+
+namespace {
+
+constexpr std::chrono::milliseconds EntreDeuxImages(40);
+
+} // namespace
+
+frmAvancement::frmAvancement(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::frmAvancement>())
+{
+    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+    m_ui->setupUi(this);
+    LangForm(*this);
+}
+
+frmAvancement::~frmAvancement() = default;
+
+void frmAvancement::Montrer(int fait, int total)
+{
+    m_ui->PB->setRange(0, total);
+    m_ui->PB->setValue(fait);
+}
+
+void frmAvancement::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+}
+
+AvancementEnFenetre::AvancementEnFenetre(std::chrono::milliseconds delai) : m_delai(delai)
+{
+    m_depuis.start();
+}
+
+AvancementEnFenetre::~AvancementEnFenetre() = default;
+
+void AvancementEnFenetre::Dire(int fait, int total)
+{
+    if (m_depuis.elapsed() < m_delai.count())
+        return;
+    if (!m_fenetre) {
+        m_fenetre = std::make_unique<frmAvancement>(FenetreDessous());
+        m_fenetre->show();
+        m_delai = EntreDeuxImages;
+    }
+    m_fenetre->Montrer(fait, total);
+    // Clicks and keys too: the window blocks all others, so that what is typed at them is dropped and not kept for
+    // later.
+    QCoreApplication::processEvents();
+    m_depuis.restart();
+}

@@ -1,0 +1,42 @@
+#include "vue/PoliceDeTable.h"
+
+#include "base/Const_Vrac.h"
+#include "base/Nombres.h"
+#include "base/Options.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double TailleParDefaut = 8.25;
+constexpr double TailleMin = 1;
+constexpr double TailleMax = 200;
+constexpr int CouleurMax = 0xFFFFFF;
+
+} // namespace
+
+QFont PoliceDeTable()
+{
+    QFont police = QApplication::font();
+    const QString famille = LireOption(u"FontName"_s).toString();
+    const bool installee = QFontDatabase::hasFamily(famille);
+    if (installee)
+        police.setFamily(famille);
+    const double taille = VersDouble(LireOption(u"FontSize"_s).toString()).value_or(TailleParDefaut);
+    if ((installee || taille != TailleParDefaut) && taille >= TailleMin && taille <= TailleMax)
+        police.setPointSizeF(taille);
+    police.setBold(TexteVersBool(LireOption(u"FontBold"_s).toString()));
+    police.setItalic(TexteVersBool(LireOption(u"FontItalic"_s).toString()));
+    return police;
+}
+
+std::optional<QColor> CouleurDeTable()
+{
+    const int valeur = VersEntier32(LireOption(u"FontColor"_s).toString()).value_or(0);
+    if (valeur <= 0 || valeur > CouleurMax)
+        return std::nullopt;
+    return QColor(valeur & 0xFF, (valeur >> 8) & 0xFF, (valeur >> 16) & 0xFF);
+}

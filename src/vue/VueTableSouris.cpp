@@ -1,0 +1,129 @@
+// The mouse in a document's table.
+#include "vue/ModeleTable.h"
+#include "vue/VueTable.h"
+
+#include <QMouseEvent>
+#include <QScrollBar>
+
+namespace {
+
+constexpr int BattementDuDefilement = 50; // milliseconds
+constexpr int Acceleration = 2;           // pixels a tick, each tick
+
+/// The way from a view of so many pixels to a point at height `y`: -1 above it, 1 below it, 0 for a point in it.
+int SensVers(double y, int hauteur)
+{
+    if (y < 0)
+        return -1;
+    return y >= hauteur ? 1 : 0;
+}
+
+} // namespace
+
+void VueTable::mousePressEvent(QMouseEvent* event)
+{
+    m_modele->Rafraichir();
+    // With any other button the base would move the focus, and leave the selection behind.
+    if (event->button() != Qt::LeftButton && event->button() != Qt::RightButton)
+        return;
+    // Where the focus is before the base takes it to the entry that was pressed.
+    if (m_ancre == 0)
+        m_ancre = LigneCourante();
+    QTableView::mousePressEvent(event);
+    const int ligne = LigneSous(event->position().toPoint());
+    const bool dejaChoisie = ligne > 0 && m_modele->Table().EstSelectionnee(ligne);
+    m_ligneALaisser = 0;
+    m_ligneTiree = 0;
+    if (event->button() == Qt::RightButton && !dejaChoisie)
+        Faire(Geste::Choisir, ligne);
+    if (event->button() != Qt::LeftButton)
+        return;
+    m_ligneTiree = ligne;
+    const Geste geste = GesteDeSouris(event->modifiers());
+    if (geste == Geste::Choisir && dejaChoisie) {
+        m_ligneALaisser = ligne;
+        m_ancre = ligne;
+    } else if (ligne > 0 || geste == Geste::Choisir) {
+        Faire(geste, ligne);
+    }
+}
+
+void VueTable::mouseMoveEvent(QMouseEvent* event)
+{
+    m_touchesEnTirant = event->modifiers();
+    if (TireDehors(*event))
+        return;
+    QTableView::mouseMoveEvent(event);
+    if (!(event->buttons() & Qt::LeftButton) || state() != DragSelectingState || m_ligneTiree == 0)
+        return;
+    const int ligne = LigneSous(event->position().toPoint());
+    TirerJusque(ligne > 0 ? ligne : DerniereVisible());
+}
+
+/// Above or below the entries they scroll by for as long as the pointer stays there, and are selected as they come.
+/// The base would scroll only while the pointer moves: to it, entries that are not seen yet lie under the pointer.
+bool VueTable::TireDehors(const QMouseEvent& event)
+{
+    const bool tire = (event.buttons() & Qt::LeftButton) && m_ligneTiree > 0;
+    m_sensDuDefilement = tire ? SensVers(event.position().y(), viewport()->height()) : 0;
+    if (m_sensDuDefilement == 0) {
+        m_defilement.stop();
+        return false;
+    }
+    if (!m_defilement.isActive()) {
+        setState(DragSelectingState);
+        m_pasDuDefilement = 0;
+        m_defilement.start(BattementDuDefilement, this);
+        Defiler();
+    }
+    return true;
+}
+
+void VueTable::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() == m_defilement.timerId())
+        Defiler();
+    else
+        QTableView::timerEvent(event);
+}
+
+/// Slowly at first, then faster and faster, a screenful at a time at most.
+void VueTable::Defiler()
+{
+    QScrollBar& barre = *verticalScrollBar();
+    m_pasDuDefilement = qMin(m_pasDuDefilement + Acceleration, qMax(barre.pageStep(), Acceleration));
+    barre.setValue(barre.value() + m_sensDuDefilement * m_pasDuDefilement);
+    TirerJusque(m_sensDuDefilement < 0 ? qMax(LigneSous(QPoint(0, 0)), 1) : DerniereVisible());
+}
+
+void VueTable::TirerJusque(int ligne)
+{
+    if (ligne == m_ligneTiree)
+        return;
+    m_ligneTiree = ligne;
+    m_ligneALaisser = 0;
+    Faire(m_touchesEnTirant & Qt::ControlModifier ? Geste::Ajouter : Geste::Etendre, ligne);
+}
+
+void VueTable::mouseReleaseEvent(QMouseEvent* event)
+{
+    QTableView::mouseReleaseEvent(event);
+    if (event->button() == Qt::RightButton)
+        emit ClicDroit(event->globalPosition().toPoint());
+    if (event->button() != Qt::LeftButton)
+        return;
+    if (m_ligneALaisser > 0)
+        Faire(Geste::Choisir, m_ligneALaisser);
+    m_defilement.stop();
+    m_ligneALaisser = 0;
+    m_ligneTiree = 0;
+    if (LigneSous(event->position().toPoint()) > 0)
+        emit EntreeCliquee();
+}
+
+void VueTable::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    QTableView::mouseDoubleClickEvent(event);
+    if (event->button() == Qt::LeftButton && LigneSous(event->position().toPoint()) > 0)
+        emit EntreeDoubleCliquee();
+}
