@@ -4,13 +4,18 @@
 
 #include <QAction>
 
-#include <algorithm>
+namespace {
 
-BarreOutils::BarreOutils(QWidget* parent) : QToolBar(parent)
+constexpr auto EtatMontre = "etatMontre"; // of a button that shows a state: what Accorder told it
+
+const RangDeCommande& RangDe(const QAction& bouton)
 {
-    connect(this, &QToolBar::actionTriggered, this,
-            [this](const QAction* bouton) { emit BoutonPresse(bouton->data().toString()); });
+    return *Rang(bouton.data().toString());
 }
+
+} // namespace
+
+BarreOutils::BarreOutils(QWidget* parent) : QToolBar(parent) {}
 
 void BarreOutils::Remplir(std::span<const BoutonDeBarre> boutons)
 {
@@ -19,32 +24,32 @@ void BarreOutils::Remplir(std::span<const BoutonDeBarre> boutons)
         QAction* bouton = addAction(Icone(QString::fromUtf16(modele.image)), infoBulle);
         bouton->setToolTip(infoBulle);
         bouton->setData(QString::fromUtf16(modele.cle));
+        bouton->setCheckable(RangDe(*bouton).coche);
+        // Assistive technologies press a button that stays down without a click.
+        if (bouton->isCheckable())
+            connect(bouton, &QAction::toggled, this, [this, bouton](bool enfonce) {
+                if (enfonce != bouton->property(EtatMontre).toBool())
+                    Presser(*bouton);
+            });
+        else
+            connect(bouton, &QAction::triggered, this, [this, bouton] { Presser(*bouton); });
     }
-    SuivreDocument(false);
 }
 
-void BarreOutils::MontrerEtat(const QString& cle, ValeurBouton valeur)
+void BarreOutils::Presser(const QAction& bouton)
 {
-    if (QAction* bouton = Bouton(cle)) {
-        bouton->setCheckable(true);
-        bouton->setChecked(valeur == BoutonEnfonce);
-    }
+    emit BoutonPresse(bouton.data().toString());
 }
 
-void BarreOutils::SuivreDocument(bool ouvert)
+void BarreOutils::Accorder(const LieuDeCommande& lieu, const EtatDuLieu& etat)
 {
     for (QAction* bouton : actions()) {
-        const QString cle = bouton->data().toString();
-        bouton->setEnabled(CommandeDisponible(cle) && (ouvert || !VeutUnDocument(cle)));
-        if (!ouvert)
-            bouton->setChecked(false);
+        const RangDeCommande& rang = RangDe(*bouton);
+        bouton->setEnabled(EstPossible(rang, etat));
+        if (rang.coche) {
+            const ValeurBouton valeur = EtatBouton(rang.coche(lieu));
+            bouton->setProperty(EtatMontre, valeur == BoutonEnfonce);
+            bouton->setChecked(valeur == BoutonEnfonce);
+        }
     }
-}
-
-QAction* BarreOutils::Bouton(const QString& cle) const
-{
-    const QList<QAction*> boutons = actions();
-    const auto trouve =
-        std::ranges::find(boutons, cle, [](const QAction* bouton) { return bouton->data().toString(); });
-    return trouve == boutons.end() ? nullptr : *trouve;
 }

@@ -1,6 +1,7 @@
 // One of the frame's two tool bars. Its buttons are known by their keys.
 #pragma once
 
+#include "shell/Commandes.h"
 #include "shell/Toolbars.h"
 
 #include <QToolBar>
@@ -13,14 +14,12 @@ public:
     explicit BarreOutils(QWidget* parent = nullptr);
 
     void Remplir(std::span<const BoutonDeBarre> boutons);
-    /// Shows the button `cle` pressed or not; it stays so until it is told otherwise.
-    void MontrerEtat(const QString& cle, ValeurBouton valeur);
-    /// Enables the buttons that can do something, with a document open or without; without, none is pressed.
-    void SuivreDocument(bool ouvert);
+    /// Enables the buttons that can do something there, and presses those of a state that is on.
+    void Accorder(const LieuDeCommande& lieu, const EtatDuLieu& etat);
 
 signals:
     void BoutonPresse(const QString& cle);
 
 private:
-    QAction* Bouton(const QString& cle) const;
+    void Presser(const QAction& bouton);
 };

@@ -8,6 +8,8 @@
 #include "extensions/langue/LangForm.h"
 #include "extensions/langue/modLang.h"
 #include "images/FichierImage.h"
+#include "shell/ItemsDeCommandes.h"
+#include "shell/MDIForm1.h"
 #include "ui_Form1.h"
 #include "vue/Infobulle.h"
 #include "vue/PoliceDeTable.h"
@@ -49,7 +51,9 @@ bool DemandeLeMenu(const QEvent& event)
 
 } // namespace
 
-Form1::Form1(QWidget* parent) : QMainWindow(parent), m_ui(std::make_unique<Ui::Form1>())
+Form1::Form1(MDIForm1& cadre, QWidget* parent)
+    : QMainWindow(parent), m_cadre(cadre), m_ui(std::make_unique<Ui::Form1>()),
+      m_items(std::make_unique<ItemsDeCommandes>(*this, [this] { return Lieu(); }))
 {
     m_ui->setupUi(this);
     // A window inside another one; QMainWindow would make itself a window of the desktop.
@@ -231,11 +235,7 @@ void Form1::RedrawAll(bool miseEnPage)
 {
     MontrerComptes();
     AccorderMenus();
-    ItemNomme(u"mAfficherGrille"_s).setChecked(m_table.GridLines());
-    if (BarresDuCadre* barres = BarresAutour()) {
-        barres->MontrerEtats(*this, m_table.GridLines(), ImagesMontrees());
-        ItemNomme(u"mGrandesIcones"_s).setChecked(barres->GrandesIcones());
-    }
+    m_cadre.AccorderBarres();
     const bool reduite = parentWidget() && parentWidget()->isMinimized();
     if (miseEnPage && reduite)
         return;
@@ -252,11 +252,6 @@ void Form1::MontrerComptes()
     const auto compte = [](int nombre) { return QString::number(nombre); };
     m_nombre->setText(LangMsg(u"msg94"_s, u"%1 entrée(s)"_s).Remplacer(u"%1"_s, compte(myqrt.ItemsCount())));
     m_choisies->setText(LangMsg(u"msg95"_s, u"%1 selectionnée(s)"_s).Remplacer(u"%1"_s, compte(myqrt.SelItemsCount())));
-}
-
-bool Form1::ImagesMontrees() const
-{
-    return ItemNomme(u"mAfficherImages"_s).isChecked();
 }
 
 void Form1::MettreEnPage()

@@ -4,15 +4,16 @@
 
 #include "catalogue/documents/FenetreDocument.h"
 #include "catalogue/documents/FichierRecent.h"
+#include "shell/Commandes.h"
 #include "vue/VueTable.h"
 
-#include <QList>
 #include <QMainWindow>
 
 #include <memory>
 
-class Cadre;
 class Infobulle;
+class ItemsDeCommandes;
+class MDIForm1;
 class PanneauImage;
 class QAction;
 class QLabel;
@@ -22,20 +23,6 @@ namespace Ui {
 class Form1;
 }
 
-/// The frame's bars, as far as a document window knows them. The frame implements it.
-class BarresDuCadre
-{
-public:
-    virtual ~BarresDuCadre() = default;
-    /// Shows the states of a window in the buttons "grille" and "image"; only those of the active one count.
-    virtual void MontrerEtats(const FenetreDocument& fenetre, bool grille, bool images) = 0;
-    /// Pops up the menu of the table and of the picture at a point of the screen: MenuClickDroit with entries selected,
-    /// MenuClickDroit3 without. Its commands work on the active window.
-    virtual void MontrerMenuClickDroit(bool avecSelection, const QPoint& endroit) = 0;
-    virtual bool GrandesIcones() const = 0;
-    virtual void mGrandesIcones_Click() = 0;
-};
-
 /// Values of the setting SizeForm1: the state in which documents are shown.
 enum EtatDeForm1 { Normale = 0, Reduite = 1, Agrandie = 2 };
 
@@ -44,7 +31,8 @@ class Form1 : public QMainWindow, public FenetreDocument, public MenuRecents
     Q_OBJECT
 
 public:
-    explicit Form1(QWidget* parent = nullptr);
+    /// A window of the frame `cadre`, which lives longer.
+    explicit Form1(MDIForm1& cadre, QWidget* parent = nullptr);
     ~Form1() override;
 
     void Decharger() override;
@@ -70,6 +58,9 @@ public:
     void MontrerBarRecent(bool visible) override;
 
     VueTable& ListView1() const;
+    bool ImagesMontrees() const { return m_images; }
+    /// Where the commands of this window run.
+    LieuDeCommande Lieu();
 
 protected:
     /// Closes only when no save runs and the changes are saved or given up. The document's folder goes then, unless
@@ -92,7 +83,6 @@ private:
 
     void MontrerComptes();
     void AccorderMenus();
-    bool ImagesMontrees() const;
     void MettreEnPage();
     void AppliquerPolice();
 
@@ -101,7 +91,6 @@ private:
     void DoubleClicTable();
     void DoubleClicImage();
     QPoint PlaceDuFocus() const;
-    void MontrerMenuClickDroit(bool avecSelection, const QPoint& place);
     void ClicDroitTable(const QPoint& place);
     void ClicDroitImage(const QPoint& place);
 
@@ -113,37 +102,14 @@ private:
     QMenu* FaireMenu(const Menu& menu);
     QAction* FaireItem(const Item& item);
     QAction& ItemNomme(const QString& nom) const;
-    QAction* ItemDuCadre(const QAction& item) const;
-    void MajRecents();
-    void Sauvegarder(bool sous);
-
-    void SansEffet();
-    void mCategorie_Click();
-    void mOuvrir_Click();
     void mRecent_Click(int index);
-    void mEnregistrer_Click();
-    void mEnregistrerSous_Click();
-    void mEnregistrerTout_Click();
-    void mFermerTout_Click();
-    void mQuitter_Click();
-    void mEntree_Click();
-    void mModifierEnree_Click();
-    void mSupprimerEntree_Click();
-    void mVoir_Click();
-    void mFusionner2Categories_Click();
-    void GrilleBasculee();
-    void ImagesBasculees();
-    void GrandesIconesBasculees();
-    void mActualiser_Click();
-    void mRedimentionAutomatique_Click();
-    void mRedimAuto2_Click();
+    void Lancer(QStringView cle);
 
-    Cadre* CadreAutour() const;
-    BarresDuCadre* BarresAutour() const;
-
+    MDIForm1& m_cadre;
     MyLV m_table;
     std::unique_ptr<Ui::Form1> m_ui;
-    QList<QAction*> m_itemsDuCadre; ///< items that stand for the frame's of the same name
+    std::unique_ptr<ItemsDeCommandes> m_items;
+    bool m_images = true; ///< the images panel is on show
     QLabel* m_nombre = nullptr;
     QLabel* m_choisies = nullptr;
     QLabel* m_bulle = nullptr;

@@ -4,11 +4,9 @@
 #include "base/Options.h"
 #include "catalogue/documents/OuvrirFichiersQrt.h"
 #include "catalogue/documents/Sauver.h"
-#include "extensions/dialogues/Aide.h"
 #include "extensions/langue/LangForm.h"
 #include "extensions/langue/modLang.h"
 #include "kit/Icones.h"
-#include "shell/ArrangerFenetres.h"
 #include "shell/IconesDeMenu.h"
 #include "shell/PremierPlan.h"
 #include "shell/Relier.h"
@@ -64,7 +62,8 @@ QStringList FichiersDe(const QMimeData& donnees)
 
 } // namespace
 
-MDIForm1::MDIForm1(QWidget* parent) : QMainWindow(parent), m_ui(std::make_unique<Ui::MDIForm1>())
+MDIForm1::MDIForm1(QWidget* parent)
+    : QMainWindow(parent), m_ui(std::make_unique<Ui::MDIForm1>()), m_items(*this, [this] { return Lieu(); })
 {
     m_ui->setupUi(this);
     m_menusDuCadre = m_ui->Menus->actions();
@@ -79,7 +78,6 @@ MDIForm1::MDIForm1(QWidget* parent) : QMainWindow(parent), m_ui(std::make_unique
     DonnerIcones(*this);
     RelierBarres();
     RelierMenus();
-    RelierMenuFenetre();
     SuivreFenetreActive();
 
     m_ui->Fenetres->viewport()->installEventFilter(this);
@@ -110,9 +108,10 @@ void MDIForm1::RelierInstance()
 void MDIForm1::langChange()
 {
     LangForm(*this);
-    for (FenetreDocument* document : Documents())
-        if (auto* fenetre = dynamic_cast<Form1*>(document))
+    for (const QMdiSubWindow* cadre : m_ui->Fenetres->subWindowList()) {
+        if (Form1* fenetre = DocumentDe(cadre))
             LangForm(*fenetre);
+    }
     LangForm(*m_popup);
     for (QDialog* dialogue : findChildren<QDialog*>())
         LangForm(*dialogue);
@@ -123,6 +122,8 @@ MDIForm1::~MDIForm1()
     // The windows go with the area, after this: nothing is to follow them any more.
     disconnect(m_ui->Fenetres, nullptr, this, nullptr);
     m_ui->Fenetres->viewport()->removeEventFilter(this);
+    // They look at the frame to their last moment.
+    qDeleteAll(m_ui->Fenetres->subWindowList());
     InstallerFenetres(nullptr);
 }
 
@@ -136,14 +137,14 @@ std::vector<FenetreDocument*> MDIForm1::Documents() const
     return fenetres;
 }
 
-FenetreDocument* MDIForm1::FenetreActive() const
+Form1* MDIForm1::FenetreActive() const
 {
     return DocumentDe(m_ui->Fenetres->currentSubWindow());
 }
 
 FenetreDocument& MDIForm1::NouvelleFenetre()
 {
-    auto* document = new Form1;
+    auto* document = new Form1(*this);
     // Windows and tabs find each other by this key; chance may have drawn it before.
     const auto fenetres = Documents();
     while (std::ranges::any_of(fenetres, [&](const auto* autre) { return autre->Tag == document->Tag; }))
@@ -193,9 +194,9 @@ void MDIForm1::MettreTitreOnglet(const FenetreDocument& fenetre, const QString& 
 /// The strip, the tool bars, the menu bar and the list of recent files follow the window that became active.
 void MDIForm1::SuivreFenetreActive()
 {
-    FenetreDocument* active = FenetreActive();
-    for (BarreOutils* barre : {m_ui->Toolbar1, m_ui->Toolbar2})
-        barre->SuivreDocument(active);
+    Form1* active = FenetreActive();
+    RedrawAll();
+    AccorderBarres();
     if (active) {
         active->RedrawAll();
         const bool actifs = std::exchange(OngletsActifs, false);
@@ -212,22 +213,25 @@ void MDIForm1::SuivreOnglet()
 {
     if (!OngletsActifs)
         return;
-    if (FenetreDocument* fenetre = FenetreDeLOnglet(m_ui->TabStrip1->currentIndex() + 1))
+    if (Form1* fenetre = FenetreDeLOnglet(m_ui->TabStrip1->currentIndex() + 1))
         AmenerDevant(*fenetre);
 }
 
 /// The window of a tab, from 1: the first one that has its key.
-FenetreDocument* MDIForm1::FenetreDeLOnglet(int numero) const
+Form1* MDIForm1::FenetreDeLOnglet(int numero) const
 {
     const QString cle = m_ui->TabStrip1->Cle(numero);
-    const auto fenetres = Documents();
-    const auto trouvee = std::ranges::find_if(fenetres, [&](const auto* fenetre) { return fenetre->Tag == cle; });
-    return trouvee == fenetres.end() ? nullptr : *trouvee;
+    const auto cadres = m_ui->Fenetres->subWindowList(QMdiArea::CreationOrder);
+    for (const QMdiSubWindow* cadre : cadres) {
+        if (Form1* fenetre = DocumentDe(cadre); fenetre && fenetre->Tag == cle)
+            return fenetre;
+    }
+    return nullptr;
 }
 
-FenetreDocument* MDIForm1::AmenerOngletRetenu()
+Form1* MDIForm1::AmenerOngletRetenu()
 {
-    FenetreDocument* fenetre = FenetreDeLOnglet(m_ui->TabStrip1->Tag.toInt());
+    Form1* fenetre = FenetreDeLOnglet(m_ui->TabStrip1->Tag.toInt());
     if (fenetre)
         AmenerDevant(*fenetre);
     return fenetre;
@@ -259,14 +263,17 @@ void MDIForm1::RelierBarres()
                 [this](const QString& cle) { Retenue::Apres(this, [this, cle] { Commande(*this, cle); }); });
 }
 
-void MDIForm1::MontrerEtats(const FenetreDocument& fenetre, bool grille, bool images)
+void MDIForm1::AccorderBarres()
 {
-    if (&fenetre != FenetreActive())
-        return;
-    for (BarreOutils* barre : {m_ui->Toolbar1, m_ui->Toolbar2}) {
-        barre->MontrerEtat(u"grille"_s, EtatBouton(grille));
-        barre->MontrerEtat(u"image"_s, EtatBouton(images));
-    }
+    const LieuDeCommande lieu = Lieu();
+    const EtatDuLieu etat(lieu);
+    for (BarreOutils* barre : {m_ui->Toolbar1, m_ui->Toolbar2})
+        barre->Accorder(lieu, etat);
+}
+
+LieuDeCommande MDIForm1::Lieu()
+{
+    return {*this, FenetreActive()};
 }
 
 void MDIForm1::MontrerMenuClickDroit(bool avecSelection, const QPoint& endroit)
@@ -276,41 +283,19 @@ void MDIForm1::MontrerMenuClickDroit(bool avecSelection, const QPoint& endroit)
 
 void MDIForm1::RelierMenus()
 {
-    const auto commander = [this](const QAction* item, const QString& cle) {
-        Relier(*item, this, [this, cle] { Commande(*this, cle); });
-    };
-    commander(m_ui->mCategorie, u"addcat"_s);
-    commander(m_ui->mAPropos, u"aide"_s);
-    // mImporter has no command, and it is meant: plug-ins import, from menus of their own.
-    connect(m_ui->mAideDeZelvane, &QAction::triggered, this, &AfficherAide);
-    connect(m_ui->mZelvaneSurLeWeb, &QAction::triggered, this, &AfficherPageDAccueil);
-    Relier(*m_ui->mOuvrir, this, [this] {
-        OuvrirDialogue(*this);
-        MajMenuRecents(*this);
-    });
+    m_items.BrancherNommes();
     for (QAction* recent : {m_ui->mRecent_0, m_ui->mRecent_1, m_ui->mRecent_2, m_ui->mRecent_3, m_ui->mRecent_4})
         Relier(*recent, this, [this, recent] { OuvrirEtNoter({recent->data().toString()}); });
-    connect(m_ui->mGrandesIcones, &QAction::triggered, this, &MDIForm1::mGrandesIcones_Click);
-}
-
-void MDIForm1::RelierMenuFenetre()
-{
-    connect(m_ui->mEnCascade, &QAction::triggered, this, [this] { DisposerEnCascade(*m_ui->Fenetres); });
-    connect(m_ui->mMosaiqueHorizontale, &QAction::triggered, this,
-            [this] { DisposerEnMosaique(*m_ui->Fenetres, Mosaique::Horizontale); });
-    connect(m_ui->mMosaiqueVerticale, &QAction::triggered, this,
-            [this] { DisposerEnMosaique(*m_ui->Fenetres, Mosaique::Verticale); });
-    connect(m_ui->mArrangeIcones, &QAction::triggered, this, [this] { ArrangerIcones(*m_ui->Fenetres); });
-    connect(m_ui->mMinimiserTout, &QAction::triggered, this, &MDIForm1::MinimiserTout);
-    connect(m_ui->mRestaurerTout, &QAction::triggered, this, &MDIForm1::RestaurerTout);
+    for (const QMenu* menu : m_ui->Menus->findChildren<QMenu*>())
+        connect(menu, &QMenu::aboutToShow, this, &MDIForm1::RedrawAll);
 }
 
 /// The menus of the active window take the place of the frame's own in its bar; a window without any leaves them.
-void MDIForm1::MontrerMenus(const FenetreDocument* active)
+void MDIForm1::MontrerMenus(const Form1* active)
 {
     QList<QAction*> menus = m_menusDuCadre;
-    if (const auto* fenetre = dynamic_cast<const Form1*>(active)) {
-        if (auto* barre = fenetre->findChild<QMenuBar*>(QString(), Qt::FindDirectChildrenOnly)) {
+    if (active) {
+        if (auto* barre = active->findChild<QMenuBar*>(QString(), Qt::FindDirectChildrenOnly)) {
             barre->hide();
             menus = barre->actions();
         }
@@ -356,10 +341,34 @@ void MDIForm1::mGrandesIcones_Click()
 
 void MDIForm1::RedrawAll()
 {
-    m_ui->mGrandesIcones->setChecked(GrandesIcones());
+    m_items.Accorder();
+}
+
+void MDIForm1::MajRecents()
+{
+    MajMenuRecents(*this);
+    for (const QMdiSubWindow* cadre : m_ui->Fenetres->subWindowList()) {
+        if (Form1* fenetre = DocumentDe(cadre))
+            MajMenuRecents(*fenetre);
+    }
 }
 
 // ---- Windows
+
+void MDIForm1::EnCascade()
+{
+    DisposerEnCascade(*m_ui->Fenetres);
+}
+
+void MDIForm1::EnMosaique(Mosaique sens)
+{
+    DisposerEnMosaique(*m_ui->Fenetres, sens);
+}
+
+void MDIForm1::ArrangerLesIcones()
+{
+    ArrangerIcones(*m_ui->Fenetres);
+}
 
 void MDIForm1::MinimiserTout()
 {

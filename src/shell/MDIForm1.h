@@ -3,8 +3,10 @@
 
 #include "catalogue/documents/Cadre.h"
 #include "catalogue/documents/FichierRecent.h"
+#include "shell/ArrangerFenetres.h"
 #include "shell/Form1.h"
 #include "shell/InstanceClass.h"
+#include "shell/ItemsDeCommandes.h"
 
 #include <QMainWindow>
 
@@ -17,7 +19,7 @@ namespace Ui {
 class MDIForm1;
 }
 
-class MDIForm1 : public QMainWindow, public Cadre, public MenuRecents, public BarresDuCadre
+class MDIForm1 : public QMainWindow, public Cadre, public MenuRecents
 {
     Q_OBJECT
 
@@ -32,7 +34,7 @@ public:
     bool OngletsActifs = true;
 
     std::vector<FenetreDocument*> Documents() const override;
-    FenetreDocument* FenetreActive() const override;
+    Form1* FenetreActive() const override;
     FenetreDocument& NouvelleFenetre() override;
     void AmenerDevant(FenetreDocument& fenetre) override;
     void AjouterOnglet(const FenetreDocument& fenetre) override;
@@ -43,19 +45,29 @@ public:
 
     /// Selects the tab on which a mouse button was last released and brings its window to the front; null when there is
     /// no such tab.
-    FenetreDocument* AmenerOngletRetenu();
+    Form1* AmenerOngletRetenu();
 
     /// Whether the tool bar with large icons is the one on show.
-    bool GrandesIcones() const override;
+    bool GrandesIcones() const;
     /// Changes from one tool bar to the other, and remembers that.
-    void mGrandesIcones_Click() override;
-    void MontrerEtats(const FenetreDocument& fenetre, bool grille, bool images) override;
-    void MontrerMenuClickDroit(bool avecSelection, const QPoint& endroit) override;
+    void mGrandesIcones_Click();
+    /// Shows in the buttons what the active window can do, and its states.
+    void AccorderBarres();
+    /// Pops up the menu of the table and of the picture at a point of the screen: MenuClickDroit with entries selected,
+    /// MenuClickDroit3 without. Its commands work on the active window.
+    void MontrerMenuClickDroit(bool avecSelection, const QPoint& endroit);
     /// Brings the check of mGrandesIcones in step with the tool bars.
     void RedrawAll();
+    /// Rewrites the recent files in the menus of the frame and of all documents.
+    void MajRecents();
+    /// Where the commands of the frame run: on the active window.
+    LieuDeCommande Lieu();
     /// Applies the language to every open form: the frame, its documents, the pop-up menus and the dialogs on show.
     void langChange();
 
+    void EnCascade();
+    void EnMosaique(Mosaique sens);
+    void ArrangerLesIcones();
     void MinimiserTout();
     void RestaurerTout();
 
@@ -72,17 +84,17 @@ private:
     void RelierInstance();
     void RelierBarres();
     void RelierMenus();
-    void RelierMenuFenetre();
-    void MontrerMenus(const FenetreDocument* active);
+    void MontrerMenus(const Form1* active);
     void MontrerGrandesIcones(bool grandes);
     void SuivreFenetreActive();
     void SuivreOnglet();
-    FenetreDocument* FenetreDeLOnglet(int numero) const;
+    Form1* FenetreDeLOnglet(int numero) const;
     void OuvrirEtNoter(const QStringList& chemins);
     void ColorierFond();
     QMdiSubWindow* CadreDe(const FenetreDocument& fenetre) const;
 
     std::unique_ptr<Ui::MDIForm1> m_ui;
+    ItemsDeCommandes m_items;
     frmPopup* m_popup = nullptr;
     QList<QAction*> m_menusDuCadre; ///< the frame's own, in the order of its bar
 };

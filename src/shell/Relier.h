@@ -15,3 +15,14 @@ inline void Relier(const QAction& item, QObject* contexte, std::function<void()>
     QObject::connect(&item, &QAction::triggered, contexte,
                      [contexte, suite = std::move(suite)] { Retenue::Apres(contexte, suite); });
 }
+
+/// The same for an item that shows a state, on or off: `suite` is called whenever it is made to show another one than
+/// `etat` tells. Assistive technologies change what is shown, and choose nothing.
+inline void RelierEtat(const QAction& item, QObject* contexte, std::function<void()> suite, std::function<bool()> etat)
+{
+    QObject::connect(&item, &QAction::toggled, contexte,
+                     [contexte, suite = std::move(suite), etat = std::move(etat)](bool montre) {
+                         if (montre != etat())
+                             Retenue::Apres(contexte, suite);
+                     });
+}

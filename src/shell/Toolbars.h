@@ -1,4 +1,4 @@
-// The commands behind the tool bars and most pop-up menus, by their keys, and the buttons of the tool bars.
+// The commands of the tool bars by their keys, and the buttons.
 #pragma once
 
 #include <QString>
@@ -6,23 +6,13 @@
 
 #include <span>
 
-class Cadre;
-class FenetreDocument;
+class MDIForm1;
 
-/// Runs the command `cle` on the window that is active at this moment. Without one, only "addcat", "apropos", "aide"
-/// and "ouvrir" do something. Keys are compared exactly; an unknown one, with a window active, shows "Rien".
-void Commande(Cadre& cadre, const QString& cle);
+/// Runs the command of the button `cle`, or "commentaire", on the window that is active at this moment. Keys are
+/// compared exactly. Without a window, what needs one does nothing; with one, any other text shows "Rien".
+void Commande(MDIForm1& cadre, const QString& cle);
 
-/// Whether the command `cle` works on the active window.
-bool VeutUnDocument(QStringView cle);
-/// Whether what the command `cle` calls is there yet. Buttons and menu items of the others are shown disabled.
-bool CommandeDisponible(QStringView cle);
-
-/// Saves the window's document; window and tab then show the name of its file, and menus the recent files. `sous` asks
-/// for a path.
-void EnregistrerEtTitrer(Cadre& cadre, FenetreDocument& fenetre, bool sous);
-
-/// A button of the tool bars; `image` is a key of Icone.
+/// A button of the tool bars. `cle` is that of its row in the table of commands, `image` a key of Icone.
 struct BoutonDeBarre
 {
     const char16_t* cle;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/MenuSurgissant.h"
+#include "shell/ItemsDeCommandes.h"
 
 #include <QMainWindow>
 
@@ -31,11 +32,10 @@ public:
     int Choisir(const QString& menu, const QPoint& endroit) override;
 
 private:
-    void RelierCommandes();
     void RelierOnglets();
-    void Executer(const QString& cle);
 
     MDIForm1& m_cadre;
+    ItemsDeCommandes m_items;
     std::unique_ptr<Ui::frmPopup> m_ui;
     PresentateurMenus* m_precedent;
 };

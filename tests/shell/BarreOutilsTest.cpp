@@ -1,6 +1,8 @@
 // The buttons of the two tool bars.
 #include "BarresEnFenetre.h"
 
+#include <QAccessible>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -76,7 +78,8 @@ TEST_F(BarreOutilsTest, WithADocumentEveryCommandThatIsThereCanBePressed)
     Form1& a = Ouvrir(u"a.qrt"_s);
     for (const int barre : {1, 2}) {
         for (const Ligne& ligne : LignesDe(barre))
-            EXPECT_EQ(Bouton(ligne.cle, barre).isEnabled(), CommandeDisponible(ligne.cle)) << ligne.cle.toStdString();
+            EXPECT_EQ(Bouton(ligne.cle, barre).isEnabled(), Rang(ligne.cle)->faire && ligne.cle != u"editentree")
+                << ligne.cle.toStdString();
     }
     EXPECT_TRUE(Disponibles(1).contains(u"save"_s));
     a.Decharger();
@@ -87,11 +90,41 @@ TEST_F(BarreOutilsTest, WithADocumentEveryCommandThatIsThereCanBePressed)
 
 TEST_F(BarreOutilsTest, CommandsToComeAreShownDisabled)
 {
+    Montrer();
+    Ouvrir(u"a.qrt"_s);
     for (const QString& cle : {u"editcat"_s, u"print"_s, u"preter"_s, u"rendu"_s, u"rechercher"_s})
-        EXPECT_FALSE(CommandeDisponible(cle)) << cle.toStdString();
-    for (const QString& cle : {u"addentree"_s, u"editentree"_s, u"delentree"_s, u"addcat"_s, u"ouvrir"_s, u"save"_s,
-                               u"grille"_s, u"image"_s, u"commentaire "_s, u"apropos"_s, u"aide"_s})
-        EXPECT_TRUE(CommandeDisponible(cle)) << cle.toStdString();
+        EXPECT_FALSE(Bouton(cle).isEnabled()) << cle.toStdString();
+    for (const QString& cle : {u"addentree"_s, u"delentree"_s, u"addcat"_s, u"ouvrir"_s, u"save"_s, u"grille"_s,
+                               u"image"_s, u"commentaire "_s, u"apropos"_s, u"aide"_s})
+        EXPECT_TRUE(Bouton(cle).isEnabled()) << cle.toStdString();
+}
+
+TEST_F(BarreOutilsTest, EditingNeedsASelectionAsInTheMenus)
+{
+    Montrer();
+    const Form1& a = Ouvrir(u"a.qrt"_s);
+    for (const bool choisie : {true, false}) {
+        a.myqrt.MyLV->Selectionner(1, 1, choisie);
+        Laisser();
+        EXPECT_EQ(Bouton(u"editentree"_s).isEnabled(), choisie);
+        EXPECT_EQ(MenuDe(a, u"mModifierEnree"_s).isEnabled(), choisie);
+    }
+}
+
+TEST_F(BarreOutilsTest, AStateThatAssistiveTechnologiesChangeIsChanged)
+{
+    Montrer();
+    const Form1& a = Ouvrir(u"a.qrt"_s);
+    const bool avant = a.myqrt.MyLV->GridLines();
+    QAccessibleInterface* bouton =
+        QAccessible::queryAccessibleInterface(BarreDe(1).widgetForAction(&Bouton(u"grille"_s)));
+    ASSERT_TRUE(bouton && bouton->actionInterface());
+    bouton->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    Laisser();
+    EXPECT_EQ(a.myqrt.MyLV->GridLines(), !avant);
+    EXPECT_EQ(Bouton(u"grille"_s).isChecked(), !avant);
+    MenuDe(a, u"mAfficherGrille"_s).setChecked(avant);
+    EXPECT_EQ(a.myqrt.MyLV->GridLines(), avant) << "an item of a menu, too";
 }
 
 TEST_F(BarreOutilsTest, AButtonOfEitherBarRunsItsCommand)

@@ -202,9 +202,9 @@ TEST_F(Fenetres, AFolderToBeKeptStays)
     EXPECT_TRUE(QFile::exists(temporaire + u"Zelvane.qrt"_s));
 }
 
-TEST_F(Fenetres, AWindowOutsideAFrameGoesToo)
+TEST_F(Fenetres, AWindowOutsideTheAreaGoesToo)
 {
-    Form1 fenetre;
+    Form1 fenetre(cadre);
     fenetre.myqrt.TmpFolder = CreerDossierTemp();
     const QString temporaire = fenetre.myqrt.TmpFolder;
     fenetre.show();

@@ -59,6 +59,7 @@ TEST_F(MDIForm1RetenueTest, ItemsOfPopUpMenusWait)
 {
     Montrer();
     Ouvrir(u"a.qrt"_s);
+    Ouvrir(u"b.qrt"_s);
     auto* item = cadre->findChild<QMainWindow*>(u"frmPopup"_s)->findChild<QAction*>(u"mFermerTout"_s);
     item->setEnabled(true);
     item->trigger();

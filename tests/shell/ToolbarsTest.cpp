@@ -40,7 +40,7 @@ TEST_F(CommandeTest, EveryKeyIsMatchedWithADocument)
     Form1& a = Ouvrir(u"a.qrt"_s);
     const FermeModales modales;
     for (const QString& cle : AvecDocument) {
-        EXPECT_TRUE(VeutUnDocument(cle)) << cle.toStdString();
+        EXPECT_NE(Rang(cle)->besoin, Besoin::Rien) << cle.toStdString();
         Commande(*cadre, cle);
     }
     EXPECT_FALSE(reponses.Cles().contains(u"Rien"_s));
@@ -123,7 +123,7 @@ TEST_F(CommandeTest, ANewCategoryStartsFromTheButtonTheMenuTheKeyAndThePopUpMenu
 TEST_F(CommandeTest, OnlyTheFramesOwnCommandsGoWithoutADocument)
 {
     for (const QString& cle : SansDocument)
-        EXPECT_FALSE(VeutUnDocument(cle)) << cle.toStdString();
+        EXPECT_EQ(Rang(cle)->besoin, Besoin::Rien) << cle.toStdString();
 }
 
 // ---- Commands of the active window
@@ -216,14 +216,4 @@ TEST_F(CommandeTest, DeletingNumbersTheKeysAnew)
     const FermeModales modales;
     Commande(*cadre, u"delentree"_s);
     EXPECT_EQ(ClesDe(*a.myqrt.MyLV), QStringList{u"k1"_s});
-}
-
-TEST_F(CommandeTest, PrintingSaysWhetherThereIsSomethingToSave)
-{
-    Montrer();
-    Form1& a = Ouvrir(u"a.qrt"_s);
-    a.myqrt.IlFautSauver = true;
-    const FermeModales modales;
-    Commande(*cadre, u"print"_s);
-    EXPECT_FALSE(a.myqrt.IlFautSauver) << "the answer of the print alone counts";
 }

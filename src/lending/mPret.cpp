@@ -1,5 +1,0 @@
-#include "lending/mPret.h"
-
-void MarquerPrete(FenetreDocument& /*fenetre*/) {}
-
-void MarquerRendu(FenetreDocument& /*fenetre*/) {}
