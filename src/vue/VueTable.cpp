@@ -260,7 +260,7 @@ bool VueTable::TouchePourLaFenetre(const QKeyEvent& event)
         return dire(Touche::Editer, true);
     if (entree && avec == Qt::ShiftModifier)
         return dire(Touche::Voir, true);
-    if (event.key() == Qt::Key_Delete && avec == Qt::NoModifier)
+    if (event.key() == Qt::Key_Delete)
         return dire(Touche::Supprimer, false);
     if (event.key() == Qt::Key_Plus && pave && avec == Qt::NoModifier)
         return dire(Touche::Ajouter, false);

@@ -253,8 +253,12 @@ TEST_F(VueTableTest, KeysOfCommandsAreToldAndGoNoFurther)
     QSignalSpy tapee(&vue, &VueTable::ToucheDeCommande);
     using Touche = VueTable::Touche;
     const QList<std::tuple<Qt::Key, Qt::KeyboardModifiers, Touche>> touches = {
-        {Qt::Key_Return, Qt::NoModifier, Touche::Editer},    {Qt::Key_Enter, Qt::KeypadModifier, Touche::Editer},
-        {Qt::Key_Return, Qt::ShiftModifier, Touche::Voir},   {Qt::Key_Delete, Qt::NoModifier, Touche::Supprimer},
+        {Qt::Key_Return, Qt::NoModifier, Touche::Editer},
+        {Qt::Key_Enter, Qt::KeypadModifier, Touche::Editer},
+        {Qt::Key_Return, Qt::ShiftModifier, Touche::Voir},
+        {Qt::Key_Delete, Qt::NoModifier, Touche::Supprimer},
+        {Qt::Key_Delete, Qt::ControlModifier, Touche::Supprimer},
+        {Qt::Key_Delete, Qt::ShiftModifier, Touche::Supprimer},
         {Qt::Key_Plus, Qt::KeypadModifier, Touche::Ajouter},
     };
     for (const auto& [touche, avec, commande] : touches) {
