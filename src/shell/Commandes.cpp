@@ -156,7 +156,7 @@ constexpr RangDeCommande Rangs[] = {
     {u"arranger", u"&Arranger les icônes", "", "", Besoin::Rien, [](Lieu l) { l.cadre.ArrangerLesIcones(); }},
     {u"reduire", u"&Minimiser tout", "reduire", "", Besoin::Rien, [](Lieu l) { l.cadre.MinimiserTout(); }},
     {u"restaurer", u"&Restaurer tout", "restaurer", "", Besoin::Rien, [](Lieu l) { l.cadre.RestaurerTout(); }},
-    {u"pages", u"&Aide de Zelvane", "help", "F1", Besoin::Rien, [](Lieu) { AfficherAide(); }},
+    {u"pages", u"&Aide de Zelvane", "help", "F1", Besoin::Rien, [](Lieu l) { AfficherAide(l.document); }},
     {u"web", u"&Zelvane sur le Web", "web", "", Besoin::Rien, [](Lieu) { AfficherPageDAccueil(); }},
     {u"boite", u"A &Propos", "apropos", "", Besoin::Rien, MontrerAPropos},
     // These two are crossed: buttons and tips speak of the other one. It is meant.

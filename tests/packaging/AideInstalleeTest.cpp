@@ -31,8 +31,10 @@ QStringList LiensDe(const QString& chemin)
 TEST(InstalledHelp, StartsWhereTheProgramLooksAndEveryPageIsReached)
 {
     const QDir donnees(ZELVANE_DATA);
-    AfficherAide();
     const PlateformeDeTest& courante = PlateformeDeTest::Courante();
+    // The program's folder has links to what is installed.
+    ASSERT_TRUE(QFile::link(donnees.absoluteFilePath("AideQrt"), courante.dossier.Fichier("AideQrt")));
+    AfficherAide(true);
     const QString premiere = courante.programmes.fichiers.value(0).mid(plateforme().dossierProgramme.size());
     ASSERT_TRUE(QFile::exists(donnees.filePath(premiere))) << premiere.toStdString();
 

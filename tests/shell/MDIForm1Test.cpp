@@ -142,18 +142,21 @@ TEST_F(MDIForm1Test, HelpIsThatOfTheProgramsFolderByMenuAndByKey)
 {
     Montrer();
     ProgrammesNotes& programmes = PlateformeDeTest::Courante().programmes;
-    const QString aide = DossierProgramme() + u"AideQrt/aideZelvane.html"_s;
+    const QString aide = PlateformeDeTest::Courante().dossier.Ecrire(u"AideQrt/aideZelvane.html"_s, "<p>Aide");
     Choisir(u"mAide"_s, u"mAideDeZelvane"_s);
     QTest::keyClick(cadre.get(), Qt::Key_F1);
     EXPECT_EQ(programmes.fichiers, QStringList({aide, aide}));
-    programmes.reponse = false;
+    QFile::remove(aide);
     QTest::keyClick(cadre.get(), Qt::Key_F1);
-    EXPECT_EQ(reponses.Cles(), QStringList{u"msg98"_s});
+    EXPECT_TRUE(reponses.Affiches().isEmpty());
+    Ouvrir(u"a.qrt"_s).findChild<QAction*>(u"mAideDeZelvane"_s)->trigger();
+    EXPECT_EQ(reponses.Cles(), QStringList{u"msg98"_s}) << "from the window of a document";
 }
 
 TEST_F(MDIForm1Test, KeysThatFrameAndDocumentShareRunOnce)
 {
     Montrer();
+    PlateformeDeTest::Courante().dossier.Ecrire(u"AideQrt/aideZelvane.html"_s, "<p>Aide");
     Ouvrir(u"a.qrt"_s);
     QTest::keyClick(cadre.get(), Qt::Key_F1);
     EXPECT_EQ(PlateformeDeTest::Courante().programmes.fichiers.size(), 1);

@@ -5,6 +5,8 @@
 #include "extensions/langue/modLang.h"
 #include "platform/Plateforme.h"
 
+#include <QFileInfo>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -18,10 +20,17 @@ void Suivre(const QString& lien, const QString& adresse)
 
 } // namespace
 
-void AfficherAide()
+void AfficherAide(bool direAbsence)
 {
-    if (!plateforme().programmes->OuvrirFichier(DossierProgramme() + u"AideQrt/aideZelvane.html"_s))
-        AfficherMsg(LangMsg(u"msg98"_s, u"Fichier non trouvé"_s), MsgOk, QString());
+    const QString aide = DossierProgramme() + u"AideQrt/aideZelvane.html"_s;
+    if (!QFileInfo::exists(aide)) {
+        if (direAbsence)
+            AfficherMsg(LangMsg(u"msg98"_s, u"Fichier non trouvé"_s), MsgOk, QString());
+    } else if (!plateforme().programmes->OuvrirFichier(aide)) {
+        const Message sansProgramme =
+            LangMsg(u"msgAide"_s, u"Aucun programme ne peut afficher l'aide, qui est ici : %1"_s);
+        AfficherMsg(sansProgramme.Remplacer(u"%1"_s, aide), MsgOk, QString());
+    }
 }
 
 void AfficherPageDAccueil()

@@ -8,8 +8,9 @@ inline const QString PageDAccueil = QStringLiteral("https://zelvane.example/");
 /// Where the makers read mail.
 inline const QString AdresseDuFabricant = QStringLiteral("morvenal@zelvane.example");
 
-/// Shows the help that lies in AideQrt below the program's folder. "msg98" when it is not there.
-void AfficherAide();
+/// Shows the help that lies in AideQrt below the program's folder. Where it is not there, "msg98" says so if
+/// `direAbsence`; where no program can show it, "msgAide" says where it lies.
+void AfficherAide(bool direAbsence);
 /// Shows the home page in the browser.
 void AfficherPageDAccueil();
 /// Begins a mail to `adresse`.
