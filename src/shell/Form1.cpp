@@ -151,6 +151,9 @@ void Form1::EtatChange(Qt::WindowStates avant, Qt::WindowStates apres)
     QMetaObject::invokeMethod(this, &Form1::GarderEtat, Qt::QueuedConnection);
     if (apres.testFlag(Qt::WindowActive) && !avant.testFlag(Qt::WindowActive))
         Activer();
+    // While it was reduced nothing was laid out, and it may come back in the size that it had.
+    else if (avant.testFlag(Qt::WindowMinimized) && !apres.testFlag(Qt::WindowMinimized))
+        RedrawAll(true);
 }
 
 void Form1::Activer()

@@ -43,6 +43,20 @@ TEST_F(Form1Test, AReducedWindowOnlyCounts)
     EXPECT_TRUE(fenetre.ListView1().font().bold());
 }
 
+TEST_F(Form1Test, AWindowThatComesBackInItsSizeIsLaidOutAnew)
+{
+    EcrireOption(u"SizeForm1"_s, int(Normale));
+    Form1& fenetre = Ouvrir();
+    const QSize taille = fenetre.size();
+    fenetre.parentWidget()->showMinimized();
+    QCoreApplication::processEvents();
+    fenetre.mAfficherImages_Click();
+    fenetre.parentWidget()->showNormal();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(fenetre.size(), taille);
+    EXPECT_EQ(Img(fenetre).isVisible(), fenetre.ImagesMontrees());
+}
+
 TEST_F(Form1Test, SortingRefreshingAndComingToTheFrontRedoTheLayout)
 {
     Form1& a = Ouvrir(u"a.qrt"_s);
