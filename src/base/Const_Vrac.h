@@ -2,7 +2,6 @@
 #pragma once
 
 #include "base/AfficherMsg.h"
-#include "base/Fenetres.h"
 
 #include <QString>
 #include <QStringList>

@@ -11,7 +11,7 @@ PresentateurMenus* InstallerPresentateur(PresentateurMenus* presentateur)
     return std::exchange(s_presentateur, presentateur);
 }
 
-int ChoisirDansMenu(const QString& menu, const QPoint& endroit)
+QString ChoisirDansMenu(const QString& menu, const QPoint& endroit)
 {
-    return s_presentateur ? s_presentateur->Choisir(menu, endroit) : 0;
+    return s_presentateur ? s_presentateur->Choisir(menu, endroit) : QString();
 }

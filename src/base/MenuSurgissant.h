@@ -10,12 +10,12 @@ class PresentateurMenus
 public:
     virtual ~PresentateurMenus() = default;
     /// See ChoisirDansMenu.
-    virtual int Choisir(const QString& menu, const QPoint& endroit) = 0;
+    virtual QString Choisir(const QString& menu, const QPoint& endroit) = 0;
 };
 
 /// Installs the presenter (not owned) and returns the one before. Without any, nothing is chosen.
 PresentateurMenus* InstallerPresentateur(PresentateurMenus* presentateur);
 
 /// Pops up the menu `menu` ("MenuExporte", "mMenuSupprimer") at a point of the screen, and waits for the choice: the
-/// number of the item, from 1; 0 when the menu was left, or there is none of that name.
-int ChoisirDansMenu(const QString& menu, const QPoint& endroit);
+/// name of the item; empty when the menu was left, or there is none of that name.
+QString ChoisirDansMenu(const QString& menu, const QPoint& endroit);

@@ -81,13 +81,18 @@ void frmSuppr::CocherSurlignees(bool cochees)
         m_modele->Cocher(premiere, derniere, cochees);
 }
 
-/// The items of the menu are the buttons, in another order.
+/// The items of the menu are the buttons, under other names.
 void frmSuppr::MontrerMenu(const QPoint& place)
 {
-    QPushButton* const boutons[] = {m_ui->btCSel, m_ui->btUSel, m_ui->btTout, m_ui->btRien, m_ui->btInverser};
-    const int choix = ChoisirDansMenu(u"mMenuSupprimer"_s, m_ui->ListView1->viewport()->mapToGlobal(place));
-    if (choix >= 1 && choix <= std::ssize(boutons))
-        boutons[choix - 1]->click();
+    const QString choix = ChoisirDansMenu(u"mMenuSupprimer"_s, m_ui->ListView1->viewport()->mapToGlobal(place));
+    for (const auto& [item, bouton] : {std::pair{u"mCocher"_s, m_ui->btCSel},
+                                       {u"mDecocher"_s, m_ui->btUSel},
+                                       {u"mToutCocher"_s, m_ui->btTout},
+                                       {u"mToutDecocher"_s, m_ui->btRien},
+                                       {u"mInverser"_s, m_ui->btInverser}}) {
+        if (choix == item)
+            bouton->click();
+    }
 }
 
 void frmSuppr::Supprimer()

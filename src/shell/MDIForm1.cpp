@@ -70,7 +70,7 @@ MDIForm1::MDIForm1(QWidget* parent)
     setWindowIcon(Icone(u"zelvane"_s));
     StyleDeMenus::Donner(*m_ui->Menus);
     ColorierFond();
-    InstallerFenetres(this);
+    InstallerCadre(this);
     InitialiserTempFolder();
     MontrerGrandesIcones(TexteVersBool(LireOption(u"GrandesIcones"_s).toString()));
     ChargerLangue(LireOption(u"QRTLangue"_s).toString());
@@ -124,7 +124,7 @@ MDIForm1::~MDIForm1()
     m_ui->Fenetres->viewport()->removeEventFilter(this);
     // They look at the frame to their last moment.
     qDeleteAll(m_ui->Fenetres->subWindowList());
-    InstallerFenetres(nullptr);
+    InstallerCadre(nullptr);
 }
 
 std::vector<FenetreDocument*> MDIForm1::Documents() const

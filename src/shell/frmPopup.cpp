@@ -7,22 +7,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// The number of an item among its menu's, from 1; separators do not count.
-int NumeroDe(const QMenu& menu, const QAction* choisi)
-{
-    int numero = 0;
-    for (const QAction* item : menu.actions()) {
-        numero += item->isSeparator() ? 0 : 1;
-        if (item == choisi)
-            return numero;
-    }
-    return 0;
-}
-
-} // namespace
-
 frmPopup::frmPopup(MDIForm1& cadre)
     : QMainWindow(&cadre), m_cadre(cadre), m_items(*this, [this] { return m_cadre.Lieu(); }),
       m_ui(std::make_unique<Ui::frmPopup>()), m_precedent(InstallerPresentateur(this))
@@ -65,8 +49,9 @@ void frmPopup::MontrerMenuMdiTab(const QPoint& endroit)
     m_ui->mMenuMdiTab->popup(endroit);
 }
 
-int frmPopup::Choisir(const QString& menu, const QPoint& endroit)
+QString frmPopup::Choisir(const QString& menu, const QPoint& endroit)
 {
     auto* surgissant = findChild<QMenu*>(menu);
-    return surgissant ? NumeroDe(*surgissant, surgissant->exec(endroit)) : 0;
+    const QAction* choisi = surgissant ? surgissant->exec(endroit) : nullptr;
+    return choisi ? choisi->objectName() : QString();
 }

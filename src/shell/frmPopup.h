@@ -29,7 +29,7 @@ public:
     /// Pops up mMenuMdiTab. Its commands act on the tab on which a mouse button was last released.
     void MontrerMenuMdiTab(const QPoint& endroit);
 
-    int Choisir(const QString& menu, const QPoint& endroit) override;
+    QString Choisir(const QString& menu, const QPoint& endroit) override;
 
 private:
     void RelierOnglets();

@@ -163,18 +163,18 @@ TEST_F(FrmSupprTest, ThePopUpMenuDoesWhatTheButtonsDo)
     Entrees({"a", "b", "c"});
     struct : PresentateurMenus
     {
-        int Choisir(const QString& menu, const QPoint& endroit) override
+        QString Choisir(const QString& menu, const QPoint& endroit) override
         {
             EXPECT_EQ(menu, "mMenuSupprimer");
             EXPECT_EQ(endroit, attendu);
             return choix;
         }
         QPoint attendu;
-        int choix = 0;
+        QString choix;
     } menus;
     PresentateurMenus* avant = InstallerPresentateur(&menus);
     Lancer([&](QWidget& form) {
-        const auto choisir = [&](int item) {
+        const auto choisir = [&](const QString& item) {
             menus.choix = item;
             menus.attendu = Liste(form).viewport()->mapToGlobal(QPoint(5, 5));
             QContextMenuEvent demande(QContextMenuEvent::Mouse, QPoint(5, 5), menus.attendu);
@@ -182,12 +182,12 @@ TEST_F(FrmSupprTest, ThePopUpMenuDoesWhatTheButtonsDo)
             return Coches(form);
         };
         CliquerSurLigne(form, 2);
-        EXPECT_EQ(choisir(2), "x-x") << "mDecocher";
-        EXPECT_EQ(choisir(5), "-x-") << "mInverser";
-        EXPECT_EQ(choisir(3), "xxx") << "mToutCocher";
-        EXPECT_EQ(choisir(4), "---") << "mToutDecocher";
-        EXPECT_EQ(choisir(1), "-x-") << "mCocher";
-        EXPECT_EQ(choisir(0), "-x-") << "left without a choice";
+        EXPECT_EQ(choisir("mDecocher"), "x-x");
+        EXPECT_EQ(choisir("mInverser"), "-x-");
+        EXPECT_EQ(choisir("mToutCocher"), "xxx");
+        EXPECT_EQ(choisir("mToutDecocher"), "---");
+        EXPECT_EQ(choisir("mCocher"), "-x-");
+        EXPECT_EQ(choisir(""), "-x-") << "left without a choice";
     });
     InstallerPresentateur(avant);
 }

@@ -15,13 +15,13 @@ namespace {
 class OperationsEntrees : public testing::Test
 {
 protected:
-    OperationsEntrees() : m_avant(InstallerFenetres(&m_cadre))
+    OperationsEntrees() : m_avant(InstallerCadre(&m_cadre))
     {
         doc.TmpFolder = dossier.Chemin();
         MettreColonnes(table, {"Titre", "Artiste", "Genre"});
         AjouterEntrees(table, {{"a", "1", "x"}, {"b", "2", "y"}, {"c", "3", "z"}});
     }
-    ~OperationsEntrees() override { InstallerFenetres(m_avant); }
+    ~OperationsEntrees() override { InstallerCadre(m_avant); }
 
     void Modifier(const SaisieEntree& saisie)
     {
@@ -37,7 +37,7 @@ protected:
     }
 
     CadreDeTest m_cadre;
-    FenetresOuvertes* m_avant;
+    Cadre* m_avant;
     FenetreDeTest& fenetre = dynamic_cast<FenetreDeTest&>(m_cadre.NouvelleFenetre());
     FenetreDeTest& devant = dynamic_cast<FenetreDeTest&>(m_cadre.NouvelleFenetre());
     QrtClass& doc = fenetre.myqrt;
@@ -228,9 +228,9 @@ TEST_F(OperationsEntrees, ANewEntryWritesTheTextsOfTheColumns)
 
 TEST_F(OperationsEntrees, WithoutAFrameThereIsNoPictureToShow)
 {
-    FenetresOuvertes* cadre = InstallerFenetres(nullptr);
+    Cadre* cadre = InstallerCadre(nullptr);
     InscrireEntree(fenetre, {{"d", "", ""}, {}, {}});
-    InstallerFenetres(cadre);
+    InstallerCadre(cadre);
     EXPECT_EQ(table.ListItems.Count(), 4);
 }
 

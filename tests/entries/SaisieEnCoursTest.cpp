@@ -24,13 +24,13 @@ namespace {
 class EditeurAuSecours : public testing::Test
 {
 protected:
-    EditeurAuSecours() : m_avant(InstallerFenetres(&m_cadre))
+    EditeurAuSecours() : m_avant(InstallerCadre(&m_cadre))
     {
         doc.TmpFolder = CreerDossierTemp();
         MettreColonnes(table, {"Titre", "Artiste"});
         AjouterEntrees(table, {{"a", "1"}, {"b", "2"}, {"c", "3"}});
     }
-    ~EditeurAuSecours() override { InstallerFenetres(m_avant); }
+    ~EditeurAuSecours() override { InstallerCadre(m_avant); }
 
     /// Opens the editor on these entries, a new one without any, and does `geste` in it.
     void Editer(std::initializer_list<int> positions, const std::function<void(QWidget&)>& geste)
@@ -58,7 +58,7 @@ protected:
     }
 
     CadreDeTest m_cadre;
-    FenetresOuvertes* m_avant;
+    Cadre* m_avant;
     FenetreDeTest& fenetre = dynamic_cast<FenetreDeTest&>(m_cadre.NouvelleFenetre());
     QrtClass& doc = fenetre.myqrt;
     MyLV& table = fenetre.table;

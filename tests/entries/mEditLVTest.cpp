@@ -38,14 +38,14 @@ QStringList ColonneDeLV(const QWidget& form, int colonne)
 class EditLV : public testing::Test
 {
 protected:
-    EditLV() : m_avant(InstallerFenetres(&m_cadre))
+    EditLV() : m_avant(InstallerCadre(&m_cadre))
     {
         doc.TmpFolder = dossier.Chemin();
         MettreColonnes(table, {"Titre", "Artiste"});
         table.ColumnHeaders(2).SetTag("Ida|Paul");
         AjouterEntrees(table, {{"a", "1"}, {"b", "2"}, {"c", "3"}});
     }
-    ~EditLV() override { InstallerFenetres(m_avant); }
+    ~EditLV() override { InstallerCadre(m_avant); }
 
     void DonnerFocus(int position) { table.SetSelectedItem(table.ListItems(position)); }
 
@@ -68,7 +68,7 @@ protected:
     }
 
     CadreDeTest m_cadre;
-    FenetresOuvertes* m_avant;
+    Cadre* m_avant;
     FenetreDeTest& fenetre = dynamic_cast<FenetreDeTest&>(m_cadre.NouvelleFenetre());
     QrtClass& doc = fenetre.myqrt;
     MyLV& table = fenetre.table;

@@ -217,30 +217,30 @@ TEST_F(FrmPopupTest, TheLanguageIsAppliedAtTheLoadAndWhenItChanges)
 
 // ---- Menus of dialogs
 
-TEST_F(FrmPopupTest, ADialogLearnsTheNumberOfTheItemChosen)
+TEST_F(FrmPopupTest, ADialogLearnsTheNameOfTheItemChosen)
 {
     Montrer();
     const QStringList items{u"mCocher"_s, u"mDecocher"_s, u"mToutCocher"_s, u"mToutDecocher"_s, u"mInverser"_s};
-    for (int numero = 1; numero <= items.size(); ++numero) {
+    for (const QString& item : items) {
         AuMenu([&](QMenu& menu) {
-            QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(&Item(items[numero - 1])).center());
+            QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(&Item(item)).center());
         });
-        EXPECT_EQ(ChoisirDansMenu(u"mMenuSupprimer"_s, QPoint(10, 10)), numero);
+        EXPECT_EQ(ChoisirDansMenu(u"mMenuSupprimer"_s, QPoint(10, 10)), item);
     }
     AuMenu([](QMenu& menu) {
         QTest::keyClick(&menu, Qt::Key_Down);
         QTest::keyClick(&menu, Qt::Key_Down);
         QTest::keyClick(&menu, Qt::Key_Return);
     });
-    EXPECT_EQ(ChoisirDansMenu(u"MenuExporte"_s, QPoint(10, 10)), 2);
+    EXPECT_EQ(ChoisirDansMenu(u"MenuExporte"_s, QPoint(10, 10)), "mSelectRien");
 }
 
 TEST_F(FrmPopupTest, AMenuThatIsLeftOrUnknownChoosesNothing)
 {
     Montrer();
     AuMenu([](QMenu& menu) { QTest::keyClick(&menu, Qt::Key_Escape); });
-    EXPECT_EQ(ChoisirDansMenu(u"MenuExporte"_s, QPoint(10, 10)), 0);
-    EXPECT_EQ(ChoisirDansMenu(u"MenuDeNullePart"_s, QPoint(10, 10)), 0);
+    EXPECT_EQ(ChoisirDansMenu(u"MenuExporte"_s, QPoint(10, 10)), "");
+    EXPECT_EQ(ChoisirDansMenu(u"MenuDeNullePart"_s, QPoint(10, 10)), "");
     cadre.reset();
-    EXPECT_EQ(ChoisirDansMenu(u"MenuExporte"_s, QPoint(10, 10)), 0) << "the menus went with the frame";
+    EXPECT_EQ(ChoisirDansMenu(u"MenuExporte"_s, QPoint(10, 10)), "") << "the menus went with the frame";
 }

@@ -46,6 +46,8 @@ public:
     int ligneVisible = 0;      ///< entry that the table was last scrolled to
     QStringList commandes;     ///< the commands asked for, by name
 
+    std::function<void()> auDecharger; ///< what happens instead when it is unloaded
+
     bool images = true;
     MyLV table;
     PanneauDeTest wait;
@@ -103,6 +105,7 @@ public:
     QList<Onglet> onglets;
     FenetreDocument* active = nullptr;
     int creees = 0;
+    QStringList decharges;                               ///< the tags of the windows that were told to go
     std::function<void(FenetreDeTest&)> auxCommentaires; ///< what a user does when a window shows its comments
 };
 
@@ -115,6 +118,9 @@ inline void FenetreDeTest::mModifierCommentaires_Click()
 
 inline void FenetreDeTest::Decharger()
 {
+    m_cadre.decharges << Tag;
+    if (auDecharger)
+        return auDecharger();
     SupprimerDossier(myqrt.TmpFolder, true);
     m_cadre.onglets.removeIf([this](const CadreDeTest::Onglet& onglet) { return onglet.cle == Tag; });
     std::erase_if(m_cadre.fenetres, [this](const auto& fenetre) { return fenetre.get() == this; });

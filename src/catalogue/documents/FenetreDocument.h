@@ -1,7 +1,6 @@
 // One document window as the flows see it: the open and save flows work on this, the shell shows it, tests stand in.
 #pragma once
 
-#include "base/Fenetres.h"
 #include "catalogue/documents/SecoursDuDocument.h"
 #include "catalogue/texte/QrtClass.h"
 
@@ -9,9 +8,13 @@
 
 /// The window of one open category. It owns the document, the table that myqrt.MyLV points to, the panels, and the
 /// folder myqrt.TmpFolder, which goes with it.
-class FenetreDocument : public FenetreOuverte
+class FenetreDocument
 {
 public:
+    virtual ~FenetreDocument() = default;
+    /// Asks its questions and goes, unless an answer keeps it.
+    virtual void Decharger() = 0;
+
     QrtClass myqrt;
     QString Tag; ///< key of the window, drawn when it is loaded: see NouveauTag
     SecoursDuDocument Secours;
