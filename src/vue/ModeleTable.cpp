@@ -13,15 +13,14 @@ ModeleTable::ModeleTable(MyLV& table, QObject* parent) : QAbstractTableModel(par
 {
     for (const QString& nom : {u"noico"_s, u"ico"_s, u"icoerror"_s, u"up"_s, u"down"_s})
         m_marques.insert(nom, Icone(nom));
-    m_table.Observer(this);
-    m_table.PrendreChangements();
+    m_table.Observer(*this);
     m_lignes = m_table.ListItems.Count();
     m_colonnes = m_table.ColumnHeaders.Count();
 }
 
 ModeleTable::~ModeleTable()
 {
-    m_table.Observer(nullptr);
+    m_table.NePlusObserver(*this);
 }
 
 void ModeleTable::TableModifiee()
@@ -38,7 +37,7 @@ void ModeleTable::Rafraichir()
         return;
     m_enAttente = false;
     const QScopedValueRollback garde(m_rafraichit, true);
-    const ChangementsTable changements = m_table.PrendreChangements();
+    const ChangementsTable changements = MyLV::PrendreChangements(*this);
     if (changements.colonnes && m_table.ColumnHeaders.Count() != m_colonnes) {
         beginResetModel();
         m_lignes = m_table.ListItems.Count();

@@ -84,7 +84,6 @@ MyLV::MyLV() = default;
 
 MyLV::~MyLV()
 {
-    m_observateur = nullptr;
     ViderEntrees();
 }
 
@@ -176,33 +175,40 @@ void MyLV::Remplir(stockage::Source&& source, stockage::Lignes&& lignes)
 
 // ---- Observers
 
-void MyLV::Observer(ObservateurTable* observateur)
+void MyLV::Observer(ObservateurTable& observateur) const
 {
-    m_observateur = observateur;
-    m_averti = false;
+    PrendreChangements(observateur);
+    m_observateurs.push_back(&observateur);
 }
 
-ChangementsTable MyLV::PrendreChangements()
+void MyLV::NePlusObserver(ObservateurTable& observateur) const
 {
-    m_averti = false;
-    return std::exchange(m_changements, ChangementsTable());
+    std::erase(m_observateurs, &observateur);
+}
+
+ChangementsTable MyLV::PrendreChangements(ObservateurTable& observateur)
+{
+    observateur.m_averti = false;
+    return std::exchange(observateur.m_changements, ChangementsTable());
 }
 
 void MyLV::Change(bool ChangementsTable::*quoi)
 {
-    m_changements.*quoi = true;
     m_generation += quoi != &ChangementsTable::selection;
-    if (m_observateur && !m_averti) {
-        m_averti = true;
-        m_observateur->TableModifiee();
+    for (ObservateurTable* observateur : m_observateurs) {
+        observateur->m_changements.*quoi = true;
+        if (!std::exchange(observateur->m_averti, true))
+            observateur->TableModifiee();
     }
 }
 
 void MyLV::ChangePlage(int premiere, int derniere, bool ChangementsTable::*quoi)
 {
-    ChangementsTable& c = m_changements;
-    c.premiere = c.premiere == 0 ? premiere : std::min(c.premiere, premiere);
-    c.derniere = std::max(c.derniere, derniere);
+    for (ObservateurTable* observateur : m_observateurs) {
+        ChangementsTable& c = observateur->m_changements;
+        c.premiere = c.premiere == 0 ? premiere : std::min(c.premiere, premiere);
+        c.derniere = std::max(c.derniere, derniere);
+    }
     Change(quoi);
 }
 

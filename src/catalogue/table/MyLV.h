@@ -173,7 +173,7 @@ private:
     MyLV& m_table;
 };
 
-/// What changed in a table since an observer last asked. Several changes are told as one.
+/// What changed in a table since its observer last asked. Several changes are told as one.
 struct ChangementsTable
 {
     bool colonnes = false;  ///< titles, widths, markers, number of columns
@@ -185,13 +185,19 @@ struct ChangementsTable
     int derniere = 0;
 };
 
-/// Told once when a table changes for the first time since its changes were taken: a loop over a million entries
-/// sends one notice. The observer takes the changes when it is ready to draw.
+/// Told once when a table changes for the first time since it took its changes: a loop over a million entries sends one
+/// notice. It takes the changes when it is ready to draw; what others take is no matter. It stops to observe before it
+/// goes, and before the table goes.
 class ObservateurTable
 {
 public:
     virtual ~ObservateurTable() = default;
     virtual void TableModifiee() = 0;
+
+private:
+    friend class MyLV;
+    ChangementsTable m_changements;
+    bool m_averti = false;
 };
 
 class MyLV
@@ -240,9 +246,11 @@ public:
     /// Memory held for the entries, in bytes.
     size_t Memoire() const;
 
-    /// The observer (not owned, null for none) and what changed since the last call.
-    void Observer(ObservateurTable* observateur);
-    ChangementsTable PrendreChangements();
+    /// From here on the observer (not owned) is told of changes, beside others; who only reads may observe.
+    void Observer(ObservateurTable& observateur) const;
+    void NePlusObserver(ObservateurTable& observateur) const;
+    /// What changed since the observer's last call, or since it began.
+    static ChangementsTable PrendreChangements(ObservateurTable& observateur);
     /// Grows with every change of what a catalogue file holds of the table; the selection is nothing of it.
     uint64_t Generation() const { return m_generation; }
 
@@ -314,9 +322,7 @@ private:
     int m_vue = 3;
     ListItem m_focus;
 
-    ObservateurTable* m_observateur = nullptr;
-    ChangementsTable m_changements;
-    bool m_averti = false;
+    mutable std::vector<ObservateurTable*> m_observateurs;
     uint64_t m_generation = 0;
 };
 

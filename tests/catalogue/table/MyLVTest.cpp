@@ -399,13 +399,12 @@ TEST(MyLVObserver, HearsOfManyChangesOnceAndTakesThemAsRanges)
         table.ListItems.Add(0, QStringLiteral("k%1").arg(i), "x");
     EXPECT_EQ(table.ListItems(1).Index(), 1);
     Avertissements avertissements;
-    table.Observer(&avertissements);
-    table.PrendreChangements();
+    table.Observer(avertissements);
 
     for (int i = 200; i <= 300; ++i)
         table.ListItems(i).SetText("y");
     EXPECT_EQ(avertissements.nombre, 1);
-    ChangementsTable c = table.PrendreChangements();
+    ChangementsTable c = MyLV::PrendreChangements(avertissements);
     EXPECT_TRUE(c.valeurs);
     EXPECT_FALSE(c.lignes || c.colonnes || c.selection || c.aspect);
     EXPECT_EQ(c.premiere, 200);
@@ -415,14 +414,14 @@ TEST(MyLVObserver, HearsOfManyChangesOnceAndTakesThemAsRanges)
     table.SetGridLines(true);
     table.ColumnHeaders(1).SetText("B");
     EXPECT_EQ(avertissements.nombre, 2);
-    c = table.PrendreChangements();
+    c = MyLV::PrendreChangements(avertissements);
     EXPECT_TRUE(c.selection && c.aspect && c.colonnes);
     EXPECT_EQ(c.premiere, 5);
     EXPECT_EQ(c.derniere, 6);
 
-    c = table.PrendreChangements();
+    c = MyLV::PrendreChangements(avertissements);
     EXPECT_FALSE(c.lignes || c.colonnes || c.selection || c.aspect || c.valeurs);
-    table.Observer(nullptr);
+    table.NePlusObserver(avertissements);
 }
 
 TEST(MyLVObserver, HearsOfEntriesAddedRemovedAndReordered)
@@ -430,16 +429,42 @@ TEST(MyLVObserver, HearsOfEntriesAddedRemovedAndReordered)
     MyLV table;
     MettreColonnes(table, {"A"});
     Avertissements avertissements;
-    table.Observer(&avertissements);
+    table.Observer(avertissements);
     AjouterEntrees(table, {{"b"}, {"a"}});
-    EXPECT_TRUE(table.PrendreChangements().lignes);
+    EXPECT_TRUE(MyLV::PrendreChangements(avertissements).lignes);
     table.SetSorted(true);
-    EXPECT_TRUE(table.PrendreChangements().lignes);
+    EXPECT_TRUE(MyLV::PrendreChangements(avertissements).lignes);
     table.SetSorted(true);
-    EXPECT_FALSE(table.PrendreChangements().lignes) << "an order that is right already changes nothing";
+    EXPECT_FALSE(MyLV::PrendreChangements(avertissements).lignes) << "an order that is right already changes nothing";
     table.ListItems.Remove(1);
-    EXPECT_TRUE(table.PrendreChangements().lignes);
-    table.Observer(nullptr);
+    EXPECT_TRUE(MyLV::PrendreChangements(avertissements).lignes);
+    table.NePlusObserver(avertissements);
+}
+
+TEST(MyLVObserver, EachTakesItsOwnChangesAndHearsNothingOnceItHasStopped)
+{
+    MyLV table;
+    MettreColonnes(table, {"A"});
+    AjouterEntrees(table, {{"b"}, {"a"}});
+    Avertissements un, autre;
+    const MyLV& aLire = table;
+    aLire.Observer(un);
+    table.ListItems(1).SetText("c");
+    aLire.Observer(autre);
+    EXPECT_EQ(un.nombre, 1);
+    EXPECT_EQ(autre.nombre, 0) << "what came before it is nothing new to it";
+    EXPECT_FALSE(MyLV::PrendreChangements(autre).valeurs);
+    EXPECT_TRUE(MyLV::PrendreChangements(un).valeurs);
+
+    table.ListItems(2).SetText("d");
+    EXPECT_TRUE(MyLV::PrendreChangements(un).valeurs);
+    EXPECT_TRUE(MyLV::PrendreChangements(autre).valeurs) << "the other one took only its own";
+    aLire.NePlusObserver(un);
+    table.SetGridLines(true);
+    EXPECT_EQ(un.nombre, 2);
+    EXPECT_EQ(autre.nombre, 2);
+    EXPECT_FALSE(MyLV::PrendreChangements(un).aspect);
+    aLire.NePlusObserver(autre);
 }
 
 TEST(MyLVGeneration, GrowsWithEveryChangeOfWhatAFileHolds)
