@@ -81,12 +81,17 @@ void frmChangeImage::MontrerChoisi()
     m_ui->Img->ChargerOuVider(FichierImage(Dossier, nom));
 }
 
-/// Entries that name the file keep their image name, and show no picture from then on.
+/// Entries that name the file keep their image name, and show no picture from then on. No other line is selected in its
+/// place, as lists do by themselves: Enter would give the entry a picture that nobody chose.
 void frmChangeImage::SupprimerChoisi()
 {
     int mode = 0;
-    if (SupprimerImage(FichierImage(Dossier, NomChoisi()), mode))
-        delete m_ui->List1->selectedItems().first();
+    if (!SupprimerImage(FichierImage(Dossier, NomChoisi()), mode))
+        return;
+    delete m_ui->List1->selectedItems().first();
+    // Its button is disabled now; the next one would take the focus, and is the one for no image.
+    m_ui->List1->setFocus();
+    m_ui->List1->clearSelection();
 }
 
 /// A failure ends this without a word, and the dialog stays as it was.

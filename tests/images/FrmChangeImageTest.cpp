@@ -256,6 +256,30 @@ TEST_F(FrmChangeImageTest, DeletingAsksAndTakesTheLineAway)
     EXPECT_TRUE(form.isVisible());
 }
 
+TEST_F(FrmChangeImageTest, AfterADeletionNothingIsSelectedAndEnterChangesNothing)
+{
+    Image("cat1/b.bmp", Neuve);
+    Image("cat1/c.bmp", Neuve);
+    const std::function<void()> gestes[] = {[&] { Presser("Command1"); },
+                                            [&] { QTest::keyClick(&List1(), Qt::Key_Delete); }};
+    for (const auto& geste : gestes) {
+        List1().clear();
+        Montrer();
+        Cliquer(List1().item(0)->text());
+        const GardeModale garde(
+            [](QWidget& question) { QTest::mouseClick(question.findChild<QPushButton*>("btOui"), Qt::LeftButton); });
+        geste();
+        EXPECT_TRUE(List1().selectedItems().isEmpty());
+        EXPECT_TRUE(Img().Image().isNull());
+        EXPECT_FALSE(Bouton("Command1").isEnabled());
+        ASSERT_EQ(form.focusWidget(), &List1());
+        QTest::keyClick(form.focusWidget(), Qt::Key_Return);
+        EXPECT_EQ(form.Resultat, "");
+        EXPECT_FALSE(form.isVisible());
+    }
+    EXPECT_EQ(Fichiers().size(), 1);
+}
+
 TEST_F(FrmChangeImageTest, AnImageThatIsKeptKeepsItsLine)
 {
     Montrer();
