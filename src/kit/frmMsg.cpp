@@ -6,6 +6,7 @@
 #include "kit/MotsLongs.h"
 #include "ui_frmMsg.h"
 
+#include <QKeyEvent>
 #include <QKeySequence>
 #include <QScreen>
 #include <QStyle>
@@ -20,6 +21,29 @@ constexpr int LargeurMot = 560;      // a line without blanks, a path say, may b
 constexpr double PartDeLEcran = 0.6; // of the height that a text may take before it scrolls
 constexpr int LargeurBouton = 92;
 constexpr int CoteImage = 32;
+
+/// A key that was pressed for the window below and is still held: the question came up under it, and nobody has read it
+/// yet. What moves the focus or scrolls does no harm.
+bool EstRestee(const QKeyEvent& touche)
+{
+    if (!touche.isAutoRepeat())
+        return false;
+    switch (touche.key()) {
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+        return false;
+    default:
+        return true;
+    }
+}
 
 } // namespace
 
@@ -39,6 +63,8 @@ frmMsg::frmMsg(const QString& texte, int genre, const QString& titre, QWidget* p
     ChoisirBoutons(genre);
     DonnerTouches();
     AjusterTaille(LargeurDuPlusLongMot(texte, m_ui->Label1->fontMetrics()));
+    for (QPushButton* bouton : {m_ui->btYes, m_ui->btNo, m_ui->btCancel})
+        bouton->installEventFilter(this);
     connect(m_ui->btYes, &QPushButton::clicked, this, [this] { Repondre(RetourYes); });
     connect(m_ui->btNo, &QPushButton::clicked, this, [this] { Repondre(RetourNo); });
     connect(m_ui->btCancel, &QPushButton::clicked, this, [this] { Repondre(RetourCancel); });
@@ -85,6 +111,19 @@ void frmMsg::AjusterTaille(int plusLongMot)
     // Keys scroll too, once Tab has led there; while all is seen it would be a stop for nothing.
     m_ui->Defilement->setFocusPolicy(ascenseur > 0 ? Qt::StrongFocus : Qt::NoFocus);
     resize(layout()->totalMinimumSize());
+}
+
+bool frmMsg::eventFilter(QObject* objet, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress && EstRestee(*static_cast<QKeyEvent*>(event)))
+        return true;
+    return QDialog::eventFilter(objet, event);
+}
+
+void frmMsg::keyPressEvent(QKeyEvent* event)
+{
+    if (!EstRestee(*event))
+        QDialog::keyPressEvent(event);
 }
 
 void frmMsg::Repondre(int reponse)

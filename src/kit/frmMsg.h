@@ -5,6 +5,8 @@
 
 #include <memory>
 
+class QKeyEvent;
+
 namespace Ui {
 class frmMsg;
 }
@@ -24,6 +26,11 @@ public:
     int RetourCancel = 0;
     /// What was answered. Stays as it is here when the box is closed without a button, with Escape too.
     int Resultat = 2;
+
+protected:
+    // A key that is held down and repeats answers nothing.
+    bool eventFilter(QObject* objet, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void ChoisirBoutons(int genre);

@@ -40,6 +40,12 @@ int Taper(int genre, Qt::Key touche, Qt::KeyboardModifiers avec = Qt::NoModifier
     return Demander(genre, [=](QWidget& boite) { QTest::keyClick(&boite, touche, avec); });
 }
 
+/// Sends a key as one that is held sends it again.
+void Repeter(QWidget& cible, Qt::Key touche, Qt::KeyboardModifiers avec = Qt::NoModifier)
+{
+    QTest::simulateEvent(&cible, true, touche, avec, QString(), true, -1);
+}
+
 QStringList BoutonsVisibles(int genre)
 {
     const frmMsg boite(u"texte"_s, genre, QString());
@@ -116,6 +122,37 @@ TEST(FrmMsg, EnterPressesTheFirstButton)
 {
     EXPECT_EQ(Taper(MsgOk, Qt::Key_Return), 1);
     EXPECT_EQ(Taper(MsgOuiNonAnnuler, Qt::Key_Enter), 6);
+}
+
+TEST(FrmMsg, AKeyThatIsHeldAnswersNothing)
+{
+    const QList<std::pair<Qt::Key, Qt::KeyboardModifiers>> touches{
+        {Qt::Key_Return, Qt::NoModifier}, {Qt::Key_Enter, Qt::KeypadModifier}, {Qt::Key_Space, Qt::NoModifier},
+        {Qt::Key_Escape, Qt::NoModifier}, {Qt::Key_O, Qt::NoModifier},         {Qt::Key_O, Qt::AltModifier},
+        {Qt::Key_N, Qt::AltModifier}};
+    for (const auto& [touche, avec] : touches) {
+        EXPECT_EQ(Demander(MsgOuiNon,
+                           [touche, avec](QWidget& boite) {
+                               for (QWidget* cible : {boite.focusWidget(), &boite}) {
+                                   Repeter(*cible, touche, avec);
+                                   QTest::keyRelease(cible, touche, avec);
+                                   EXPECT_TRUE(boite.isVisible()) << touche;
+                               }
+                               QTest::keyClick(boite.focusWidget(), Qt::Key_N, Qt::AltModifier);
+                           }),
+                  RepNon)
+            << touche;
+    }
+}
+
+TEST(FrmMsg, AKeyThatIsHeldStillMovesTheFocus)
+{
+    EXPECT_EQ(Demander(MsgOuiNon,
+                       [](QWidget& boite) {
+                           Repeter(*boite.focusWidget(), Qt::Key_Tab);
+                           QTest::keyClick(boite.focusWidget(), Qt::Key_Return);
+                       }),
+              RepNon);
 }
 
 TEST(FrmMsg, AltAndTheFirstLetterPressAButton)
