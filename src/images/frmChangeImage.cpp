@@ -67,6 +67,12 @@ void frmChangeImage::Fermer(const QString& resultat)
     accept();
 }
 
+void frmChangeImage::reject()
+{
+    Resultat.clear();
+    QDialog::reject();
+}
+
 /// Empty when no line is selected. The current line is another matter: the list has one as soon as it has the focus.
 QString frmChangeImage::NomChoisi() const
 {

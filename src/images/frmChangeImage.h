@@ -26,6 +26,9 @@ public:
     /// Lists the folder's images and shows the picture of `nomActuel`, if it is one of them. None is selected.
     void Remplir(const QString& nomActuel);
 
+    /// Closes without a change, however it is closed.
+    void reject() override;
+
 private:
     void Fermer(const QString& resultat);
     QString NomChoisi() const;
