@@ -36,7 +36,8 @@ public:
 PresentateurMessages* InstallerPresentateur(PresentateurMessages* presentateur);
 
 /// Shows `message` modally and returns the button's number. `genre`: 0 one button (answer 1), 1 two buttons (1, 2),
-/// 4 yes and no (6, 7), any other, in use 3, yes, no and cancel (6, 7, 2). An empty title is allowed.
+/// 4 yes and no (6, 7), any other, in use 3, yes, no and cancel (6, 7, 2). An empty title is allowed. Enter presses the
+/// first button unless the message names another answer (Message::ParDefaut).
 int AfficherMsg(const Message& message, int genre, const QString& titre);
 
 /// Asks the presenter for a password; empty when the user gives none.

@@ -15,6 +15,7 @@ MessagesEnFenetre::~MessagesEnFenetre()
 int MessagesEnFenetre::Afficher(const Message& message, int genre, const QString& titre)
 {
     frmMsg boite(message.texte, genre, titre, FenetreDessous());
+    boite.ChoisirDefaut(message.defaut);
     boite.exec();
     return boite.Resultat;
 }

@@ -11,6 +11,8 @@
 #include <QScreen>
 #include <QStyle>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -83,6 +85,18 @@ void frmMsg::ChoisirBoutons(int genre)
     for (QPushButton* bouton : {m_ui->btYes, m_ui->btNo, m_ui->btCancel})
         bouton->setMinimumWidth(LargeurBouton);
     m_ui->btYes->setFocus();
+}
+
+void frmMsg::ChoisirDefaut(int reponse)
+{
+    const std::pair<QPushButton*, int> boutons[] = {
+        {m_ui->btYes, RetourYes}, {m_ui->btNo, RetourNo}, {m_ui->btCancel, RetourCancel}};
+    for (const auto& [bouton, retour] : boutons) {
+        if (retour != reponse || bouton->isHidden())
+            continue;
+        bouton->setDefault(true);
+        bouton->setFocus();
+    }
 }
 
 /// Alt and the first letter press a button whose caption marks no letter of its own.

@@ -20,6 +20,10 @@ public:
     frmMsg(const QString& texte, int genre, const QString& titre, QWidget* parent = nullptr);
     ~frmMsg() override;
 
+    /// Makes the button that returns `reponse` the one that Enter presses; the first button is, until then. A number
+    /// that no button returns changes nothing.
+    void ChoisirDefaut(int reponse);
+
     // What the buttons return.
     int RetourYes = 0;
     int RetourNo = 0;

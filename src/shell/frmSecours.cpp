@@ -1,5 +1,6 @@
 #include "shell/frmSecours.h"
 
+#include "base/AfficherMsg.h"
 #include "extensions/langue/LangForm.h"
 #include "extensions/langue/modLang.h"
 #include "kit/Icones.h"
@@ -62,8 +63,7 @@ frmSecours::frmSecours(Cadre& cadre, std::vector<DossierLaisse> laisses, QWidget
     connect(m_ui->btOuvrir, &QPushButton::clicked, this, [this] {
         PourChaqueChoisi([this](const DossierLaisse& laisse) { return OuvrirLaisse(m_cadre, laisse); });
     });
-    connect(m_ui->btJeter, &QPushButton::clicked, this,
-            [this] { PourChaqueChoisi([](const DossierLaisse& laisse) { return JeterLaisse(laisse), true; }); });
+    connect(m_ui->btJeter, &QPushButton::clicked, this, &frmSecours::Jeter);
     connect(m_ui->btPlusTard, &QPushButton::clicked, this, &QDialog::reject);
     LangForm(*this);
     setAccessibleDescription(m_ui->Label1->text());
@@ -96,6 +96,28 @@ void frmSecours::Accorder()
     const bool choisi = !m_ui->lstLaisses->selectedItems().isEmpty();
     m_ui->btOuvrir->setEnabled(choisi);
     m_ui->btJeter->setEnabled(choisi);
+}
+
+QStringList frmSecours::NomsChoisis() const
+{
+    QStringList noms;
+    for (int i = 0; i < m_ui->lstLaisses->topLevelItemCount(); ++i) {
+        if (m_ui->lstLaisses->topLevelItem(i)->isSelected())
+            noms.append(m_laisses[static_cast<size_t>(i)].nom);
+    }
+    return noms;
+}
+
+/// Nothing brings back what goes here: who clicked beside the button for opening is asked, and Enter keeps it.
+void frmSecours::Jeter()
+{
+    const QString noms = NomsChoisis().join(u'\n');
+    const Message question =
+        LangMsg(u"msgSecoursJeter"_s, u"Supprimer définitivement ? Ce qui n'a pas été enregistré sera perdu :\n%1"_s)
+            .Remplacer(u"%1"_s, noms)
+            .ParDefaut(RepNon);
+    if (AfficherMsg(question, MsgOuiNon, windowTitle()) == RepOui)
+        PourChaqueChoisi([](const DossierLaisse& laisse) { return JeterLaisse(laisse), true; });
 }
 
 /// What was done leaves the list; the line in its place is the next to choose.

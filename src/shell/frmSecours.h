@@ -28,6 +28,8 @@ public:
 private:
     void Remplir();
     void Accorder();
+    QStringList NomsChoisis() const;
+    void Jeter();
     void PourChaqueChoisi(const std::function<bool(const DossierLaisse&)>& faire);
 
     std::unique_ptr<Ui::frmSecours> m_ui;

@@ -77,6 +77,7 @@ class ComingBackAfterAKill(ProgramTest):
         program.find(name="Erreur lors de l'ouverture : le fichier n'existe pas")
         program.key("Return")
         program.find(role="push button", name="Jeter").click()
+        program.find(role="push button", name="Oui").click()
 
         wait_until(lambda: self.left(home) == [], "the end of the folder")
         wait_until(lambda: len(program.window_titles()) == 1, "the end of the dialog")

@@ -40,6 +40,14 @@ int Taper(int genre, Qt::Key touche, Qt::KeyboardModifiers avec = Qt::NoModifier
     return Demander(genre, [=](QWidget& boite) { QTest::keyClick(&boite, touche, avec); });
 }
 
+/// Asks a question of three buttons whose answer by default is `defaut`, and presses Enter.
+int EntreeAvecDefaut(int defaut)
+{
+    const MessagesEnFenetre presentateur;
+    const GardeModale garde([](QWidget& boite) { QTest::keyClick(boite.focusWidget(), Qt::Key_Return); });
+    return AfficherMsg(Message(u"Jeter ?"_s).ParDefaut(defaut), MsgOuiNonAnnuler, QString());
+}
+
 /// Sends a key as one that is held sends it again.
 void Repeter(QWidget& cible, Qt::Key touche, Qt::KeyboardModifiers avec = Qt::NoModifier)
 {
@@ -153,6 +161,26 @@ TEST(FrmMsg, AKeyThatIsHeldStillMovesTheFocus)
                            QTest::keyClick(boite.focusWidget(), Qt::Key_Return);
                        }),
               RepNon);
+}
+
+TEST(FrmMsg, AMessageMayNameTheAnswerOfEnter)
+{
+    EXPECT_EQ(EntreeAvecDefaut(RepNon), RepNon);
+    EXPECT_EQ(EntreeAvecDefaut(RepAnnuler), RepAnnuler);
+    EXPECT_EQ(EntreeAvecDefaut(RepOui), RepOui);
+    EXPECT_EQ(EntreeAvecDefaut(0), RepOui);
+    EXPECT_EQ(EntreeAvecDefaut(RepOk), RepOui) << "no button returns it";
+}
+
+TEST(FrmMsg, TheButtonOfEnterIsDrawnAsTheOne)
+{
+    frmMsg boite(u"Jeter ?"_s, MsgOuiNon, QString());
+    boite.ChoisirDefaut(RepAnnuler);
+    EXPECT_TRUE(Bouton(boite, "btYes").isDefault()) << "hidden ones do not count";
+    boite.ChoisirDefaut(RepNon);
+    boite.show();
+    EXPECT_TRUE(Bouton(boite, "btNo").isDefault());
+    EXPECT_FALSE(Bouton(boite, "btYes").isDefault());
 }
 
 TEST(FrmMsg, AltAndTheFirstLetterPressAButton)

@@ -139,13 +139,33 @@ TEST_F(FrmSecours, TheListGetsShorterAndTheNextOneIsChosen)
     Abandonner(9, 10);
     const auto form = Form();
     ASSERT_EQ(Noms(*form), QStringList({"cat7", "cat8", "cat9"}));
+    reponses.Preparer(RepOui);
     Cliquer(*form, u"btJeter"_s);
     EXPECT_EQ(Noms(*form), QStringList({"cat8", "cat9"}));
     EXPECT_FALSE(EstLaisse(7));
     EXPECT_TRUE(Liste(*form).topLevelItem(0)->isSelected());
     EXPECT_TRUE(form->isVisible());
     EXPECT_TRUE(EstLaisse(8));
-    EXPECT_EQ(reponses.Affiches().size(), 0) << "nobody is asked twice";
+    EXPECT_EQ(reponses.Affiches().size(), 1);
+}
+
+TEST_F(FrmSecours, ThrowingAwayAsksFirstAndEnterKeeps)
+{
+    Abandonner(7, 30);
+    Abandonner(8, 20);
+    const auto form = Form();
+    for (const int reponse : {RepNon, RepAnnuler}) {
+        reponses.Preparer(reponse);
+        Cliquer(*form, u"btJeter"_s);
+        EXPECT_TRUE(form->isVisible());
+        EXPECT_EQ(Noms(*form), QStringList({"cat7", "cat8"}));
+        EXPECT_TRUE(EstLaisse(7));
+    }
+    ASSERT_EQ(reponses.Cles(), QStringList({"msgSecoursJeter", "msgSecoursJeter"}));
+    const FileDeReponses::Affiche& question = reponses.Affiches().first();
+    EXPECT_EQ(question.message.texte, u"Supprimer définitivement ? Ce qui n'a pas été enregistré sera perdu :\ncat7"_s);
+    EXPECT_EQ(question.message.defaut, RepNon);
+    EXPECT_EQ(question.genre, MsgOuiNon);
 }
 
 TEST_F(FrmSecours, SeveralAreThrownAwayAtOnce)
@@ -155,8 +175,11 @@ TEST_F(FrmSecours, SeveralAreThrownAwayAtOnce)
     Abandonner(9, 10);
     const auto form = Form();
     Liste(*form).topLevelItem(2)->setSelected(true);
+    reponses.Preparer(RepOui);
     Cliquer(*form, u"btJeter"_s);
     EXPECT_EQ(Noms(*form), QStringList("cat8"));
+    EXPECT_TRUE(reponses.Affiches().last().message.texte.endsWith(u":\ncat7\ncat9"_s)) << "one question, all names";
+    reponses.Preparer(RepOui);
     Cliquer(*form, u"btJeter"_s);
     EXPECT_FALSE(form->isVisible());
     EXPECT_FALSE(EstLaisse(7) || EstLaisse(8) || EstLaisse(9));
@@ -215,6 +238,7 @@ TEST_F(FrmSecours, KeysAloneAreEnough)
         QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
         EXPECT_EQ(form->focusWidget()->objectName(), nom);
     }
+    reponses.Preparer(RepOui);
     QTest::keyClick(form.get(), Qt::Key_J, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return Noms(*form) == QStringList("cat8"); }));
     Liste(*form).setFocus();
@@ -257,6 +281,7 @@ TEST_F(FrmSecours, TheStartOffersWhatWasLeftAndNothingElse)
     etapes.ProposerSecours(); // no window opens: it would stay open for ever
 
     Abandonner(7, 30);
+    reponses.Preparer(RepOui);
     const GardeModale garde([](QWidget& fenetre) {
         EXPECT_EQ(fenetre.objectName(), "frmSecours");
         Cliquer(fenetre, u"btJeter"_s);
