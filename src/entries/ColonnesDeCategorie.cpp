@@ -17,13 +17,18 @@ bool Refuser(const QString& cle, const QString& texte)
 
 void ColonnesDeCategorie::Choisir(int position)
 {
+    if (position == m_choisie)
+        return;
+    LacherIntacte();
     m_choisie = Existe(position) ? position : 0;
 }
 
 void ColonnesDeCategorie::Renommer(const QString& titre)
 {
-    if (m_choisie > 0 && !TitreFige())
-        m_titres[m_choisie - 1] = titre;
+    if (m_choisie == 0 || TitreFige() || titre == TitreChoisi())
+        return;
+    m_titres[m_choisie - 1] = titre;
+    m_intacte = false;
 }
 
 void ColonnesDeCategorie::Ajouter()
@@ -32,6 +37,23 @@ void ColonnesDeCategorie::Ajouter()
     if (vide < 0)
         m_titres.append(QString());
     m_choisie = static_cast<int>(vide < 0 ? m_titres.size() : vide + 1);
+    m_intacte = false;
+}
+
+void ColonnesDeCategorie::Enchainer()
+{
+    const bool nouvelle = !m_titres.contains(QString());
+    Ajouter();
+    m_intacte = nouvelle;
+}
+
+void ColonnesDeCategorie::LacherIntacte()
+{
+    if (!m_intacte)
+        return;
+    m_intacte = false;
+    m_titres.removeLast();
+    m_choisie = Nombre();
 }
 
 bool ColonnesDeCategorie::Supprimer()
@@ -44,6 +66,7 @@ bool ColonnesDeCategorie::Supprimer()
                     QString()) != RepOui)
         return false;
     m_titres.removeAt(m_choisie - 1);
+    m_intacte = false;
     if (m_dependante == m_choisie)
         m_dependante = 0;
     else if (m_dependante > m_choisie)
@@ -69,6 +92,7 @@ void ColonnesDeCategorie::Echanger(int position, int voisine)
 {
     m_titres.swapItemsAt(position - 1, voisine - 1);
     m_choisie = voisine;
+    m_intacte = false;
     if (m_dependante > 0)
         m_dependante = voisine;
 }
@@ -76,10 +100,13 @@ void ColonnesDeCategorie::Echanger(int position, int voisine)
 void ColonnesDeCategorie::ChoisirDependante(int position)
 {
     m_dependante = Existe(position) ? position : 0;
+    if (m_dependante == m_choisie)
+        m_intacte = false;
 }
 
-bool ColonnesDeCategorie::Verifier() const
+bool ColonnesDeCategorie::Verifier()
 {
+    LacherIntacte();
     if (m_titres.contains(QString()))
         return Refuser(u"msg53"_s,
                        u"Une Colonne n'a pas de nom, donnez lui un nom ou supprimer là avant de poursuivre"_s);

@@ -16,7 +16,7 @@ public:
     /// The position in hand, and its title: empty when none is.
     int Choisie() const { return m_choisie; }
     QString TitreChoisi() const { return m_titres.value(m_choisie - 1); }
-    /// A position outside 1 to Nombre chooses none.
+    /// A position outside 1 to Nombre chooses none. A title that Enchainer added goes, unless it is the one chosen.
     void Choisir(int position);
 
     /// The title in hand is the loan column's: it can be neither renamed nor deleted. That also holds for one that the
@@ -28,6 +28,8 @@ public:
 
     /// Takes an empty title in hand, the last one there is; adds one at the end when there is none.
     void Ajouter();
+    /// The same for who types title after title: the one added goes by itself when nothing was done with it.
+    void Enchainer();
     /// Deletes the column in hand once the user agrees ("msg57"), and takes the one before in hand; the loan column is
     /// refused ("msg56"). True when it is gone. The choice of the dependant column goes with its column.
     bool Supprimer();
@@ -46,14 +48,17 @@ public:
     /// The dependant column of the category; 0 for none.
     int Dependante() const { return Dependant ? m_dependante : 0; }
 
-    /// Whether the category can be made; tells what is missing ("msg53" to "msg55").
-    bool Verifier() const;
+    /// Whether the category can be made; tells what is missing ("msg53" to "msg55"). A title that Enchainer added and
+    /// nobody touched goes first.
+    bool Verifier();
 
 private:
     bool Existe(int position) const { return position >= 1 && position <= Nombre(); }
     void Echanger(int position, int voisine);
+    void LacherIntacte();
 
     QStringList m_titres{QString()};
     int m_choisie = 1;
     int m_dependante = 0;
+    bool m_intacte = false; ///< the last title is in hand, was added by Enchainer and not touched since
 };

@@ -7,6 +7,7 @@
 #include "kit/ValideurDeLigne.h"
 #include "ui_frmAddCategorie2.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QShortcut>
 #include <QSignalBlocker>
@@ -76,6 +77,10 @@ void frmAddCategorie2::BrancherBoutons()
 void frmAddCategorie2::BrancherTouches()
 {
     m_ui->Text1->installEventFilter(this);
+    // The frame of the default button tells where Enter acts: in the title's field it goes on to the next column.
+    connect(qApp, &QApplication::focusChanged, m_ui->btAjouter, [creer = m_ui->btAjouter, titre = m_ui->Text1] {
+        creer->setDefault(titre->window()->focusWidget() != titre);
+    });
     const auto touche = [](QWidget* zone, const QKeySequence& cle, QAbstractButton* bouton, Qt::ShortcutContext ou) {
         QObject::connect(new QShortcut(cle, zone, nullptr, nullptr, ou), &QShortcut::activated, bouton,
                          [bouton] { bouton->click(); });
@@ -165,7 +170,9 @@ void frmAddCategorie2::Deplacer(void (ColonnesDeCategorie::*deplacement)())
 
 void frmAddCategorie2::Valider()
 {
-    if (Colonnes.Verifier())
+    const bool complete = Colonnes.Verifier();
+    Montrer();
+    if (complete)
         accept();
     else if (Colonnes.Titres().contains(QString()))
         Ajouter(); // leads to the title that is missing
@@ -205,10 +212,12 @@ void frmAddCategorie2::ColonneSuivante()
 {
     if (Colonnes.TitreChoisi().isEmpty())
         return;
-    if (Colonnes.PeutDescendre())
+    if (Colonnes.PeutDescendre()) {
         m_ui->List1->setCurrentRow(Colonnes.Choisie());
-    else
-        Ajouter();
+    } else {
+        Colonnes.Enchainer();
+        Montrer();
+    }
     AllerAuTitre();
 }
 

@@ -224,7 +224,7 @@ TEST_F(ColonnesDeCategorieTest, WithoutTheBoxThereIsNoDependantColumn)
 
 TEST_F(ColonnesDeCategorieTest, TheChecksTellTheFirstThatIsMissing)
 {
-    const auto premier = [this](const ColonnesDeCategorie& colonnes) {
+    const auto premier = [this](ColonnesDeCategorie& colonnes) {
         const qsizetype avant = reponses.Affiches().size();
         const bool bon = colonnes.Verifier();
         EXPECT_EQ(reponses.Affiches().size(), avant + (bon ? 0 : 1));

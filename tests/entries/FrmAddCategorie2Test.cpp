@@ -9,6 +9,7 @@
 #include "support/PlateformeDeTest.h"
 
 #include <QLabel>
+#include <QPushButton>
 
 #include <functional>
 
@@ -358,6 +359,93 @@ TEST_F(FrmAddCategorie2Test, TitlesAreTypedOneAfterTheOtherWithEnter)
     EXPECT_EQ(reponses.Cles(), QStringList());
 }
 
+TEST_F(FrmAddCategorie2Test, TheRowThatEnterAddedAndNobodyTouchedIsNoColumn)
+{
+    for (const QString& titre : {u"a"_s, u"b"_s}) {
+        d.Taper(titre);
+        d.Touche(Qt::Key_Return);
+    }
+    EXPECT_EQ(d.Titres(), QStringList({"a", "b", ""}));
+    d.Cliquer("btAjouter");
+    EXPECT_EQ(reponses.Cles(), QStringList());
+    EXPECT_EQ(form.result(), QDialog::Accepted);
+    EXPECT_EQ(form.Colonnes.Titres(), QStringList({"a", "b"}));
+}
+
+TEST_F(FrmAddCategorie2Test, TheRowThatEnterAddedGoesWhenItIsLeft)
+{
+    const std::function<void()> gestes[] = {
+        [this] { d.Touche(Qt::Key_Up); }, [this] { d.CliquerLigne(2); },
+        [this] { d.CliquerLigne(3, Qt::ControlModifier); }, // takes it out of the selection
+    };
+    d.TaperTitres({"a", "b"});
+    for (const auto& quitter : gestes) {
+        d.CliquerLigne(2);
+        d.Text1().setFocus();
+        d.Touche(Qt::Key_Return);
+        ASSERT_EQ(d.Titres(), QStringList({"a", "b", ""}));
+        ASSERT_EQ(d.Choisie(), 3);
+        quitter();
+        EXPECT_EQ(d.Titres(), QStringList({"a", "b"}));
+    }
+}
+
+TEST_F(FrmAddCategorie2Test, OfTheRowThatEnterAddedNothingIsLeftWhenSomethingElseIsMissing)
+{
+    d.cbDependant().setChecked(true);
+    d.Taper(u"a"_s);
+    d.Touche(Qt::Key_Return);
+    d.Cliquer("btAjouter");
+    EXPECT_EQ(reponses.Cles(), QStringList({"msg55"}));
+    EXPECT_EQ(d.Titres(), QStringList({"a"}));
+    EXPECT_EQ(d.Choisie(), 1);
+    EXPECT_EQ(d.Text1().text(), "a");
+}
+
+TEST_F(FrmAddCategorie2Test, ARowThatTheUserTouchedStaysAndMustHaveAName)
+{
+    const std::function<void()> gestes[] = {
+        [this] {
+            d.Taper(u"x"_s);
+            d.Touche(Qt::Key_Backspace);
+        },
+        [this] { d.Cliquer("btAddCol"); },
+        [this] { d.Cliquer("btUp"); },
+        [this] { d.ChoisirDependante(form.Colonnes.Nombre()); },
+    };
+    d.Taper(u"a"_s);
+    for (const auto& toucher : gestes) {
+        d.CliquerLigne(1);
+        d.Text1().setFocus();
+        d.Touche(Qt::Key_Return);
+        ASSERT_EQ(d.Titres(), QStringList({"a", ""}));
+        toucher();
+        const int vide = static_cast<int>(d.Titres().indexOf(QString())) + 1;
+        d.CliquerLigne(vide == 1 ? 2 : 1);
+        EXPECT_EQ(d.Titres().size(), 2);
+        d.Cliquer("btAjouter");
+        EXPECT_EQ(reponses.Cles().last(), "msg53");
+        reponses.Preparer(RepOui);
+        d.CliquerLigne(vide);
+        d.Cliquer("btSupprCol");
+    }
+    EXPECT_EQ(reponses.Cles().count("msg53"), 4);
+}
+
+TEST_F(FrmAddCategorie2Test, TheDefaultButtonIsDrawnWhereEnterActs)
+{
+    const auto* creer = form.findChild<QPushButton*>("btAjouter");
+    ASSERT_EQ(form.focusWidget(), &d.Text1());
+    EXPECT_FALSE(creer->isDefault()) << "Enter goes on to the next title";
+    for (const char* suivant : {"cbDependant", "btAjouter", "Annuler", "List1"}) {
+        d.Touche(Qt::Key_Tab);
+        ASSERT_EQ(form.focusWidget()->objectName(), suivant);
+        EXPECT_TRUE(creer->isDefault()) << suivant;
+    }
+    d.Text1().setFocus();
+    EXPECT_FALSE(creer->isDefault());
+}
+
 TEST_F(FrmAddCategorie2Test, EnterGoesOnToTheNextColumnThereIs)
 {
     d.TaperTitres({"a", "b"});
@@ -376,6 +464,8 @@ TEST_F(FrmAddCategorie2Test, EnterElsewhereAndCtrlEnterValidate)
     EXPECT_EQ(form.result(), QDialog::Accepted);
     form.setResult(QDialog::Rejected);
     form.show();
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
     d.List1().setFocus();
     d.Touche(Qt::Key_Return);
     EXPECT_EQ(form.result(), QDialog::Accepted);
