@@ -5,10 +5,12 @@
 #include "images/FicheDEntree.h"
 #include "images/FichierImage.h"
 #include "kit/Icones.h"
+#include "kit/MotsLongs.h"
 #include "ui_frmView.h"
 
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QShowEvent>
 #include <QSplitter>
 #include <QWheelEvent>
@@ -17,8 +19,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int LongueurTitre = 500; // letters; a title that fills the window is no title
-constexpr double MargeTexte = 8;   // letters that touch the frame are tiring to read
+constexpr int LignesDeTitre = 5; // a title that fills the window is no title: what is beyond scrolls
+constexpr int LargeurMot = 280;  // pixels; a longer word is broken, so that a narrow window shows it whole too
+constexpr double MargeTexte = 8; // letters that touch the frame are tiring to read
 
 } // namespace
 
@@ -53,11 +56,39 @@ void frmView::Redraw()
 {
     setWindowTitle(u"(%1 / %2)"_s.arg(Numero).arg(Nombre()));
     const ListItem entree = MyLV ? MyLV->ListItems(Numero) : ListItem();
-    const QString titre = entree ? entree.Text() : QString();
-    m_ui->Label1->setText(titre.size() > LongueurTitre ? titre.left(LongueurTitre) + u'…' : titre);
+    MontrerTitre(entree ? entree.Text() : QString());
     MontrerFiche(MyLV ? FicheDEntree(*MyLV, Numero) : QString());
     m_ui->Img->ChargerOuVider(entree ? FichierImage(Dossier, entree.Tag()) : QString());
     PermettreBoutons();
+}
+
+/// What the reader scrolled to stays, as in MontrerFiche.
+void frmView::MontrerTitre(const QString& titre)
+{
+    if (titre == m_titre)
+        return;
+    m_titre = titre;
+    m_ui->Label1->setText(CouperMotsLongs(titre, m_ui->Label1->fontMetrics(), LargeurMot));
+    m_ui->Defilement->verticalScrollBar()->setValue(0);
+    AjusterTitre();
+}
+
+void frmView::AjusterTitre()
+{
+    const int hauteur = m_ui->Label1->heightForWidth(m_ui->Defilement->width());
+    const int ligne = m_ui->Label1->fontMetrics().lineSpacing();
+    const int auPlus = LignesDeTitre * ligne;
+    m_ui->Defilement->setFixedHeight(qBound(ligne, hauteur, auPlus));
+    // While all is seen the title would be a stop of Tab for nothing.
+    m_ui->Defilement->setFocusPolicy(hauteur > auPlus ? Qt::StrongFocus : Qt::NoFocus);
+    if (hauteur <= auPlus && m_ui->Defilement->hasFocus())
+        m_ui->btAnnuler->setFocus();
+}
+
+void frmView::resizeEvent(QResizeEvent* event)
+{
+    QDialog::resizeEvent(event);
+    AjusterTitre();
 }
 
 /// The form may only have come back to the front: what the reader scrolled to or marked stays then.

@@ -30,6 +30,7 @@ public:
 protected:
     bool event(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* objet, QEvent* event) override;
 
 private:
@@ -37,10 +38,13 @@ private:
     void AllerA(int numero);
     bool AllerParTouche(const QKeyEvent& touche);
     void Rouler(int huitiemes);
+    void MontrerTitre(const QString& titre);
+    void AjusterTitre();
     void MontrerFiche(const QString& fiche);
     void PermettreBoutons();
 
     std::unique_ptr<Ui::frmView> m_ui;
+    QString m_titre;
     QString m_fiche;
     int m_roulement = 0; ///< what the wheel turned since it last walked, in eighths of a degree
 };
