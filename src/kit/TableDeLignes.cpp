@@ -128,6 +128,18 @@ QPaintEvent PartieDe(const QPaintEvent& event, const PlageDeColonnes& plage)
     return QPaintEvent(event.region() & partie);
 }
 
+void DessinerFocus(QPainter& painter, const QTableView& table, int ligne, bool choisie)
+{
+    const QHeaderView& titres = *table.horizontalHeader();
+    const QRect rangee(table.columnViewportPosition(0), table.rowViewportPosition(ligne - 1), titres.length(),
+                       table.rowHeight(ligne - 1));
+    const QColor trait = table.palette().color(choisie ? QPalette::HighlightedText : QPalette::Highlight);
+    painter.fillRect(rangee.left(), rangee.top(), rangee.width(), 1, trait);
+    painter.fillRect(rangee.left(), rangee.bottom(), rangee.width(), 1, trait);
+    painter.fillRect(rangee.left(), rangee.top(), 1, rangee.height(), trait);
+    painter.fillRect(rangee.right(), rangee.top(), 1, rangee.height(), trait);
+}
+
 void EcouterTitres(QTableView& table, const std::function<void(int)>& clic)
 {
     QHeaderView* titres = table.horizontalHeader();

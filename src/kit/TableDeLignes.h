@@ -6,6 +6,7 @@
 
 class QHeaderView;
 class QPaintEvent;
+class QPainter;
 class QTableView;
 
 /// Makes a table of rows: one is selected as a whole, scrolled to by pixels and as high as any other; columns may have
@@ -30,6 +31,9 @@ struct PlageDeColonnes
 std::vector<PlageDeColonnes> ColonnesVues(const QHeaderView& titres, int gauche, int droite);
 /// What such columns have of a picture that is to be painted.
 QPaintEvent PartieDe(const QPaintEvent& event, const PlageDeColonnes& plage);
+/// Tells which row (from 1) of the table has the focus: by a line around all of it, seen on a selected row too. Styles
+/// lay a colour over it, and a row looks selected then that is not.
+void DessinerFocus(QPainter& painter, const QTableView& table, int ligne, bool choisie);
 /// Calls `clic` with the column (from 1) for each click on a title while titles are clickable, also for the second of
 /// two quick ones: who clicks twice turns the order twice.
 void EcouterTitres(QTableView& table, const std::function<void(int)>& clic);

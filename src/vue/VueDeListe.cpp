@@ -9,6 +9,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPaintEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 
@@ -34,6 +35,14 @@ public:
     QString displayText(const QVariant& valeur, const QLocale&) const override
     {
         return PartieVisible(valeur.toString());
+    }
+
+protected:
+    /// The view draws the focus, around the whole row.
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->state &= ~QStyle::State_HasFocus;
     }
 };
 
@@ -147,6 +156,10 @@ void VueDeListe::paintEvent(QPaintEvent* event)
         QPaintEvent partie = PartieDe(*event, plage);
         QTableView::paintEvent(&partie);
     }
+    if (!hasFocus() || !currentIndex().isValid())
+        return;
+    QPainter painter(viewport());
+    DessinerFocus(painter, *this, currentIndex().row() + 1, selectionModel()->isSelected(currentIndex()));
 }
 
 // ---- keys
@@ -211,6 +224,13 @@ void VueDeListe::Surligner(const std::vector<std::pair<int, int>>& plages)
             selection.append(
                 {model()->index(premiere - 1, 0), model()->index(derniere - 1, model()->columnCount() - 1)});
     selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+}
+
+/// The base draws one cell anew, and the focus is the row's.
+void VueDeListe::currentChanged(const QModelIndex& courante, const QModelIndex& quittee)
+{
+    QTableView::currentChanged(courante, quittee);
+    viewport()->update();
 }
 
 /// Not the base's, which makes an index of every cell that was highlighted.

@@ -37,6 +37,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void currentChanged(const QModelIndex& courante, const QModelIndex& quittee) override;
     void selectionChanged(const QItemSelection& choisies, const QItemSelection& laissees) override;
 
 private:

@@ -14,7 +14,6 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
-#include <QStyleOptionFocusRect>
 #include <QWindow>
 #include <QtMath>
 
@@ -345,7 +344,7 @@ void VueTable::paintEvent(QPaintEvent* event)
     if (m_modele->Table().GridLines())
         DessinerGrille(painter, plages);
     if (hasFocus() && currentIndex().isValid())
-        DessinerFocus(painter);
+        DessinerFocus(painter, *this, LigneCourante(), m_modele->Table().EstSelectionnee(LigneCourante()));
 }
 
 /// Lines a little off the background in light and dark themes alike. The base takes a colour that dark themes swallow.
@@ -375,18 +374,6 @@ void VueTable::DessinerGrille(QPainter& painter, const std::vector<PlageDeColonn
             painter.fillRect(QRectF(surUnPoint(bord), 0, epaisseur, bas + 1), trait);
         }
     }
-}
-
-void VueTable::DessinerFocus(QPainter& painter) const
-{
-    const int ligne = currentIndex().row();
-    QStyleOptionFocusRect option;
-    option.initFrom(this);
-    option.rect =
-        QRect(columnViewportPosition(0), rowViewportPosition(ligne), horizontalHeader()->length(), rowHeight(ligne));
-    option.state |= QStyle::State_KeyboardFocusChange;
-    option.backgroundColor = palette().color(QPalette::Base);
-    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
 }
 
 void VueTable::changeEvent(QEvent* event)

@@ -108,7 +108,6 @@ private:
     void AppliquerHauteur();
     void LargeurTiree(int section, int pixels);
     void DessinerGrille(QPainter& painter, const std::vector<PlageDeColonnes>& plages) const;
-    void DessinerFocus(QPainter& painter) const;
 
     ModeleTable* m_modele = nullptr;
     SelectionTable* m_selection = nullptr;

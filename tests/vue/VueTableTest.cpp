@@ -187,6 +187,32 @@ TEST_F(VueTableTest, ASelectedEntryIsDrawnSelectedAcrossItsColumns)
     EXPECT_EQ(image.pixel(Largeur(1) - 3, Milieu(3).y()), fond);
 }
 
+TEST_F(VueTableTest, TheFocusIsALineAroundTheEntryAndNoSelection)
+{
+    Montrer(5);
+    Cliquer(2);
+    QCoreApplication::processEvents();
+    const QRect rangee(0, vue.rowViewportPosition(3), Largeur(1) + Largeur(2), vue.rowHeight(3));
+    const QRect dedans = rangee.adjusted(1, 1, -1, -1);
+    const QImage avant = Image();
+    const QRgb surChoisie = vue.palette().color(QPalette::HighlightedText).rgb();
+    for (const int x : {rangee.left(), rangee.center().x(), rangee.right()})
+        EXPECT_EQ(avant.pixel(x, vue.rowViewportPosition(1)), surChoisie) << "the selected one has the focus, at " << x;
+
+    Taper(Qt::Key_Down, Qt::ControlModifier);
+    Taper(Qt::Key_Down, Qt::ControlModifier);
+    QCoreApplication::processEvents();
+    ASSERT_EQ(Focus(), 4);
+    ASSERT_EQ(Choisies(), std::vector<int>({2}));
+    const QImage apres = Image();
+    EXPECT_EQ(apres.copy(dedans), avant.copy(dedans)) << "nothing is laid over it";
+    const QRgb trait = vue.palette().color(QPalette::Highlight).rgb();
+    for (const QPoint& point : {rangee.topLeft(), rangee.topRight(), QPoint(rangee.center().x(), rangee.bottom()),
+                                QPoint(rangee.left(), rangee.center().y())})
+        EXPECT_EQ(apres.pixel(point), trait) << point.x() << ' ' << point.y();
+    EXPECT_NE(apres.pixel(rangee.center().x(), vue.rowViewportPosition(1)), surChoisie) << "and the line went along";
+}
+
 TEST_F(VueTableTest, TheCellUnderAPointIsFound)
 {
     Montrer(3);
