@@ -1,5 +1,6 @@
 #include "vue/ModeleTable.h"
 
+#include "extensions/langue/modLang.h"
 #include "kit/Icones.h"
 
 #include <QMetaObject>
@@ -8,6 +9,20 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What the marker of an entry shows, for who cannot see it.
+QString EnMots(const QString& marque)
+{
+    if (marque == u"ico")
+        return LangMsg(u"msgAvecImage"_s, u"avec image"_s);
+    if (marque == u"icoerror")
+        return LangMsg(u"msgImageIntrouvable"_s, u"image introuvable"_s);
+    return marque == u"noico" ? LangMsg(u"msgSansImage"_s, u"sans image"_s).texte : QString();
+}
+
+} // namespace
 
 ModeleTable::ModeleTable(MyLV& table, QObject* parent) : QAbstractTableModel(parent), m_table(table)
 {
@@ -99,6 +114,8 @@ QVariant ModeleTable::data(const QModelIndex& index, int role) const
         return entree.Valeur(colonne);
     if (role == Qt::DecorationRole && colonne == 1)
         return Marque(entree.SmallIcon());
+    if (role == Qt::AccessibleDescriptionRole && colonne == 1)
+        return EnMots(entree.SmallIcon());
     return {};
 }
 

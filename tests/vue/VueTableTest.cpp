@@ -1,9 +1,11 @@
 // What the table view shows.
 #include "VueDeTest.h"
 
+#include "kit/Icones.h"
 #include "support/Impression.h"
 
 #include <QAccessible>
+#include <QPainter>
 #include <QPixmap>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -172,6 +174,43 @@ TEST_F(VueTableTest, TheThreeRowMarkersLookDifferent)
     EXPECT_NE(marque(1), marque(2));
     EXPECT_NE(marque(2), marque(3));
     EXPECT_NE(marque(1), marque(3));
+}
+
+TEST_F(VueTableTest, TheMarkersOfSelectedEntriesHaveTheColourOfTheirTexts)
+{
+    const QString marques[] = {u"noico"_s, u"ico"_s, u"icoerror"_s};
+    Montrer(3);
+    for (int ligne = 1; ligne <= 3; ++ligne)
+        table.ListItems(ligne).SetSmallIcon(marques[ligne - 1]);
+    table.Selectionner(1, 3, true);
+    vue.clearFocus();
+    QCoreApplication::processEvents();
+    const QImage image = Image();
+    for (int ligne = 1; ligne <= 3; ++ligne) {
+        QImage attendu(16, 16, image.format());
+        attendu.fill(vue.palette().color(QPalette::Highlight));
+        QPainter painter(&attendu);
+        Icone(marques[ligne - 1]).paint(&painter, attendu.rect(), Qt::AlignCenter, QIcon::Selected);
+        painter.end();
+        const QPoint coin(3, vue.rowViewportPosition(ligne - 1) + (vue.rowHeight(0) - 16) / 2);
+        EXPECT_EQ(image.copy(QRect(coin, attendu.size())), attendu) << ligne;
+        EXPECT_NE(Icone(marques[ligne - 1]).pixmap(16).toImage(),
+                  Icone(marques[ligne - 1]).pixmap(16, QIcon::Selected).toImage())
+            << ligne;
+    }
+}
+
+TEST_F(VueTableTest, AnEntryWithoutAnImageIsMarkedByNoMoreThanAPoint)
+{
+    Montrer(1);
+    table.ListItems(1).SetSmallIcon(u"noico"_s);
+    vue.clearFocus();
+    QCoreApplication::processEvents();
+    const QImage marque = Image().copy(3, (vue.rowHeight(0) - 16) / 2, 16, 16);
+    int dessines = 0;
+    for (int i = 0; i < 16 * 16; ++i)
+        dessines += marque.pixel(i % 16, i / 16) != vue.palette().color(QPalette::Base).rgb();
+    EXPECT_LE(dessines, 16) << "a frame would look like a box to tick";
 }
 
 TEST_F(VueTableTest, ASelectedEntryIsDrawnSelectedAcrossItsColumns)
@@ -371,6 +410,16 @@ TEST_F(VueTableTest, ScreenReadersReadTheCells)
     EXPECT_EQ(acces->tableInterface()->columnCount(), 2);
     EXPECT_EQ(acces->tableInterface()->columnDescription(1), "Artiste");
     EXPECT_EQ(acces->tableInterface()->cellAt(2, 0)->text(QAccessible::Name), "Titre 003");
+
+    const auto description = [&](int ligne, int colonne) {
+        return acces->tableInterface()->cellAt(ligne - 1, colonne - 1)->text(QAccessible::Description);
+    };
+    table.ListItems(2).SetSmallIcon(u"ico"_s);
+    table.ListItems(3).SetSmallIcon(u"icoerror"_s);
+    EXPECT_EQ(description(1, 1), "sans image");
+    EXPECT_EQ(description(2, 1), "avec image");
+    EXPECT_EQ(description(3, 1), "image introuvable");
+    EXPECT_EQ(description(2, 2), "") << "once an entry";
 }
 
 TEST_F(VueTableTest, TabLeavesTheTable)
