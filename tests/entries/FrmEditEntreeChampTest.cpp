@@ -3,6 +3,7 @@
 
 #include <QClipboard>
 #include <QInputMethodEvent>
+#include <QSignalSpy>
 #include <QWheelEvent>
 
 using namespace Qt::StringLiterals;
@@ -346,4 +347,35 @@ TEST_F(ChampDeLEditeur, TabComesToTheFieldWithTheCaretAtTheEnd)
     EXPECT_FALSE(Combo1().lineEdit()->hasSelectedText()) << "one key would replace the value";
     Taper(u"!"_s);
     EXPECT_EQ(form.Valeur(1), "Dummy!");
+}
+
+TEST_F(ChampDeLEditeur, BackFromAnotherWindowTheFieldIsAsItWasLeft)
+{
+    Editer(1);
+    Touche(Qt::Key_Home);
+    const QSignalSpy entrees(&Combo1(), &ChampDEntree::Entree);
+    QWidget autre;
+    autre.show();
+    autre.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&autre));
+    ASSERT_FALSE(Combo1().hasFocus());
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    ASSERT_TRUE(Combo1().hasFocus());
+    EXPECT_EQ(Caret(), 0);
+    EXPECT_EQ(entrees.count(), 0);
+}
+
+TEST_F(ChampDeLEditeur, BackFromItsOwnListTheFieldIsAsItWasLeft)
+{
+    Editer(1);
+    CliquerLigne(3);
+    Touche(Qt::Key_Home);
+    const QSignalSpy entrees(&Combo1(), &ChampDEntree::Entree);
+    Touche(Qt::Key_F4);
+    ASSERT_TRUE(Combo1().view()->isVisible());
+    QTest::keyClick(Combo1().view(), Qt::Key_Escape);
+    ASSERT_TRUE(Combo1().hasFocus());
+    EXPECT_EQ(Caret(), 0);
+    EXPECT_EQ(entrees.count(), 0);
 }

@@ -3,6 +3,8 @@
 #include "SelectionDeTest.h"
 
 #include "base/Const_Vrac.h"
+#include "entries/frmEditEntree.h"
+#include "images/PanneauImage.h"
 #include "support/CadreDeTest.h"
 #include "support/FileDeReponses.h"
 #include "support/TableDeTest.h"
@@ -220,6 +222,29 @@ TEST_F(EditLV, ManyEntriesAreEditedTogetherAfterAWarning)
     EXPECT_EQ(ColonneDe(table, 2), QStringList({"neuf", "2", "neuf"}));
     EXPECT_EQ(Choisies(table), QList<int>({1, 3}));
     EXPECT_TRUE(doc.IlFautSauver);
+}
+
+TEST_F(EditLV, ManyAreEditedWithNoImageInTheZoneAndEachKeepsItsOwn)
+{
+    EcrireOption("MessageEditMulti", 0);
+    QImage image(8, 8, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    for (const int position : {1, 3}) {
+        const QString nom = u"%1.bmp"_s.arg(position);
+        ASSERT_TRUE(image.save(dossier.Fichier(nom)));
+        table.ListItems(position).SetTag(nom);
+    }
+    Choisir(table, {1, 3});
+    DonnerFocus(3);
+    Editer(true, true, [](QWidget& form) {
+        EXPECT_TRUE(form.findChild<PanneauImage*>("Img")->Image().isNull());
+        EXPECT_EQ(dynamic_cast<frmEditEntree&>(form).ImgTag(), "");
+        Taper(form, 2, "neuf");
+        Cliquer(form, "btAjouter");
+    });
+    EXPECT_EQ(ColonneDe(table, 2), QStringList({"neuf", "2", "neuf"}));
+    EXPECT_EQ(table.ListItems(1).Tag(), "1.bmp");
+    EXPECT_EQ(table.ListItems(3).Tag(), "3.bmp");
 }
 
 TEST_F(EditLV, AnyOtherAnswerThanYesEditsNothing)
