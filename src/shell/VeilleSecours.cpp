@@ -81,13 +81,3 @@ bool VeilleSecours::FinirLaSession(bool questions)
     m_finPermise = PeutFinirLaSession(m_cadre, questions);
     return m_finPermise;
 }
-
-void VeilleSecours::Repondre(QSessionManager& session)
-{
-    const bool questions = session.allowsInteraction();
-    const bool permise = FinirLaSession(questions);
-    if (questions)
-        session.release();
-    if (!permise)
-        session.cancel();
-}

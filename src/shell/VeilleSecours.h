@@ -11,7 +11,6 @@
 #include <functional>
 
 class Cadre;
-class QSessionManager;
 
 class VeilleSecours : public QObject
 {
@@ -26,11 +25,13 @@ public:
     /// are unsaved changes again as soon as the user touches a key: the session goes on then.
     bool FinirLaSession(bool questions);
 
+    /// Answers the desktop that ends the session. `Session` is QSessionManager, which the desktop alone can make.
+    template<class Session> void Repondre(Session& session);
+
     bool eventFilter(QObject* objet, QEvent* event) override;
 
 private:
     void Battre();
-    void Repondre(QSessionManager& session);
 
     Cadre& m_cadre;
     QTimer m_battement;
@@ -40,3 +41,14 @@ private:
     bool m_finPermise = false;
     SignauxDeFin m_signaux;
 };
+
+/// The desktop waits for the user's answers until it is told that there are no more questions.
+template<class Session> void VeilleSecours::Repondre(Session& session)
+{
+    const bool questions = session.allowsInteraction();
+    const bool permise = FinirLaSession(questions);
+    if (questions)
+        session.release();
+    if (!permise)
+        session.cancel();
+}

@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QSessionManager>
 
 #include <algorithm>
 
@@ -31,6 +32,21 @@ protected:
     }
 
     std::unique_ptr<VeilleSecours> veille;
+};
+
+/// The desktop's side of the end of a session: what it was told, in order.
+struct SessionDeTest
+{
+    bool permetDesQuestions;
+    QStringList recus;
+
+    bool allowsInteraction()
+    {
+        recus.append(u"allowsInteraction"_s);
+        return permetDesQuestions;
+    }
+    void release() { recus.append(u"release"_s); }
+    void cancel() { recus.append(u"cancel"_s); }
 };
 
 } // namespace
@@ -124,5 +140,46 @@ TEST_F(Veille, ASessionThatGoesOnKeepsTheChangesThatWereGivenUp)
     EXPECT_FALSE(fenetre.myqrt.IlFautSauver);
     QTest::keyClick(&fenetre.ListView1(), Qt::Key_Down);
     EXPECT_TRUE(fenetre.myqrt.IlFautSauver);
+    fenetre.myqrt.IlFautSauver = false;
+}
+
+TEST_F(Veille, TheDesktopIsToldWhenTheQuestionsAreOver)
+{
+    Form1& fenetre = OuvrirEtVeiller();
+    fenetre.myqrt.IlFautSauver = true;
+    SessionDeTest session{true, {}};
+    reponses.Preparer(RepNon);
+    veille->Repondre(session);
+    EXPECT_EQ(session.recus, QStringList({"allowsInteraction", "release"}));
+    EXPECT_EQ(reponses.Affiches().size(), 1);
+
+    fenetre.myqrt.IlFautSauver = true;
+    session.recus.clear();
+    reponses.Preparer(RepAnnuler);
+    veille->Repondre(session);
+    EXPECT_EQ(session.recus, QStringList({"allowsInteraction", "release", "cancel"})) << "the user goes on";
+    fenetre.myqrt.IlFautSauver = false;
+}
+
+TEST_F(Veille, ADesktopThatAllowsNoQuestionIsHeldUpByNone)
+{
+    Form1& fenetre = OuvrirEtVeiller();
+    fenetre.myqrt.IlFautSauver = true;
+    SessionDeTest session{false, {}};
+    veille->Repondre(session);
+    EXPECT_EQ(session.recus, QStringList("allowsInteraction"));
+    EXPECT_TRUE(Ecrit(fenetre.myqrt));
+    fenetre.myqrt.IlFautSauver = false;
+}
+
+TEST_F(Veille, TheEndOfTheSessionIsAnsweredWhereQtTellsOfIt)
+{
+    Form1& fenetre = OuvrirEtVeiller();
+    fenetre.myqrt.IlFautSauver = true;
+    auto* session = qApp->findChild<QSessionManager*>();
+    ASSERT_NE(session, nullptr);
+    ASSERT_FALSE(session->allowsInteraction()) << "there is no desktop here";
+    emit qApp->commitDataRequest(*session);
+    EXPECT_TRUE(Ecrit(fenetre.myqrt));
     fenetre.myqrt.IlFautSauver = false;
 }
