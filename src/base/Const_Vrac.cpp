@@ -1,6 +1,7 @@
 #include "base/Const_Vrac.h"
 
 #include "base/Nombres.h"
+#include "base/Options.h"
 #include "platform/Plateforme.h"
 
 #include <algorithm>
@@ -25,15 +26,26 @@ QVariant LireOption(const QString& cle, const QVariant& defaut)
 void EcrireOption(const QString& cle, const QVariant& valeur)
 {
     const bool booleen = valeur.typeId() == QMetaType::Bool;
-    plateforme().reglages->Ecrire(s_sectionOptions, cle, booleen ? BoolVersTexte(valeur.toBool()) : valeur.toString());
+    const QString texte = booleen ? BoolVersTexte(valeur.toBool()) : valeur.toString();
+    Reglages& reglages = *plateforme().reglages;
+    const bool change = reglages.Lire(s_sectionOptions, cle) != texte;
+    reglages.Ecrire(s_sectionOptions, cle, texte);
+    if (change)
+        DireOptionChangee(cle);
+}
+
+std::optional<double> OptionEnNombre(const QVariant& valeur)
+{
+    if (valeur.typeId() == QMetaType::QString)
+        return VersDouble(valeur.toString());
+    bool lisible = false;
+    const double nombre = valeur.toDouble(&lisible);
+    return lisible ? std::optional(nombre) : std::nullopt;
 }
 
 bool OptionEgale(const QVariant& valeur, double nombre)
 {
-    if (valeur.typeId() == QMetaType::QString)
-        return VersDouble(valeur.toString()) == nombre;
-    bool lisible = false;
-    return valeur.toDouble(&lisible) == nombre && lisible;
+    return OptionEnNombre(valeur) == nombre;
 }
 
 QString LireIni(const QString& fichier, const QString& section, const QString& cle, const QString& defaut)

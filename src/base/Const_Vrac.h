@@ -7,10 +7,15 @@
 #include <QStringList>
 #include <QVariant>
 
-/// The named setting `cle` (any case) of the section "Options" as text, or `defaut` as given if there is none.
+#include <optional>
+
+/// The named setting `cle` (any case) of the section "Options" as text, or `defaut` as given if there is none. The keys
+/// that the program has, with their types and defaults, are those of Options.h.
 QVariant LireOption(const QString& cle, const QVariant& defaut);
-/// Stores `valeur` as text under `cle`; a boolean as "1" or "0".
+/// Stores `valeur` as text under `cle`, a boolean as "1" or "0", and tells who follows the key (SuivreOption).
 void EcrireOption(const QString& cle, const QVariant& valeur);
+/// A setting's value as a number, read with a comma or a point; nothing when it is none.
+std::optional<double> OptionEnNombre(const QVariant& valeur);
 /// True when a setting's value equals `nombre` as a number, read with a comma or a point; a text that is no number
 /// never does.
 bool OptionEgale(const QVariant& valeur, double nombre);

@@ -113,7 +113,7 @@ void Effacer(const fs::path& dossier)
 
 void InitialiserTempFolder()
 {
-    TempFolder = LireOption(QStringLiteral("TempFolder")).toString();
+    TempFolder = LireOption(Options::TempFolder);
     if (QFileInfo(TempFolder).isDir())
         return;
     TempFolder = DossierProgramme() + QStringLiteral("temp");

@@ -1,6 +1,7 @@
 // zelvane-cli: the catalogue engine without a window.
 #include "base/Const_Vrac.h"
 #include "base/DossiersDeCommande.h"
+#include "base/Options.h"
 #include "cli/Commandes.h"
 #include "cli/Console.h"
 #include "cli/Menage.h"
@@ -65,7 +66,7 @@ Statut ExecuterCommande(const Commande& commande, const LigneDeCommande& ligne)
         DireErreur(u"Le fichier du mot de passe ne peut pas être lu : "_s + fichier);
         return Echec;
     }
-    ChargerLangue(LireOption(u"QRTLangue"_s, u"default"_s).toString());
+    ChargerLangue(LireOption(Options::QRTLangue));
     InitialiserTempFolder();
     SupprimerDossiersDeCommande();
     return AvecMemoire([&] { return commande.executer(ligne); }, Echec);

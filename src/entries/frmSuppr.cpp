@@ -20,7 +20,7 @@ frmSuppr::frmSuppr(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui:
     m_ui->setupUi(this);
     m_ui->btAjouter->setIcon(Icone(u"delentree"_s));
     m_ui->Annuler->setIcon(Icone(u"annuler"_s));
-    m_ui->ckDependant->setChecked(OptionEgale(LireOption(u"SupprDependant"_s), 1));
+    m_ui->ckDependant->setChecked(LireOption(Options::SupprDependant));
     LangForm(*this);
 }
 
@@ -63,7 +63,7 @@ void frmSuppr::Brancher()
     brancher(m_ui->Annuler, [this] { reject(); });
     connect(m_ui->ckDependant, &QCheckBox::clicked, this, [this](bool cochee) {
         RemplirListe();
-        EcrireOption(u"SupprDependant"_s, cochee);
+        EcrireOption(Options::SupprDependant, cochee);
     });
     connect(m_ui->ListView1, &VueDeListe::EnteteCliquee, this,
             [this](int colonne) { m_ui->ListView1->SuivreOrdre(m_modele->Trier(colonne)); });

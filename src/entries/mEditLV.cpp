@@ -17,7 +17,7 @@ namespace {
 
 bool AccepterEditionMultiple()
 {
-    if (!OptionEgale(LireOption(u"MessageEditMulti"_s), 1))
+    if (!LireOption(Options::MessageEditMulti))
         return true;
     const Message question =
         LangMsg(u"msg99"_s, u"Attention, les modifications affecteront toutes les entrées sélectionnées !"_s);

@@ -103,12 +103,12 @@ void frmChangeImage::SupprimerChoisi()
 /// A failure ends this without a word, and the dialog stays as it was.
 void frmChangeImage::Ajouter()
 {
-    const auto choix = DialogueOuvrir({m_ui->btAjouter->text().remove(u'&'), LireOption(u"ImgInitDir"_s).toString(),
+    const auto choix = DialogueOuvrir({m_ui->btAjouter->text().remove(u'&'), LireOption(Options::ImgInitDir),
                                        TypesDuFiltre(u"Images|*.bmp;*.jpg;*.gif;*.jpeg;*.jpe"_s)});
     if (!choix || choix->fichiers.isEmpty())
         return;
     const QString fichier = choix->fichiers.first();
-    EcrireOption(u"ImgInitDir"_s, fichier.chopped(NomDeFichier(fichier).size()));
+    EcrireOption(Options::ImgInitDir, fichier.chopped(NomDeFichier(fichier).size()));
 
     const QString nom = NomTenable(fichier);
     if (!QFileInfo(Dossier + nom).isFile()) {

@@ -8,9 +8,24 @@
 
 namespace {
 
+/// What is stored has no case of letters.
 QString Chemin(const QString& section, const QString& cle)
 {
-    return section + u'/' + cle.toLower();
+    return section.toLower() + u'/' + cle.toLower();
+}
+
+/// All spellings under which the file holds what `chemin` names, such as a line written by hand; that of the program
+/// first, which is the newest.
+QStringList Orthographes(const QSettings& fichier, const QString& chemin)
+{
+    QStringList trouvees;
+    for (const QString& cle : fichier.allKeys()) {
+        if (cle == chemin)
+            trouvees.prepend(cle);
+        else if (cle.compare(chemin, Qt::CaseInsensitive) == 0)
+            trouvees.append(cle);
+    }
+    return trouvees;
 }
 
 } // namespace
@@ -29,9 +44,10 @@ QString ReglagesFichier::FichierParDefaut()
 
 std::optional<QString> ReglagesFichier::Lire(const QString& section, const QString& cle) const
 {
-    const QVariant valeur = m_fichier->value(Chemin(section, cle));
-    if (!valeur.isValid())
+    const QStringList orthographes = Orthographes(*m_fichier, Chemin(section, cle));
+    if (orthographes.isEmpty())
         return std::nullopt;
+    const QVariant valeur = m_fichier->value(orthographes.first());
     // A line edited by hand with a comma and no quotes comes back as a list.
     if (valeur.typeId() == QMetaType::QStringList)
         return valeur.toStringList().join(QStringLiteral(", "));
@@ -41,8 +57,12 @@ std::optional<QString> ReglagesFichier::Lire(const QString& section, const QStri
 void ReglagesFichier::Ecrire(const QString& section, const QString& cle, const QString& valeur)
 {
     // Windows store their state at every resize: what does not change costs no write.
-    if (Lire(section, cle) != valeur)
-        m_fichier->setValue(Chemin(section, cle), valeur);
+    if (Lire(section, cle) == valeur)
+        return;
+    const QString chemin = Chemin(section, cle);
+    for (const QString& autre : Orthographes(*m_fichier, chemin))
+        m_fichier->remove(autre);
+    m_fichier->setValue(chemin, valeur);
 }
 
 void ReglagesFichier::Deposer()

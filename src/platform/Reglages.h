@@ -1,4 +1,4 @@
-// Named settings: per-user texts under a section and a key. Keys are the same in any case.
+// Named settings: per-user texts under a section and a key. Both are the same in any case.
 #pragma once
 
 #include <QString>
@@ -24,8 +24,9 @@ public:
     }
 };
 
-/// Settings in one ini file of the user's. Values reach the disk when the event loop is idle and at the end; a file
-/// that cannot be read or written goes unnoticed.
+/// Settings in one ini file of the user's. Sections and keys are found there in any case of letters and stored in lower
+/// case; one that stands there in two spellings is what the program stored. Values reach the disk when the event loop
+/// is idle and at the end; a file that cannot be read or written goes unnoticed.
 class ReglagesFichier : public Reglages
 {
 public:

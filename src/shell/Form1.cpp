@@ -174,8 +174,8 @@ void Form1::GarderEtat() const
     if (autour->mdiArea() && autour->mdiArea()->currentSubWindow() != autour)
         return;
     const EtatDeForm1 etat = EtatDe(*autour);
-    if (!OptionEgale(LireOption(u"SizeForm1"_s), etat))
-        EcrireOption(u"SizeForm1"_s, int(etat));
+    if (LireOption(Options::SizeForm1) != int(etat))
+        EcrireOption(Options::SizeForm1, etat);
 }
 
 void Form1::resizeEvent(QResizeEvent* event)

@@ -1,7 +1,7 @@
 // What the keys and clicks in a document window do.
 #include "shell/Form1.h"
 
-#include "base/Const_Vrac.h"
+#include "base/Options.h"
 #include "catalogue/documents/Commentaires.h"
 #include "catalogue/documents/OuvrirFichiersQrt.h"
 #include "entries/mEditLV.h"
@@ -99,6 +99,6 @@ void Form1::mModifierCommentaires_Click()
 void Form1::mAfficherImages_Click()
 {
     m_images = !m_images;
-    EcrireOption(u"AffImg"_s, m_images);
+    EcrireOption(Options::AffImg, m_images);
     RedrawAll(true);
 }

@@ -36,10 +36,10 @@ constexpr double PartDeLEcran = 0.98;
 
 void MontrerDansSonEtat(QMdiSubWindow& fenetre)
 {
-    const QVariant etat = LireOption(u"SizeForm1"_s);
-    if (OptionEgale(etat, Agrandie))
+    const std::optional<double> etat = LireOption(Options::SizeForm1);
+    if (etat == int(Agrandie))
         fenetre.showMaximized();
-    else if (OptionEgale(etat, Reduite))
+    else if (etat == int(Reduite))
         fenetre.showMinimized();
     else
         fenetre.showNormal();
@@ -72,8 +72,8 @@ MDIForm1::MDIForm1(QWidget* parent)
     ColorierFond();
     InstallerCadre(this);
     InitialiserTempFolder();
-    MontrerGrandesIcones(TexteVersBool(LireOption(u"GrandesIcones"_s).toString()));
-    ChargerLangue(LireOption(u"QRTLangue"_s).toString());
+    MontrerGrandesIcones(LireOption(Options::GrandesIcones));
+    ChargerLangue(LireOption(Options::QRTLangue));
     m_ui->mPlugin->menuAction()->setVisible(false);
     DonnerIcones(*this);
     RelierBarres();
@@ -336,7 +336,7 @@ bool MDIForm1::GrandesIcones() const
 void MDIForm1::mGrandesIcones_Click()
 {
     MontrerGrandesIcones(!GrandesIcones());
-    EcrireOption(u"GrandesIcones"_s, GrandesIcones());
+    EcrireOption(Options::GrandesIcones, GrandesIcones());
 }
 
 void MDIForm1::RedrawAll()

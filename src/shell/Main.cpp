@@ -9,11 +9,6 @@
 
 namespace {
 
-bool OptionVaut(const QString& cle, double nombre)
-{
-    return OptionEgale(LireOption(cle), nombre);
-}
-
 void PasserLaMain(const QString& ligneDeCommande, EtapesDemarrage& etapes)
 {
     etapes.SendTexte(ligneDeCommande);
@@ -25,14 +20,14 @@ void PasserLaMain(const QString& ligneDeCommande, EtapesDemarrage& etapes)
 void Accueillir(EtapesDemarrage& etapes)
 {
     etapes.MontrerPresentation();
-    if (!OptionVaut(QStringLiteral("OpenLastFile"), 0)) {
+    if (LireOption(Options::OpenLastFile)) {
         // Without a recent file this is the empty path, and the user is told that it does not exist. It is meant.
-        etapes.OuvrirFichier(LireOption(QStringLiteral("FRecent1")).toString());
+        etapes.OuvrirFichier(LireOption(Options::FRecent[0]));
         etapes.MajMenuRecents();
     }
     etapes.ProposerSecours();
     // The setting says the opposite of its name: 1 keeps the tips away.
-    const bool sansAstuces = OptionVaut(QStringLiteral("ShowTipsAtStartup"), 1);
+    const bool sansAstuces = LireOption(Options::ShowTipsAtStartup);
     if (!sansAstuces && QFileInfo::exists(DossierProgramme() + QStringLiteral("astuces.txt")))
         etapes.MontrerAstuces();
 }
@@ -41,7 +36,7 @@ void Accueillir(EtapesDemarrage& etapes)
 
 SuiteDemarrage Main(const QString& ligneDeCommande, EtapesDemarrage& etapes)
 {
-    if (OptionVaut(QStringLiteral("VerrifAssociation"), 1))
+    if (LireOption(Options::VerrifAssociation))
         EnregistrerAssociation();
     etapes.ChargerCadre();
 

@@ -58,7 +58,7 @@ bool Infobulle::eventFilter(QObject* objet, QEvent* event)
     } else if (objet == m_vue.viewport() && (event->type() == QEvent::Leave || event->type() == QEvent::Wheel)) {
         Oublier();
     } else if (objet == &m_vue && event->type() == QEvent::FocusIn) {
-        if (OptionEgale(LireOption(u"showInfobulles"_s), 1))
+        if (LireOption(Options::showInfobulles))
             m_minuteur.start();
         else
             m_minuteur.stop();

@@ -21,21 +21,21 @@ constexpr int CouleurMax = 0xFFFFFF;
 QFont PoliceDeTable()
 {
     QFont police = QApplication::font();
-    const QString famille = LireOption(u"FontName"_s).toString();
+    const QString famille = LireOption(Options::FontName);
     const bool installee = QFontDatabase::hasFamily(famille);
     if (installee)
         police.setFamily(famille);
-    const double taille = VersDouble(LireOption(u"FontSize"_s).toString()).value_or(TailleParDefaut);
+    const double taille = LireOption(Options::FontSize).value_or(TailleParDefaut);
     if ((installee || taille != TailleParDefaut) && taille >= TailleMin && taille <= TailleMax)
         police.setPointSizeF(taille);
-    police.setBold(TexteVersBool(LireOption(u"FontBold"_s).toString()));
-    police.setItalic(TexteVersBool(LireOption(u"FontItalic"_s).toString()));
+    police.setBold(LireOption(Options::FontBold));
+    police.setItalic(LireOption(Options::FontItalic));
     return police;
 }
 
 std::optional<QColor> CouleurDeTable()
 {
-    const int valeur = VersEntier32(LireOption(u"FontColor"_s).toString()).value_or(0);
+    const int valeur = ArrondirEntier32(LireOption(Options::FontColor).value_or(0)).value_or(0);
     if (valeur <= 0 || valeur > CouleurMax)
         return std::nullopt;
     return QColor(valeur & 0xFF, (valeur >> 8) & 0xFF, (valeur >> 16) & 0xFF);

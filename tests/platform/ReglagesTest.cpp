@@ -62,7 +62,7 @@ TEST_F(ReglagesFichierTest, StoresAtOnceWhenAsked)
 
     reglages.Deposer();
 
-    EXPECT_EQ(m_dossier.Lire("config/zelvane.ini"), "[HwndInstance]\nhwnd=12\n");
+    EXPECT_EQ(m_dossier.Lire("config/zelvane.ini"), "[hwndinstance]\nhwnd=12\n");
 }
 
 TEST_F(ReglagesFichierTest, ReadsWhatOthersHaveStoredWhateverItsOwnReadingFound)
@@ -95,7 +95,43 @@ TEST_F(ReglagesFichierTest, StoresUnderTheSectionAndTheKeyInLowerCase)
 {
     ReglagesFichier(m_fichier).Ecrire("Options", "FRecent1", "x");
 
-    EXPECT_EQ(m_dossier.Lire("config/zelvane.ini"), "[Options]\nfrecent1=x\n");
+    EXPECT_EQ(m_dossier.Lire("config/zelvane.ini"), "[options]\nfrecent1=x\n");
+}
+
+TEST_F(ReglagesFichierTest, FindsWhatWasWrittenByHandInAnyCase)
+{
+    m_dossier.Ecrire("config/zelvane.ini", "[Options]\nFRecent1=/a.qrt\nOPENLASTFILE=1\n[hwndINSTANCE]\nHwnd=12\n");
+    const ReglagesFichier reglages(m_fichier);
+
+    EXPECT_EQ(reglages.Lire("Options", "FRecent1"), "/a.qrt");
+    EXPECT_EQ(reglages.Lire("Options", "OpenLastFile"), "1");
+    EXPECT_EQ(reglages.LireDepose("HwndInstance", "Hwnd"), "12");
+}
+
+TEST_F(ReglagesFichierTest, AWriteTakesThePlaceOfEverySpelling)
+{
+    m_dossier.Ecrire("config/zelvane.ini", "[Options]\nFRecent1=a\nfrecent1=b\nAffImg=1\n[OPTIONS]\nFRECENT1=c\n");
+
+    ReglagesFichier(m_fichier).Ecrire("Options", "FRecent1", "d");
+
+    EXPECT_EQ(ReglagesFichier(m_fichier).Lire("Options", "FRecent1"), "d");
+    EXPECT_EQ(m_dossier.Lire("config/zelvane.ini"), "[Options]\nAffImg=1\n\n[options]\nfrecent1=d\n");
+}
+
+TEST_F(ReglagesFichierTest, OfTwoSpellingsTheProgramsOwnIsRead)
+{
+    m_dossier.Ecrire("config/zelvane.ini", "[options]\nFRecent1=a\nfrecent1=b\n");
+
+    EXPECT_EQ(ReglagesFichier(m_fichier).Lire("Options", "FRecent1"), "b");
+}
+
+TEST_F(ReglagesFichierTest, WhatIsReadInAnotherSpellingAndStaysTheSameCostsNoWrite)
+{
+    m_dossier.Ecrire("config/zelvane.ini", "[Options]\nFRecent1=a\n");
+
+    ReglagesFichier(m_fichier).Ecrire("Options", "FRecent1", "a");
+
+    EXPECT_EQ(m_dossier.Lire("config/zelvane.ini"), "[Options]\nFRecent1=a\n");
 }
 
 TEST_F(ReglagesFichierTest, ReadsAHandWrittenListAsText)

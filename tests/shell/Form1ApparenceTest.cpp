@@ -10,22 +10,22 @@ TEST_F(Form1Test, TheStateOfTheWindowIsRemembered)
     const Form1& fenetre = Ouvrir();
     fenetre.parentWidget()->showNormal();
     QCoreApplication::processEvents();
-    EXPECT_EQ(LireOption(u"SizeForm1"_s).toString(), "0");
+    EXPECT_EQ(LireOption(u"SizeForm1"_s, {}).toString(), "0");
     fenetre.parentWidget()->showMaximized();
     QCoreApplication::processEvents();
-    EXPECT_EQ(LireOption(u"SizeForm1"_s).toString(), "2");
+    EXPECT_EQ(LireOption(u"SizeForm1"_s, {}).toString(), "2");
     fenetre.parentWidget()->showMinimized();
     QCoreApplication::processEvents();
-    EXPECT_EQ(LireOption(u"SizeForm1"_s).toString(), "1");
+    EXPECT_EQ(LireOption(u"SizeForm1"_s, {}).toString(), "1");
 }
 
 TEST_F(Form1Test, OpeningADocumentLeavesTheStateAsItWasSet)
 {
     EcrireOption(u"SizeForm1"_s, 2);
     Ouvrir(u"a.qrt"_s);
-    EXPECT_EQ(LireOption(u"SizeForm1"_s).toString(), "2");
+    EXPECT_EQ(LireOption(u"SizeForm1"_s, {}).toString(), "2");
     Ouvrir(u"b.qrt"_s);
-    EXPECT_EQ(LireOption(u"SizeForm1"_s).toString(), "2");
+    EXPECT_EQ(LireOption(u"SizeForm1"_s, {}).toString(), "2");
 }
 
 TEST_F(Form1Test, AReducedWindowOnlyCounts)

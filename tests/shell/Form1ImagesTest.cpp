@@ -40,10 +40,10 @@ TEST_F(ImagesTest, TogglingThePanelIsRemembered)
     Form1& fenetre = Ouvrir();
     fenetre.mAfficherImages_Click();
     EXPECT_FALSE(Img(fenetre).isVisible());
-    EXPECT_EQ(LireOption(u"AffImg"_s).toString(), "0");
+    EXPECT_EQ(LireOption(u"AffImg"_s, {}).toString(), "0");
     fenetre.mAfficherImages_Click();
     EXPECT_TRUE(Img(fenetre).isVisible());
-    EXPECT_EQ(LireOption(u"AffImg"_s).toString(), "1");
+    EXPECT_EQ(LireOption(u"AffImg"_s, {}).toString(), "1");
 }
 
 TEST_F(ImagesTest, ThePictureIsThatOfTheEntryWithTheFocus)

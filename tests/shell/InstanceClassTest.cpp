@@ -9,7 +9,7 @@
 
 namespace {
 
-const QPair<QString, QString> Hwnd{"HwndInstance", "hwnd"};
+const QPair<QString, QString> Hwnd{"hwndinstance", "hwnd"};
 
 class InstanceClassTest : public testing::Test
 {

@@ -84,7 +84,7 @@ class InstancesTest : public testing::Test
 {
 protected:
     QByteArray Reglage() const { return m_dossier.Lire("reglages.ini"); }
-    static QByteArray ReglageDe(qint64 pid) { return "[HwndInstance]\nhwnd=" + QByteArray::number(pid) + "\n"; }
+    static QByteArray ReglageDe(qint64 pid) { return "[hwndinstance]\nhwnd=" + QByteArray::number(pid) + "\n"; }
     QString Prise() const
     {
         QDirIterator fichiers(m_dossier.Chemin(), {"instance"}, QDir::Files | QDir::System,

@@ -259,7 +259,7 @@ TEST_F(MDIForm1Test, TheItemChangesTheBarsAndIsRemembered)
         EXPECT_EQ(Barre(u"Toolbar1"_s).isHidden(), grandes);
         EXPECT_EQ(Barre(u"Toolbar2"_s).isHidden(), !grandes);
         EXPECT_EQ(Menu(u"mGrandesIcones"_s).isChecked(), grandes);
-        EXPECT_EQ(LireOption(u"GrandesIcones"_s), grandes ? u"1"_s : u"0"_s);
+        EXPECT_EQ(LireOption(u"GrandesIcones"_s, {}), grandes ? u"1"_s : u"0"_s);
     }
 }
 
@@ -283,7 +283,7 @@ TEST_F(MDIForm1Test, ATemporaryFolderThatIsGoneIsReplacedForThisRunOnly)
     Montrer();
     EXPECT_EQ(TempFolder, DossierProgramme() + u"temp"_s);
     EXPECT_TRUE(QDir(TempFolder).exists());
-    EXPECT_EQ(LireOption(u"TempFolder"_s), u"/nulle/part"_s);
+    EXPECT_EQ(LireOption(u"TempFolder"_s, {}), u"/nulle/part"_s);
 }
 
 TEST_F(MDIForm1Test, TheLanguageOfTheSettingIsInForce)

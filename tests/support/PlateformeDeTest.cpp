@@ -11,18 +11,18 @@
 
 std::optional<QString> ReglagesEnMemoire::Lire(const QString& section, const QString& cle) const
 {
-    const auto trouve = valeurs.constFind({section, cle.toLower()});
+    const auto trouve = valeurs.constFind({section.toLower(), cle.toLower()});
     return trouve == valeurs.cend() ? std::nullopt : std::optional(*trouve);
 }
 
 void ReglagesEnMemoire::Ecrire(const QString& section, const QString& cle, const QString& valeur)
 {
-    valeurs.insert({section, cle.toLower()}, valeur);
+    valeurs.insert({section.toLower(), cle.toLower()}, valeur);
 }
 
 std::optional<QString> ReglagesEnMemoire::LireDepose(const QString& section, const QString& cle) const
 {
-    const auto trouve = deposees.constFind({section, cle.toLower()});
+    const auto trouve = deposees.constFind({section.toLower(), cle.toLower()});
     return trouve == deposees.cend() ? std::nullopt : std::optional(*trouve);
 }
 

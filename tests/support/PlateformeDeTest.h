@@ -20,7 +20,7 @@ public:
     void Deposer() override { deposees.insert(valeurs); }
     std::optional<QString> LireDepose(const QString& section, const QString& cle) const override;
 
-    QHash<QPair<QString, QString>, QString> valeurs;  ///< by section and key in lower case
+    QHash<QPair<QString, QString>, QString> valeurs;  ///< by section and key, both in lower case
     QHash<QPair<QString, QString>, QString> deposees; ///< what this process and others have stored
 };
 

@@ -5,16 +5,17 @@
 
 namespace {
 
-constexpr int NombreDeRecents = 5;
+constexpr int NombreDeRecents = Options::FRecent.size();
 
-QString CleRecent(int place)
-{
-    return QStringLiteral("FRecent") + QString::number(place);
-}
-
+/// Places count from 1, the newest.
 QString Recent(int place)
 {
-    return LireOption(CleRecent(place)).toString();
+    return LireOption(Options::FRecent.at(place - 1));
+}
+
+void EcrireRecent(int place, const QString& chemin)
+{
+    EcrireOption(Options::FRecent.at(place - 1), chemin);
 }
 
 } // namespace
@@ -34,9 +35,9 @@ void AjouterRecent(const QString& chemin)
         if (recent == chemin)
             decalage = 1;
         else
-            EcrireOption(CleRecent(i + decalage), recent);
+            EcrireRecent(i + decalage, recent);
     }
-    EcrireOption(CleRecent(1), chemin);
+    EcrireRecent(1, chemin);
 }
 
 void RetirerRecent(const QString& chemin)
@@ -47,8 +48,8 @@ void RetirerRecent(const QString& chemin)
     if (place < 1)
         return;
     for (int i = place + 1; i <= NombreDeRecents; ++i)
-        EcrireOption(CleRecent(i - 1), Recent(i));
-    EcrireOption(CleRecent(NombreDeRecents), QString());
+        EcrireRecent(i - 1, Recent(i));
+    EcrireRecent(NombreDeRecents, QString());
 }
 
 void MajMenuRecents(MenuRecents& fenetre)

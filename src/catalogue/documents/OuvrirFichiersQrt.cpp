@@ -62,7 +62,7 @@ void NoterRecent(FenetreDocument& fenetre, const QString& chemin)
 /// The comments greet who opens the category, where the user wants that and there are any.
 void MontrerCommentaires(FenetreDocument& fenetre)
 {
-    if (OptionEgale(LireOption(u"commentAtStartup"_s), 1) && Commentaires::AMontrer(fenetre.myqrt.TmpFolder))
+    if (LireOption(Options::commentAtStartup) && Commentaires::AMontrer(fenetre.myqrt.TmpFolder))
         fenetre.mModifierCommentaires_Click();
 }
 
@@ -70,7 +70,7 @@ void MontrerCommentaires(FenetreDocument& fenetre)
 
 void MontrerDocument(FenetreDocument& fenetre)
 {
-    if (LireOption(u"AffImg"_s).toString() == u"0"_s)
+    if (!LireOption(Options::AffImg))
         fenetre.mAfficherImages_Click();
     MontrerCommentaires(fenetre);
     // Nothing that happened so far is to be saved: a loan column added by the reader is not, and comments that were
@@ -117,12 +117,12 @@ void OuvrirDialogue(Cadre& cadre)
     PlugIns = {QString()};
     DemandeFichier demande = DemandeDOuverture();
     for (;;) {
-        demande.depart = LireOption(u"OpenInitDir"_s).toString();
+        demande.depart = LireOption(Options::OpenInitDir);
         const std::optional<ReponseFichier> reponse = DialogueOuvrir(demande);
         if (!reponse || reponse->fichiers.isEmpty())
             return;
         const QString& premier = reponse->fichiers.first();
-        EcrireOption(u"OpenInitDir"_s, premier.chopped(NomDeFichier(premier).size()));
+        EcrireOption(Options::OpenInitDir, premier.chopped(NomDeFichier(premier).size()));
         if (reponse->type == TypeTous) {
             AfficherMsg(LangMsg(u"msg46"_s, u"Veuillez selectionner un type pour votre fichier"_s), MsgOk, QString());
             continue;

@@ -137,14 +137,14 @@ CibleChoisie ChoisirCible(QrtClass& doc)
     demande.types = TypesDuFiltre(FiltreDesCatalogues());
     demande.type = TypeArchive;
     for (;;) {
-        const QString dossier = LireOption(u"SaveInitDir"_s).toString();
+        const QString dossier = LireOption(Options::SaveInitDir);
         const QString& connu = doc.CheminConnu();
         demande.depart = dossier.isEmpty() ? connu : AjouterSlash(dossier) + NomDeFichier(connu);
         const std::optional<ReponseFichier> reponse = DialogueEnregistrer(demande);
         if (!reponse)
             return {Choix::Abandonner};
         const QString chemin = CheminComplet(*reponse);
-        EcrireOption(u"SaveInitDir"_s, chemin.chopped(NomDeFichier(chemin).size()));
+        EcrireOption(Options::SaveInitDir, chemin.chopped(NomDeFichier(chemin).size()));
         if (reponse->type == TypeTousLesFichiers) {
             Dire(u"msg46"_s, u"Veuillez selectionner un type pour votre fichier"_s);
             continue;
@@ -190,9 +190,9 @@ Issue EnregistrerSous(QrtClass& doc)
 /// Copies the file beside itself, under its whole name and ".bak". A copy that fails does not stop the save.
 void Sauvegarder(QrtClass& doc)
 {
-    if (!OptionEgale(LireOption(u"SauvegardeLBK"_s), 1))
+    if (!LireOption(Options::SauvegardeLBK))
         return;
-    const bool toujours = !OptionEgale(LireOption(u"SauvegardeLBK_1"_s), 0);
+    const bool toujours = LireOption(Options::SauvegardeLBK_1);
     if (!toujours && doc.NbSauv() != u"0")
         return;
     doc.SetNbSauv(QString::number(doc.NbSauv().toInt() + 1));

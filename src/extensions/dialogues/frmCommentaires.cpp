@@ -22,11 +22,13 @@ frmCommentaires::frmCommentaires(StockCommentaires& stock, QWidget* parent)
 {
     m_ui->setupUi(this);
     m_ui->Text1->document()->setDocumentMargin(MargeTexte);
-    m_ui->Check1->setChecked(OptionEgale(LireOption(u"commentAtStartup"_s), 1));
+    m_ui->Check1->setChecked(LireOption(Options::commentAtStartup));
 
     connect(m_ui->Text1, &QPlainTextEdit::textChanged, this, [this] { modifie = true; });
     connect(m_ui->Check1, &QCheckBox::clicked, this,
-            [](bool cochee) { EcrireOption(u"commentAtStartup"_s, cochee ? 1 : 0); });
+            [](bool cochee) { EcrireOption(Options::commentAtStartup, cochee); });
+    SuivreOption(Options::commentAtStartup, *this,
+                 [this] { m_ui->Check1->setChecked(LireOption(Options::commentAtStartup)); });
     connect(m_ui->btFermer, &QPushButton::clicked, this, &QDialog::accept);
     LangForm(*this);
 }

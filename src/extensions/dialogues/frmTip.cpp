@@ -35,9 +35,11 @@ frmTip::frmTip(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::frm
     m_ui->cmdOK->setFocus();
 
     // The setting says the opposite of its name: 1 keeps the tips away.
-    m_ui->chkLoadTipsAtStartup->setChecked(!OptionEgale(LireOption(u"ShowTipsAtStartup"_s), 1));
+    const auto cocher = [this] { m_ui->chkLoadTipsAtStartup->setChecked(!LireOption(Options::ShowTipsAtStartup)); };
+    cocher();
+    SuivreOption(Options::ShowTipsAtStartup, *this, cocher);
     connect(m_ui->chkLoadTipsAtStartup, &QCheckBox::clicked, this,
-            [](bool cochee) { EcrireOption(u"ShowTipsAtStartup"_s, cochee ? 0 : 1); });
+            [](bool cochee) { EcrireOption(Options::ShowTipsAtStartup, !cochee); });
     connect(m_ui->cmdNextTip, &QPushButton::clicked, this, &frmTip::TirerAuSort);
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &QDialog::close);
     LangForm(*this);

@@ -20,7 +20,7 @@ QStringList Recents()
 {
     QStringList recents;
     for (int i = 1; i <= 5; ++i)
-        recents.append(LireOption(QStringLiteral("FRecent%1").arg(i)).toString());
+        recents.append(LireOption(QStringLiteral("FRecent%1").arg(i), {}).toString());
     return recents;
 }
 

@@ -299,7 +299,7 @@ TEST_F(OuvrirFichierTest, CommentsAreShownOnceTheWindowIsWhole)
     bool chargement = false;
     cadre.auxCommentaires = [&](FenetreDeTest& fenetre) {
         entrees = fenetre.myqrt.ItemsCount();
-        premierRecent = LireOption(u"FRecent1"_s).toString();
+        premierRecent = LireOption(u"FRecent1"_s, {}).toString();
         chargement = fenetre.fOuvrir.visible && !fenetre.images;
     };
     const QString chemin = FichierCommente("Mes disques");
@@ -408,7 +408,7 @@ TEST_F(OuvrirDialogueTest, CancellingChangesNothing)
     OuvrirDialogue(cadre);
     EXPECT_TRUE(cadre.fenetres.empty());
     EXPECT_TRUE(reponses.Affiches().isEmpty());
-    EXPECT_EQ(LireOption(u"OpenInitDir"_s), u"/ailleurs/"_s);
+    EXPECT_EQ(LireOption(u"OpenInitDir"_s, {}), u"/ailleurs/"_s);
 }
 
 TEST_F(OuvrirDialogueTest, TheChosenFileOpensAndItsFolderIsRemembered)
@@ -416,7 +416,7 @@ TEST_F(OuvrirDialogueTest, TheChosenFileOpensAndItsFolderIsRemembered)
     dialogues.Preparer({FichierTexte(u"disques.qrt"_s)}, TypeQrt2);
     OuvrirDialogue(cadre);
     EXPECT_EQ(Titres(), QStringList{u"disques.qrt"_s});
-    EXPECT_EQ(LireOption(u"OpenInitDir"_s), dossier.Chemin());
+    EXPECT_EQ(LireOption(u"OpenInitDir"_s, {}), dossier.Chemin());
 
     dialogues.PreparerAnnulation();
     OuvrirDialogue(cadre);
@@ -484,7 +484,7 @@ TEST_F(OuvrirDialogueTest, SeveralFilesOpenInTheirOrder)
     OuvrirDialogue(cadre);
     EXPECT_EQ(Titres(), QStringList({u"b.qrt"_s, u"a.qrt"_s, u"c.qrt"_s}));
     EXPECT_TRUE(reponses.Affiches().isEmpty());
-    EXPECT_EQ(LireOption(u"OpenInitDir"_s), dossier.Chemin());
+    EXPECT_EQ(LireOption(u"OpenInitDir"_s, {}), dossier.Chemin());
 }
 
 TEST_F(OuvrirDialogueTest, OfSeveralFilesThoseThatFailAreToldAndTheOthersOpen)

@@ -126,7 +126,7 @@ TEST_F(Sauvegarde, PlainSaveWritesTheFormThatTheDocumentHas)
     d.doc.FileType = "2";
     EXPECT_TRUE(Enregistrer(d.doc, false, true));
     EXPECT_EQ(TypeFichier(chemin), 2);
-    EXPECT_EQ(LireOption("FRecent1").toString(), chemin);
+    EXPECT_EQ(LireOption("FRecent1", {}).toString(), chemin);
     EXPECT_EQ(panneau.montres, 2);
     AttendreFin();
 }
@@ -286,7 +286,7 @@ TEST_F(Sauvegarde, AFileThatHasItsNewNameIsTheMostRecentOneAndHasNoBackup)
     dialogues.Preparer({existant}, 2);
     messages.Preparer(RepOui);
     EXPECT_TRUE(Enregistrer(d.doc, true, true));
-    EXPECT_EQ(LireOption("FRecent1").toString(), existant);
+    EXPECT_EQ(LireOption("FRecent1", {}).toString(), existant);
     EXPECT_EQ(d.doc.NbSauv(), "0") << "a plain save makes backups";
     EXPECT_FALSE(dossier.Existe("existant.qrt.bak") || dossier.Existe("mes.qrt.bak"));
 }
@@ -304,7 +304,7 @@ TEST_F(Sauvegarde, ANewNameThatCannotBeWrittenToStaysTheDocuments)
         EXPECT_EQ(d.doc.CheminReel(), chemin);
         EXPECT_EQ(d.doc.FileType, QString::number(type));
         EXPECT_TRUE(d.doc.IlFautSauver);
-        EXPECT_EQ(LireOption("FRecent1").toString(), "");
+        EXPECT_EQ(LireOption("FRecent1", {}).toString(), "");
         AttendreFin();
     }
 }
@@ -329,7 +329,7 @@ TEST_F(Sauvegarde, ADocumentNeverSavedGoesThroughSaveAsWithoutABackup)
     EXPECT_EQ(d.doc.FileType, "2");
     EXPECT_EQ(d.doc.NbSauv(), "0");
     EXPECT_FALSE(d.doc.IlFautSauver);
-    EXPECT_EQ(LireOption("SaveInitDir").toString(), dossier.Chemin());
+    EXPECT_EQ(LireOption("SaveInitDir", {}).toString(), dossier.Chemin());
     const DemandeFichier& demande = dialogues.Demandes().first();
     EXPECT_EQ(demande.titre, "Enregistrer La Categorie Sous");
     EXPECT_EQ(demande.type, 2);
@@ -362,7 +362,7 @@ TEST_F(Sauvegarde, AllFilesIsNoTypeToSaveAs)
     EXPECT_FALSE(Enregistrer(d.doc, true, true));
     EXPECT_EQ(messages.Cles(), QStringList("msg46"));
     EXPECT_FALSE(dossier.Existe("a.qrt"));
-    EXPECT_EQ(LireOption("SaveInitDir").toString(), dossier.Chemin()) << "the folder is remembered all the same";
+    EXPECT_EQ(LireOption("SaveInitDir", {}).toString(), dossier.Chemin()) << "the folder is remembered all the same";
 }
 
 TEST_F(Sauvegarde, AnExistingFileIsReplacedOnYesOnly)

@@ -93,6 +93,15 @@ TEST_F(FrmCommentairesTest, TheTitleIsInTheLanguageInForce)
     });
 }
 
+TEST_F(FrmCommentairesTest, AnOpenDialogShowsWhatIsSetElsewhere)
+{
+    const frmCommentaires form(m_stock);
+    EcrireOption("commentAtStartup", 0);
+    EXPECT_FALSE(Check1(form).isChecked());
+    EcrireOption("commentAtStartup", 1);
+    EXPECT_TRUE(Check1(form).isChecked());
+}
+
 TEST_F(FrmCommentairesTest, WithoutAFileTheTextIsEmptied)
 {
     m_stock.texte = "ancien";

@@ -128,6 +128,19 @@ TEST_F(FrmTipTest, AClickOnTheBoxIsWrittenAtOnce)
     EXPECT_EQ(LireOption("ShowTipsAtStartup", "none").toString(), "0");
 }
 
+TEST_F(FrmTipTest, AnOpenFormShowsWhatIsSetElsewhere)
+{
+    Astuces("Un\r\n");
+    frmTip form;
+    frmTip autre;
+    form.show();
+    autre.show();
+    QTest::keyClick(&Boite(autre), Qt::Key_Space);
+    EXPECT_FALSE(Boite(form).isChecked());
+    QTest::keyClick(&Boite(autre), Qt::Key_Space);
+    EXPECT_TRUE(Boite(form).isChecked());
+}
+
 TEST_F(FrmTipTest, AltAndTheMarkedLetterToggleTheBox)
 {
     Astuces("Un\r\n");
