@@ -1,15 +1,32 @@
 #include "platform/FichiersIni.h"
 
 #include "platform/Attributs.h"
+#include "platform/Plateforme.h"
 #include "platform/Presence.h"
 #include "platform/TexteIni.h"
 
 #include <QFile>
 #include <QSaveFile>
 
+#include <sys/stat.h>
+
+namespace {
+
+constexpr qsizetype FichiersRetenus = 8; // the language, the template, Zelvane.ini, and those of open documents
+
+// File systems count time in steps, of two seconds at worst. Within one a second write leaves the time as it is.
+constexpr qint64 PasDesHeures = 2'000'000'000;
+
+qint64 Nanosecondes(const timespec& heure)
+{
+    return qint64(heure.tv_sec) * 1'000'000'000 + heure.tv_nsec;
+}
+
+} // namespace
+
 FichiersIni::Lecture FichiersIni::Lire(const QString& fichier, const QString& section, const QString& cle) const
 {
-    const Contenu contenu = Charger(fichier);
+    const Contenu contenu = Actuel(fichier);
     if (contenu.etat != Contenu::Lu)
         return {std::nullopt, contenu.erreur};
     return {TexteIni::Lire(contenu.octets, section, cle), QString()};
@@ -17,21 +34,38 @@ FichiersIni::Lecture FichiersIni::Lire(const QString& fichier, const QString& se
 
 bool FichiersIni::Ecrire(const QString& fichier, const QString& section, const QString& cle, const QString& valeur)
 {
-    const Contenu contenu = Charger(fichier);
+    const Contenu contenu = Actuel(fichier);
     const std::optional<QByteArray> apres = TexteIni::Ecrire(contenu.octets, section, cle, valeur);
     return apres && Conclure(fichier, contenu, *apres);
 }
 
 bool FichiersIni::SupprimerCle(const QString& fichier, const QString& section, const QString& cle)
 {
-    const Contenu contenu = Charger(fichier);
+    const Contenu contenu = Actuel(fichier);
     return Conclure(fichier, contenu, TexteIni::SupprimerCle(contenu.octets, section, cle));
 }
 
 bool FichiersIni::SupprimerSection(const QString& fichier, const QString& section)
 {
-    const Contenu contenu = Charger(fichier);
+    const Contenu contenu = Actuel(fichier);
     return Conclure(fichier, contenu, TexteIni::SupprimerSection(contenu.octets, section));
+}
+
+FichiersIni::Contenu FichiersIni::Actuel(const QString& fichier) const
+{
+    const std::optional<Empreinte> empreinte = Regarder(fichier);
+    const auto retenu = m_retenus.constFind(fichier);
+    if (empreinte && retenu != m_retenus.cend() && retenu->empreinte == *empreinte)
+        return retenu->contenu;
+    const Contenu contenu = Charger(fichier);
+    m_retenus.remove(fichier);
+    // A second look: the file that was read need not be the one of the first.
+    if (empreinte && contenu.etat == Contenu::Lu && Regarder(fichier) == empreinte) {
+        if (m_retenus.size() >= FichiersRetenus)
+            m_retenus.clear();
+        m_retenus.insert(fichier, {*empreinte, contenu});
+    }
+    return contenu;
 }
 
 bool FichiersIni::Conclure(const QString& fichier, const Contenu& avant, const QByteArray& apres)
@@ -40,6 +74,21 @@ bool FichiersIni::Conclure(const QString& fichier, const Contenu& avant, const Q
     if (avant.etat == Contenu::Ferme || avant.etat == Contenu::Casse)
         return false;
     return apres == avant.octets || Remplacer(fichier, apres);
+}
+
+std::optional<FichiersIni::Empreinte> FichiersIniDisque::Regarder(const QString& chemin) const
+{
+    struct stat etat
+    {
+    };
+    if (stat(QFile::encodeName(chemin).constData(), &etat) != 0)
+        return std::nullopt;
+    const qint64 modifie = Nanosecondes(etat.st_mtim);
+    const qint64 change = Nanosecondes(etat.st_ctim);
+    const qint64 maintenant = plateforme().horloge->Maintenant().toMSecsSinceEpoch() * 1'000'000;
+    if (change > maintenant - PasDesHeures)
+        return std::nullopt;
+    return Empreinte{etat.st_dev, etat.st_ino, etat.st_size, modifie, change};
 }
 
 FichiersIni::Contenu FichiersIniDisque::Charger(const QString& chemin) const

@@ -1,7 +1,9 @@
-// Ini files on the disk. See TexteIni.h for their syntax. Nothing is cached: each call reads the file.
+// Ini files on the disk. See TexteIni.h for their syntax. Each call answers from what the file holds then: a file is
+// kept as it was read only while nothing about it tells that it could be another one.
 #pragma once
 
 #include <QByteArray>
+#include <QHash>
 #include <QString>
 
 #include <optional>
@@ -33,12 +35,32 @@ protected:
         QByteArray octets;
         QString erreur;
     };
+    /// What a file cannot change without.
+    struct Empreinte
+    {
+        quint64 volume = 0;
+        quint64 noeud = 0;
+        qint64 taille = 0;
+        qint64 modifie = 0; ///< nanoseconds
+        qint64 change = 0;  ///< of the file or of its attributes, nanoseconds
+        bool operator==(const Empreinte&) const = default;
+    };
+    /// Nothing where there is no file, or where it could change and look the same.
+    virtual std::optional<Empreinte> Regarder(const QString& fichier) const = 0;
     virtual Contenu Charger(const QString& fichier) const = 0;
     /// Puts `octets` in the file's place, whole or not at all.
     virtual bool Remplacer(const QString& fichier, const QByteArray& octets) = 0;
 
 private:
+    struct Retenu
+    {
+        Empreinte empreinte;
+        Contenu contenu;
+    };
+    Contenu Actuel(const QString& fichier) const;
     bool Conclure(const QString& fichier, const Contenu& avant, const QByteArray& apres);
+
+    mutable QHash<QString, Retenu> m_retenus;
 };
 
 /// The files of the file system. One with the read-only attribute is not written. A write goes into a new file that
@@ -46,6 +68,7 @@ private:
 class FichiersIniDisque : public FichiersIni
 {
 protected:
+    std::optional<Empreinte> Regarder(const QString& fichier) const override;
     Contenu Charger(const QString& fichier) const override;
     bool Remplacer(const QString& fichier, const QByteArray& octets) override;
 };

@@ -2,6 +2,7 @@
 #include "support/Impression.h"
 #include "support/PlateformeDeTest.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -9,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstdio>
 #include <sys/resource.h>
 
 namespace {
@@ -161,6 +163,110 @@ TEST_F(FichiersIniDisqueTest, RemovesWhatIsNotThereWithoutMakingAFile)
     EXPECT_TRUE(m_ini.SupprimerCle(m_dossier.Fichier("none.ini"), "s", "k"));
     EXPECT_TRUE(m_ini.SupprimerSection(m_dossier.Fichier("none.ini"), "s"));
     EXPECT_FALSE(m_dossier.Existe("none.ini"));
+}
+
+/// The files of the disk, counted. Its clock goes by the files.
+class DisqueCompte : public FichiersIniDisque
+{
+public:
+    mutable int lectures = 0;
+
+protected:
+    Contenu Charger(const QString& fichier) const override
+    {
+        ++lectures;
+        return FichiersIniDisque::Charger(fichier);
+    }
+};
+
+class FichiersIniRetenusTest : public testing::Test
+{
+protected:
+    /// Sets the clock so long after the file was changed last.
+    void Apres(const QString& fichier, int secondes)
+    {
+        const QDateTime change = QFileInfo(fichier).fileTime(QFileDevice::FileMetadataChangeTime);
+        PlateformeDeTest::Courante().horloge.heure = change.addSecs(secondes);
+    }
+    std::optional<QString> Lire() const { return m_ini.Lire(m_fichier, "s", "k").valeur; }
+
+    DossierDeTest m_dossier;
+    QString m_fichier = m_dossier.Ecrire("a.ini", "[s]\nk=1\n");
+    DisqueCompte m_ini;
+};
+
+TEST_F(FichiersIniRetenusTest, AFileThatStaysAsItIsIsReadOnce)
+{
+    Apres(m_fichier, 3600);
+
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(Lire(), "1");
+    EXPECT_TRUE(m_ini.Ecrire(m_fichier, "s", "k", "1"));
+
+    EXPECT_EQ(m_ini.lectures, 1);
+}
+
+TEST_F(FichiersIniRetenusTest, OneThatWasChangedThisMomentIsReadEachTime)
+{
+    Apres(m_fichier, 1);
+
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(Lire(), "1");
+
+    EXPECT_EQ(m_ini.lectures, 3) << "its time would stay the same if it were changed again";
+}
+
+TEST_F(FichiersIniRetenusTest, AChangeOfAnySortIsSeenAtTheNextLook)
+{
+    Apres(m_fichier, 3600);
+    ASSERT_EQ(Lire(), "1");
+
+    m_dossier.Ecrire("a.ini", "[s]\nk=12\n");
+    EXPECT_EQ(Lire(), "12") << "another size";
+
+    const QDateTime avant = QFileInfo(m_fichier).lastModified();
+    QFile autre(m_dossier.Ecrire("b.ini", "[s]\nk=34\n"));
+    ASSERT_TRUE(autre.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(autre.setFileTime(avant, QFileDevice::FileModificationTime));
+    autre.close();
+    ASSERT_EQ(std::rename(autre.fileName().toLocal8Bit(), m_fichier.toLocal8Bit()), 0);
+    EXPECT_EQ(Lire(), "34") << "another file of the same size and time";
+
+    QFile::remove(m_fichier);
+    EXPECT_EQ(Lire(), std::nullopt);
+    m_dossier.Ecrire("a.ini", "[s]\nk=56\n");
+    EXPECT_EQ(Lire(), "56");
+    EXPECT_TRUE(m_ini.Ecrire(m_fichier, "s", "k", "78"));
+    EXPECT_EQ(Lire(), "78");
+}
+
+TEST(FichiersIniTest, AFileThatStaysAsItIsIsReadOnce)
+{
+    FichiersIniEnMemoire ini;
+    ini.fichiers = {{"a", "[s]\nk=1\n"}, {"b", "[s]\nk=2\n"}};
+
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(ini.Lire("a", "s", "k").valeur, "1");
+        EXPECT_EQ(ini.Lire("b", "s", "k").valeur, "2");
+    }
+    EXPECT_EQ(ini.lectures, 2);
+
+    ++ini.heure;
+    ini.fichiers["a"] = "[s]\nk=3\n";
+    EXPECT_EQ(ini.Lire("a", "s", "k").valeur, "3");
+    EXPECT_EQ(ini.lectures, 3);
+}
+
+TEST(FichiersIniTest, OfManyFilesAFewAreKept)
+{
+    FichiersIniEnMemoire ini;
+    for (int i = 0; i < 20; ++i)
+        ini.fichiers[QString::number(i)] = "[s]\nk=" + QByteArray::number(i) + '\n';
+
+    for (int i = 0; i < 40; ++i)
+        EXPECT_EQ(ini.Lire(QString::number(i % 20), "s", "k").valeur, QString::number(i % 20));
+
+    EXPECT_EQ(ini.lectures, 40);
 }
 
 TEST(FichiersIniTest, WritesNothingWhenTheFileHoldsItAlready)

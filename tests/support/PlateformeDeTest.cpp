@@ -26,8 +26,17 @@ std::optional<QString> ReglagesEnMemoire::LireDepose(const QString& section, con
     return trouve == deposees.cend() ? std::nullopt : std::optional(*trouve);
 }
 
+std::optional<FichiersIni::Empreinte> FichiersIniEnMemoire::Regarder(const QString& fichier) const
+{
+    if (!fichiers.contains(fichier) || fermes.contains(fichier) || casses.contains(fichier))
+        return std::nullopt;
+    const QByteArray octets = fichiers.value(fichier);
+    return Empreinte{0, qHash(fichier), octets.size(), heure, heure};
+}
+
 FichiersIni::Contenu FichiersIniEnMemoire::Charger(const QString& fichier) const
 {
+    ++lectures;
     if (fermes.contains(fichier))
         return {Contenu::Ferme, {}, {}};
     if (casses.contains(fichier))
@@ -42,6 +51,7 @@ bool FichiersIniEnMemoire::Remplacer(const QString& fichier, const QByteArray& o
     if (proteges.contains(fichier))
         return false;
     ++ecritures;
+    ++heure;
     fichiers.insert(fichier, octets);
     return true;
 }

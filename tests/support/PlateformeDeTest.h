@@ -33,8 +33,11 @@ public:
     QSet<QString> proteges; ///< files that cannot be written
     QString erreur = QStringLiteral("Input/output error");
     int ecritures = 0;
+    mutable int lectures = 0; ///< how often a file was read whole
+    int heure = 0;            ///< when all files were changed last
 
 protected:
+    std::optional<Empreinte> Regarder(const QString& fichier) const override;
     Contenu Charger(const QString& fichier) const override;
     bool Remplacer(const QString& fichier, const QByteArray& octets) override;
 };

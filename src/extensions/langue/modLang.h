@@ -1,7 +1,7 @@
 // Messages and languages: every text shown is looked up here, and recorded in lang/default.ini when it is not found.
 //
 // A language is an ini file in the folder "lang" of the program's folder; its messages stand in the section [other].
-// Texts in it have escapes for line breaks. Nothing is cached: a look-up reads the file.
+// Texts in it have escapes for line breaks. A look-up answers from what the file holds at that moment.
 #pragma once
 
 #include "base/Message.h"

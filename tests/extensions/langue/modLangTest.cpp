@@ -156,6 +156,23 @@ TEST_F(LangMsgTest, SeesAChangeOfTheFileAtOnce)
     EXPECT_EQ(LangMsg("msg1", "x").texte, "Ready!");
 }
 
+TEST_F(LangMsgTest, ReadsTheLanguageAndTheTemplateOnceWhileTheyStayAsTheyAre)
+{
+    FichiersIniEnMemoire& ini = PlateformeDeTest::Courante().iniEnMemoire;
+    plateforme().ini = &ini;
+    QDir().mkpath(m_dossier.Fichier("lang"));
+    FichierLangue = m_dossier.Fichier("lang/english.ini");
+    ini.fichiers[FichierLangue] = "[other]\r\nmsg1=Done!\r\n";
+    ini.fichiers[m_dossier.Fichier("lang/default.ini")] = "[other]\r\nmsg4=quatre\r\n";
+
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_EQ(LangMsg("msg1", "un").texte, "Done!");
+        EXPECT_EQ(LangMsg("msg4", "quatre").texte, "quatre");
+    }
+    EXPECT_EQ(ini.lectures, 2);
+    EXPECT_EQ(ini.ecritures, 0);
+}
+
 TEST_F(LangMsgTest, DoesNotMindATemplateThatCannotBeWritten)
 {
     const QString fichier = m_dossier.Ecrire("lang/default.ini", "[other]\r\n");
