@@ -1,6 +1,6 @@
 #include "entries/Macros.h"
 
-#include <QLocale>
+#include "base/Dates.h"
 
 #include <algorithm>
 #include <array>
@@ -20,11 +20,10 @@ std::array<Macro, 7> Macros(const QDateTime& maintenant)
 {
     const QDate date = maintenant.date();
     const QTime heure = maintenant.time();
-    const QLocale francais(QLocale::French, QLocale::France);
     return {{
-        {u"%d"_s, francais.toString(date, u"dd/MM/yyyy"_s)},
-        {u"%t"_s, francais.toString(date, u"yyyy-MM-dd"_s)},
-        {u"%D"_s, francais.toString(date, u"dd MMMM yyyy"_s)},
+        {u"%d"_s, date.toString(u"dd/MM/yyyy"_s)},
+        {u"%t"_s, date.toString(u"yyyy-MM-dd"_s)},
+        {u"%D"_s, DateEnLettres(date)},
         {u"%j"_s, QString::number(date.day())},
         {u"%m"_s, QString::number(date.month())},
         {u"%a"_s, QString::number(date.year())},

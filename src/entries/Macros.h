@@ -15,6 +15,7 @@ struct TexteSaisi
     qsizetype caret = 0;
 };
 
-/// Replaces all macros by the date and time `maintenant`; case counts, and months are French whatever the locale. The
-/// caret moves by what one replacement adds, once for each macro that was found, however often it occurs.
+/// Replaces all macros by the date and time `maintenant`; case counts. The month of %D is in the language of
+/// the user's region, the rest is the same everywhere. The caret moves by what one replacement adds, once for each
+/// macro that was found, however often it occurs.
 TexteSaisi DevelopperMacros(TexteSaisi saisi, const QDateTime& maintenant);

@@ -24,6 +24,7 @@ struct PlateformeReelle::Objets
     AttributsDisque attributs;
     HorlogeSysteme horloge;
     HasardSysteme hasard;
+    RegionDuSysteme region;
     AssociationBureau association;
     AucunProgramme programmes;
 };
@@ -38,6 +39,7 @@ PlateformeReelle::PlateformeReelle()
     p.attributs = &m_objets->attributs;
     p.horloge = &m_objets->horloge;
     p.hasard = &m_objets->hasard;
+    p.region = &m_objets->region;
     p.association = &m_objets->association;
     p.programmes = &m_objets->programmes;
     p.dossierProgramme = dossier;

@@ -5,6 +5,7 @@
 #include "platform/Attributs.h"
 #include "platform/FichiersIni.h"
 #include "platform/Programmes.h"
+#include "platform/Region.h"
 #include "platform/Reglages.h"
 #include "platform/Temps.h"
 
@@ -22,6 +23,7 @@ struct Plateforme
     AttributsFichier* attributs = nullptr;
     Horloge* horloge = nullptr;
     Hasard* hasard = nullptr;
+    Region* region = nullptr;
     Association* association = nullptr;
     Programmes* programmes = nullptr;
     Rendezvous* rendezvous = nullptr; ///< null in programs that have no window to be found by

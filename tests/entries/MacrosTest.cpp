@@ -1,6 +1,7 @@
 #include "entries/Macros.h"
 
 #include "support/Impression.h"
+#include "support/PlateformeDeTest.h"
 
 #include <QLocale>
 
@@ -46,7 +47,16 @@ TEST(MacrosTest, LongNumbersStayWhole)
     EXPECT_EQ(Developper(u"%h"_s, QDateTime(QDate(2000, 1, 1), QTime(0, 0))), "0:0");
 }
 
-TEST(MacrosTest, MonthsAreFrenchWhateverTheLocale)
+TEST(MacrosTest, TheMonthIsInTheLanguageOfTheRegionAndTheRestIsTheSameEverywhere)
+{
+    PlateformeDeTest::Courante().region.locale = QLocale(QLocale::German, QLocale::Germany);
+    EXPECT_EQ(Developper(u"%D"_s), u"05 März 2026"_s);
+    EXPECT_EQ(Caret(u"%D"_s, 2), 12);
+    EXPECT_EQ(Developper(u"%d"_s), "05/03/2026");
+    EXPECT_EQ(Developper(u"%t"_s), "2026-03-05");
+}
+
+TEST(MacrosTest, TheLocaleThatQtTakesForItsOwnIsOfNoMatter)
 {
     const QLocale avant;
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));

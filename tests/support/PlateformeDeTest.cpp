@@ -106,6 +106,7 @@ PlateformeDeTest::PlateformeDeTest()
     p.attributs = &attributs;
     p.horloge = &horloge;
     p.hasard = &hasard;
+    p.region = &region;
     p.association = &association;
     p.programmes = &programmes;
     p.rendezvous = &rendezvous;

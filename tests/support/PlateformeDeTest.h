@@ -59,6 +59,13 @@ public:
     QDateTime heure{QDate(2005, 9, 13), QTime(9, 7, 5)};
 };
 
+class RegionDeTest : public Region
+{
+public:
+    QLocale DesDates() const override { return locale; }
+    QLocale locale{QLocale::French, QLocale::France};
+};
+
 /// Gives the prepared numbers, then 0, 1/500, 2/500 ... over and over.
 class HasardPrepare : public Hasard
 {
@@ -113,6 +120,7 @@ public:
     AttributsEnMemoire attributsEnMemoire;
     HorlogeArretee horloge;
     HasardPrepare hasard;
+    RegionDeTest region;
     AssociationComptee association;
     ProgrammesNotes programmes;
     RendezvousEnMemoire rendezvous;
