@@ -225,6 +225,8 @@ def measure(inputs, engine, window, entries, cli, times):
         copy.unlink(missing_ok=True)
     zip5 = quickest(["zip", "-q", "-5", zipped, inputs.sorted], times, before=remove(zipped))
     convert = quickest([cli, "convert", inputs.sorted, converted], times, before=remove(converted))
+    list_text = quickest([cli, "list", inputs.sorted], times)
+    list_json = quickest([cli, "list", "--json", inputs.sorted], times)
     true = quickest(["/bin/true"], times * 5)
     listed = quickest([cli, "list", small], times * 5)
 
@@ -238,6 +240,8 @@ def measure(inputs, engine, window, entries, cli, times):
     table.ratio("text writer", engine.seconds("EcrireFichier14"), "cp to memory", cp, 2,
                 beyond=(" + 0.1 s", 0.1))
     table.ratio("`zelvane-cli convert` 1.4 → 2", convert, "zip -5", zip5, 1.3)
+    table.ratio("`zelvane-cli list`", list_text, "iconv", iconv, 3)
+    table.ratio("`zelvane-cli list --json`", list_json, "iconv", iconv, 7)
     table.more("`zelvane-cli list` of a small file", listed, "/bin/true", true, 0.030)
     table.time("`RecalculerCles`", engine.seconds("RecalculerCles"), 0.020)
     table.time("`SelItemsCount`", engine.seconds("SelItemsCount"), 0.020)

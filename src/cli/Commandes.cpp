@@ -16,6 +16,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -23,13 +24,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-Statut FinirSortie(SortieStandard& sortie)
-{
-    if (sortie.Finir())
-        return Fait;
-    DireErreur(u"La sortie standard n'accepte plus rien."_s);
-    return Echec;
-}
+constexpr qsizetype TailleMorceau = 1 << 16;
 
 // ---- type
 
@@ -47,6 +42,23 @@ Statut ExecuterType(const LigneDeCommande& ligne)
 
 // ---- list
 
+/// `commeLaSource`: slices have the fields of the table, so that a regular one is a line but for what parts them.
+void AjouterLigne(QByteArray& lignes, const stockage::Vue& vue, int colonnes, bool commeLaSource)
+{
+    const qsizetype debut = lignes.size();
+    if (commeLaSource && vue.EstReguliere()) {
+        vue.ToutesEnUne().AjouterEnUtf8(lignes);
+        std::replace(lignes.begin() + debut, lignes.end(), '|', '\t');
+    } else {
+        for (int i = 0; i < colonnes; ++i) {
+            vue.Champ(i).AjouterEnUtf8(lignes);
+            lignes.append('\t');
+        }
+        vue.Image().AjouterEnUtf8(lignes);
+    }
+    lignes.append('\n');
+}
+
 void ListerEnTexte(const CatalogueOuvert& catalogue, SortieStandard& sortie)
 {
     const MyLV& table = catalogue.table;
@@ -54,11 +66,14 @@ void ListerEnTexte(const CatalogueOuvert& catalogue, SortieStandard& sortie)
     for (int i = 1; i <= colonnes; ++i)
         sortie.Ecrire(table.ColumnHeaders(i).Text().toUtf8() + '\t');
     sortie.Ecrire("Image\n");
-    for (int i = 1; i <= table.ListItems.Count(); ++i) {
-        const stockage::Vue vue = table.VueEntree(i);
-        for (int j = 0; j < colonnes; ++j)
-            sortie.Ecrire(vue.Champ(j).Texte().toUtf8() + '\t');
-        sortie.Ecrire(vue.Image().Texte().toUtf8() + '\n');
+    const bool commeLaSource = colonnes == table.ColonnesSource();
+    QByteArray lignes;
+    for (int i = 1; i <= table.ListItems.Count() && sortie.EstOuverte(); ++i) {
+        AjouterLigne(lignes, table.VueEntree(i), colonnes, commeLaSource);
+        if (lignes.size() >= TailleMorceau || i == table.ListItems.Count()) {
+            sortie.Ecrire(lignes);
+            lignes.resize(0);
+        }
     }
 }
 
@@ -69,13 +84,25 @@ void EcrireColonne(Json& json, const ColumnHeader& colonne)
     json.Cle("icon").Texte(colonne.Icon()).Cle("texts").Texte(colonne.Tag()).Fin('}');
 }
 
-void EcrireEntree(Json& json, const ListItem& entree)
+/// `tampon` is room for one value, made once.
+void EcrireCellule(Json& json, const stockage::Cellule& cellule, QByteArray& tampon)
 {
+    tampon.resize(0);
+    cellule.AjouterEnUtf8(tampon);
+    json.TexteUtf8(tampon);
+}
+
+void EcrireEntree(Json& json, const MyLV& table, int place, QByteArray& tampon)
+{
+    const ListItem entree = table.ListItems(place);
     json.Debut('{').Cle("key").Texte(entree.Key()).Cle("values").Debut('[');
-    const QStringList valeurs = entree.Valeurs();
-    for (const QString& valeur : valeurs)
-        json.Texte(valeur);
-    json.Fin(']').Cle("image").Texte(entree.Tag()).Cle("icon").Texte(entree.SmallIcon()).Fin('}');
+    const stockage::Vue vue = table.VueEntree(place);
+    const int colonnes = table.ColumnHeaders.Count();
+    for (int i = 0; i < colonnes; ++i)
+        EcrireCellule(json, vue.Champ(i), tampon);
+    json.Fin(']').Cle("image");
+    EcrireCellule(json, vue.Image(), tampon);
+    json.Cle("icon").Texte(entree.SmallIcon()).Fin('}');
 }
 
 /// Nothing, with a message, when the archive can be read no more.
@@ -104,9 +131,11 @@ void ListerEnJson(const CatalogueOuvert& catalogue, const QString& commentaire, 
     for (int i = 1; i <= table.ColumnHeaders.Count(); ++i)
         EcrireColonne(json, table.ColumnHeaders(i));
     json.Fin(']').Cle("entries").Debut('[');
-    for (int i = 1; i <= table.ListItems.Count(); ++i) {
-        EcrireEntree(json, table.ListItems(i));
-        sortie.Ecrire(json.Prendre());
+    QByteArray tampon;
+    for (int i = 1; i <= table.ListItems.Count() && sortie.EstOuverte(); ++i) {
+        EcrireEntree(json, table, i, tampon);
+        if (json.Taille() >= TailleMorceau)
+            sortie.Ecrire(json.Prendre());
     }
     json.Fin(']').Fin('}');
     sortie.Ecrire(json.Prendre() + '\n');
@@ -200,6 +229,14 @@ Statut ExecuterConvert(const LigneDeCommande& ligne)
 }
 
 } // namespace
+
+Statut FinirSortie(SortieStandard& sortie)
+{
+    if (sortie.Finir() != SortieStandard::Etat::Cassee)
+        return Fait;
+    DireErreur(u"La sortie standard n'accepte plus rien."_s);
+    return Echec;
+}
 
 const QList<Commande>& LesCommandes()
 {

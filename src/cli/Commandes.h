@@ -9,6 +9,8 @@
 /// Exit status of a command.
 enum Statut { Fait = 0, Echec = 1, MauvaisUsage = 2 };
 
+class SortieStandard;
+
 struct Commande
 {
     QString nom;
@@ -21,3 +23,6 @@ struct Commande
 
 /// All commands, in the order of the help.
 const QList<Commande>& LesCommandes();
+
+/// Ends the output. A reader that went away had what it wanted; output that is lost is told and is a failure.
+Statut FinirSortie(SortieStandard& sortie);

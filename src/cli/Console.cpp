@@ -5,9 +5,9 @@
 #include <QFile>
 #include <QStringDecoder>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <utility>
 
 #include <termios.h>
 #include <unistd.h>
@@ -73,6 +73,9 @@ bool Console::LireMotDePasse(const QString& fichier)
 int Console::Afficher(const Message& message, int genre, const QString&)
 {
     DireErreur(message.cle.isEmpty() ? message.texte : message.cle + QStringLiteral(": ") + message.texte);
+    if (std::exchange(m_motDePasseManque, false))
+        DireErreur(QStringLiteral("Le fichier est protégé par un mot de passe : donnez-le par --password-file FICHIER "
+                                  "ou par la variable ZELVANE_MOT_DE_PASSE."));
     switch (genre) {
     case MsgOk:
         return RepOk;
@@ -89,8 +92,10 @@ QString Console::DemanderMotDePasse(const QString&, const QString&)
         return *m_motDePasse;
     if (qEnvironmentVariableIsSet("ZELVANE_MOT_DE_PASSE"))
         return PremiereLigne(qgetenv("ZELVANE_MOT_DE_PASSE"));
-    if (!isatty(STDIN_FILENO))
+    if (!isatty(STDIN_FILENO)) {
+        m_motDePasseManque = true;
         return QString();
+    }
     std::fputs("Mot de passe : ", stderr);
     std::fflush(stderr);
     QByteArray reponse;
@@ -116,23 +121,26 @@ void SortieStandard::Ecrire(QByteArrayView octets)
         Vider();
 }
 
-bool SortieStandard::Finir()
+SortieStandard::Etat SortieStandard::Finir()
 {
     Vider();
-    return m_bon;
+    return m_etat;
 }
 
 void SortieStandard::Vider()
 {
     const char* octets = m_tampon.constData();
     auto reste = static_cast<size_t>(m_tampon.size());
-    while (m_bon && reste > 0) {
+    while (EstOuverte() && reste > 0) {
         const ssize_t ecrits = ::write(STDOUT_FILENO, octets, reste);
         if (ecrits < 0 && errno == EINTR)
             continue;
-        m_bon = ecrits > 0;
-        octets += std::max<ssize_t>(ecrits, 0);
-        reste -= static_cast<size_t>(std::max<ssize_t>(ecrits, 0));
+        if (ecrits <= 0) {
+            m_etat = ecrits < 0 && errno == EPIPE ? Etat::SansLecteur : Etat::Cassee;
+            break;
+        }
+        octets += ecrits;
+        reste -= static_cast<size_t>(ecrits);
     }
     m_tampon.resize(0);
 }

@@ -24,21 +24,30 @@ public:
 private:
     PresentateurMessages* m_precedent;
     std::optional<QString> m_motDePasse;
+    bool m_motDePasseManque = false; ///< it was asked for, and nobody is there to answer
 };
 
 /// A line on standard error.
 void DireErreur(const QString& texte);
 
-/// Buffered standard output. False when a byte could not be written (a full disk, a closed pipe).
+/// Buffered standard output.
 class SortieStandard
 {
 public:
+    enum class Etat {
+        Ouverte,
+        SansLecteur, ///< whoever read it has gone away, as "head" does once it has its lines
+        Cassee,      ///< a byte could not be written, as on a full disk
+    };
+
     void Ecrire(QByteArrayView octets);
-    bool Finir();
+    /// False once nothing more can be written: what follows need not be made.
+    bool EstOuverte() const { return m_etat == Etat::Ouverte; }
+    Etat Finir();
 
 private:
     void Vider();
 
     QByteArray m_tampon;
-    bool m_bon = true;
+    Etat m_etat = Etat::Ouverte;
 };

@@ -31,7 +31,7 @@ Statut Afficher(const QString& texte)
 {
     SortieStandard sortie;
     sortie.Ecrire(texte.toUtf8());
-    return sortie.Finir() ? Fait : Echec;
+    return FinirSortie(sortie);
 }
 
 QString AideGenerale()

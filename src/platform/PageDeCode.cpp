@@ -6,13 +6,21 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 
 namespace PageDeCode {
 
 namespace {
 
+struct Utf8
+{
+    std::array<char, 3> octets{};
+    uint8_t taille = 0;
+};
+
 struct Tables
 {
+    std::array<Utf8, 256> enUtf8{};
     std::array<char16_t, 256> versUnicode{};
     std::array<int16_t, 65536> versOctet{};
 };
@@ -32,7 +40,12 @@ const Tables& LesTables()
             // An open byte comes back as U+FFFD or as the control character of its number: always take the latter.
             const bool defini = n == 1 && U_SUCCESS(erreur) && unite[0] != 0xFFFD;
             t.versUnicode[static_cast<size_t>(octet)] = defini ? unite[0] : static_cast<char16_t>(octet);
-            t.versOctet[t.versUnicode[static_cast<size_t>(octet)]] = static_cast<int16_t>(octet);
+            const char16_t caractere = t.versUnicode[static_cast<size_t>(octet)];
+            t.versOctet[caractere] = static_cast<int16_t>(octet);
+            const QByteArray utf8 = QStringView(&caractere, 1).toUtf8();
+            Utf8& ecrit = t.enUtf8[static_cast<size_t>(octet)];
+            ecrit.taille = static_cast<uint8_t>(utf8.size());
+            std::copy(utf8.begin(), utf8.end(), ecrit.octets.begin());
         }
         if (convertisseur)
             ucnv_close(convertisseur);
@@ -60,6 +73,22 @@ QString VersTexte(QByteArrayView octets)
     std::transform(octets.begin(), octets.end(), reinterpret_cast<char16_t*>(texte.data()),
                    [table](char octet) { return table[static_cast<uchar>(octet)]; });
     return texte;
+}
+
+void AjouterEnUtf8(QByteArray& sortie, QByteArrayView octets)
+{
+    constexpr qsizetype plusLong = 3; // no character of the code page takes more
+    const qsizetype avant = sortie.size();
+    sortie.resize(avant + octets.size() * plusLong);
+    char* ici = sortie.data() + avant;
+    const auto& enUtf8 = LesTables().enUtf8;
+    for (const char octet : octets) {
+        const Utf8& utf8 = enUtf8[static_cast<uchar>(octet)];
+        // Always as many bytes: those behind the character's own are written over by the next one.
+        std::memcpy(ici, utf8.octets.data(), plusLong);
+        ici += utf8.taille;
+    }
+    sortie.truncate(ici - sortie.constData());
 }
 
 QByteArray VersOctets(QStringView texte)

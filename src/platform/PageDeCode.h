@@ -22,6 +22,9 @@ int OctetDe(char16_t unite);
 /// Decodes bytes; never fails.
 QString VersTexte(QByteArrayView octets);
 
+/// Appends the bytes as UTF-8, as VersTexte(octets).toUtf8() would give them.
+void AjouterEnUtf8(QByteArray& sortie, QByteArrayView octets);
+
 /// Encodes a text; each character (a surrogate pair is one) that the code page lacks becomes "?".
 QByteArray VersOctets(QStringView texte);
 

@@ -19,11 +19,24 @@ TEST(Json, EscapesWhatJsonForbids)
     EXPECT_EQ(json.Prendre(), QByteArray("\"\\\"\\\\\\n\\r\\t\\u0001é\xC2\x81𝄞\""));
 }
 
+TEST(Json, TakesTextsThatAreUtf8AlreadyAsOthers)
+{
+    for (const char* texte : {"", "abc", "\"", "a\"b\\c\n", "\x01", "é\x1F𝄞"}) {
+        Json deTexte;
+        deTexte.Texte(QString::fromUtf8(texte));
+        Json deOctets;
+        deOctets.TexteUtf8(texte);
+        EXPECT_EQ(deOctets.Prendre(), deTexte.Prendre()) << texte;
+    }
+}
+
 TEST(Json, ComesInPieces)
 {
     Json json;
     json.Debut('[').Nombre(1);
+    EXPECT_EQ(json.Taille(), 2);
     EXPECT_EQ(json.Prendre(), "[1");
+    EXPECT_EQ(json.Taille(), 0);
     json.Nombre(2).Fin(']');
     EXPECT_EQ(json.Prendre(), ",2]");
 }

@@ -363,16 +363,54 @@ TEST_F(ZelvaneCli, PasswordsComeFromAFileOrAVariable)
     const Resultat sans = Lancer({"list", protege});
     EXPECT_EQ(sans.statut, 1);
     EXPECT_TRUE(sans.erreurs.startsWith("msg52: ")) << sans.erreurs.toStdString();
+    EXPECT_TRUE(sans.erreurs.contains("--password-file")) << "how to give it is told";
     const QString fichier = dossier.Ecrire("mdp", "zelvane\nautre");
     EXPECT_EQ(Lancer({"list", protege, "--password-file", fichier}).statut, 0);
     EXPECT_EQ(Lancer({"list", protege, "--password-file", dossier.Fichier("absent")}).statut, 1);
     environnement.insert("ZELVANE_MOT_DE_PASSE", "faux");
-    EXPECT_EQ(Lancer({"list", protege}).statut, 1);
+    const Resultat faux = Lancer({"list", protege});
+    EXPECT_EQ(faux.statut, 1);
+    EXPECT_FALSE(faux.erreurs.contains("--password-file")) << "it was given";
     environnement.insert("ZELVANE_MOT_DE_PASSE", "zelvane");
     EXPECT_EQ(Lancer({"list", protege}).sortie, Lancer({"list", Bare()}).sortie);
     EXPECT_EQ(Lancer({"convert", protege, dossier.Fichier("ouvert.qrt")}).statut, 0);
     environnement.remove("ZELVANE_MOT_DE_PASSE");
     EXPECT_EQ(Lancer({"list", dossier.Fichier("ouvert.qrt")}).statut, 0) << "a written archive has no password";
+}
+
+TEST_F(ZelvaneCli, AReaderThatHasEnoughEndsItQuietly)
+{
+    TexteDeCatalogue texte = Catalogue();
+    texte.entrees.resize(20000, "Titre|Artiste||");
+    const QString grand = dossier.Ecrire("grand.qrt", texte.Texte());
+    for (const QStringList& options : {QStringList(), QStringList{"--json"}}) {
+        int tuyau[2];
+        ASSERT_EQ(pipe(tuyau), 0);
+        close(tuyau[0]); // the reader is gone before the first byte comes
+        QProcess processus;
+        processus.setProcessEnvironment(environnement);
+        processus.setStandardInputFile(QProcess::nullDevice());
+        processus.setChildProcessModifier([&tuyau] { dup2(tuyau[1], STDOUT_FILENO); });
+        processus.start(ZELVANE_CLI, QStringList{"list", grand} + options);
+        EXPECT_TRUE(processus.waitForFinished(60000));
+        close(tuyau[1]);
+        EXPECT_EQ(processus.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(processus.exitCode(), 0);
+        EXPECT_EQ(processus.readAllStandardError(), "");
+    }
+}
+
+TEST_F(ZelvaneCli, LinesOfAnyNumberOfFieldsAreListedUnderTheirColumns)
+{
+    TexteDeCatalogue texte = Catalogue();
+    texte.entrees = {"a|b|c|i.gif", "court", "long|b|c|i.gif|trop", "", "€|é||", "r|s|r.gif"};
+    EXPECT_EQ(Lancer({"list", dossier.Ecrire("a.qrt", texte.Texte())}).sortie,
+              "Titre\tArtiste\tPrêté\tImage\ncourt\t\t\t\n\t\t\t\na\tb\tc\ti.gif\nlong\tb\tc\ti.gif\n€\té\t\t\nr\ts\tr."
+              "gif\t\n");
+    texte.colonnes.removeLast();
+    EXPECT_EQ(Lancer({"list", dossier.Ecrire("b.qrt", texte.Texte())}).sortie,
+              "Titre\tArtiste\tPrêté\tImage\ncourt\t\t\t\n\t\t\t\na\tb\t\tc\nlong\tb\t\tc\n€\té\t\t\nr\ts\t\tr.gif\n")
+        << "a loan column that the file lacks stands behind its own";
 }
 
 TEST_F(ZelvaneCli, AnInterruptLeavesNoFolderBehind)

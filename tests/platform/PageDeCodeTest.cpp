@@ -97,6 +97,17 @@ TEST(PageDeCode, TakesEmptyTexts)
     EXPECT_TRUE(PageDeCode::EstRepresentable({}));
 }
 
+TEST(PageDeCode, EveryByteBecomesTheUtf8OfItsText)
+{
+    QByteArray octets;
+    for (int octet = 0; octet < 256; ++octet)
+        octets.append(static_cast<char>(octet));
+    QByteArray sortie = "devant";
+    PageDeCode::AjouterEnUtf8(sortie, octets);
+    PageDeCode::AjouterEnUtf8(sortie, {});
+    EXPECT_EQ(sortie, "devant" + PageDeCode::VersTexte(octets).toUtf8());
+}
+
 TEST(PageDeCode, ReducesUtf8)
 {
     EXPECT_EQ(PageDeCode::ReduireUtf8("Pr\xC3\xAAt\xC3\xA9 \xE2\x82\xAC \xCE\xA9 \xF0\x9F\x99\x82"),

@@ -57,6 +57,18 @@ QString Cellule::Texte() const
     return codage == Codage::Utf8 ? PageDeCode::DeUtf8(octets()) : PageDeCode::VersTexte(octets());
 }
 
+void Cellule::AjouterEnUtf8(QByteArray& sortie) const
+{
+    if (!existe)
+        return;
+    if (codage == Codage::Cp1252)
+        PageDeCode::AjouterEnUtf8(sortie, octets());
+    else if (QByteArray::fromRawData(debut, static_cast<qsizetype>(taille)).isValidUtf8())
+        sortie.append(debut, static_cast<qsizetype>(taille));
+    else
+        sortie.append(Texte().toUtf8()); // a file may hold anything
+}
+
 /// The "|" that ends the field at hand; null where none does.
 const char* Vue::ChercherBarre() const
 {

@@ -2,6 +2,7 @@
 // the writer and scans that go over all entries; everybody else uses MyLV.h.
 #pragma once
 
+#include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
 
@@ -64,6 +65,8 @@ struct Cellule
 
     QByteArrayView octets() const { return QByteArrayView(debut, static_cast<qsizetype>(taille)); }
     QString Texte() const;
+    /// Appends what Texte().toUtf8() would give, without the text in between.
+    void AjouterEnUtf8(QByteArray& sortie) const;
 };
 
 /// The cells of an edited entry: written ones hold a text. The image is kept beside them.
@@ -98,6 +101,8 @@ public:
     uint8_t Drapeaux() const { return m_drapeaux; }
     /// The bytes of a slice, all its fields.
     QByteArrayView Tranche() const { return QByteArrayView(m_octets, static_cast<qsizetype>(m_longueur)); }
+    /// The same, to be decoded as one: all fields and the "|" between them.
+    Cellule ToutesEnUne() const { return {m_octets, m_longueur, m_codage, true}; }
     /// Cell 0 to ...; one that is not there does not exist.
     Cellule Champ(int cellule) const;
     /// The image name.
