@@ -50,7 +50,7 @@ function(zelvane_test)
         message(FATAL_ERROR "zelvane_test: LABEL is unit, form or e2e, not '${arg_LABEL}'")
     endif()
     add_executable(${arg_NAME} ${arg_SOURCES})
-    set(environment "TZ=UTC;LC_ALL=C.UTF-8")
+    set(environment "ZELVANE_PAR_CTEST=1;TZ=UTC;LC_ALL=C.UTF-8") # the first tells tests that the rest must be there
     if(arg_FORMS)
         target_link_libraries(${arg_NAME} PRIVATE zelvane_test_support_forms)
         target_precompile_headers(${arg_NAME} REUSE_FROM zelvane_test_support_forms)
@@ -63,8 +63,15 @@ function(zelvane_test)
         add_custom_target(tests_${arg_LABEL})
     endif()
     add_dependencies(tests_${arg_LABEL} ${arg_NAME})
-    gtest_discover_tests(${arg_NAME} DISCOVERY_MODE PRE_TEST
-        PROPERTIES LABELS ${arg_LABEL} TIMEOUT 120 ENVIRONMENT "${environment}")
+    gtest_discover_tests(${arg_NAME} DISCOVERY_MODE PRE_TEST TEST_LIST ${arg_NAME}_TESTS
+        PROPERTIES LABELS ${arg_LABEL} TIMEOUT 120)
+    # PROPERTIES above are taken apart at each ";" on their way, and of a list only the first one would arrive.
+    set(with_environment ${CMAKE_CURRENT_BINARY_DIR}/${arg_NAME}_environment.cmake)
+    file(WRITE ${with_environment}
+        "if(${arg_NAME}_TESTS)\n"
+        "  set_tests_properties(\${${arg_NAME}_TESTS} PROPERTIES ENVIRONMENT \"${environment}\")\n"
+        "endif()\n")
+    set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${with_environment})
 endfunction()
 
 # zelvane_e2e_test(name)
