@@ -11,7 +11,7 @@
 
 class QObject;
 
-/// What makes a setting a yes. Files out there hold more than 1 and 0, and programs have always read them like this.
+/// What makes a setting a yes. Files hold more than 1 and 0; which rule a key has is meant.
 enum class Oui {
     SiUn,          ///< the number 1 alone
     SaufZero,      ///< anything but the number 0; a text that is no number is a yes
