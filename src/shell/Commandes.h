@@ -16,7 +16,7 @@ struct LieuDeCommande
     Form1* document;
 };
 
-/// What a command needs to do something. Each but the last two needs all that stands above it.
+/// What a command needs to do something. Each but the last one needs all that stands above it.
 enum class Besoin {
     Rien,
     Document,
