@@ -90,9 +90,8 @@ void Form1::mRechercher_Click()
 
 void Form1::mModifierCommentaires_Click()
 {
-    CommentairesDuDossier stock;
     const QString chemin = myqrt.TmpFolder + Commentaires::NomDuFichier();
-    if (ModifierCommentaires(stock, chemin, myqrt.filename(), FenetreDessous()))
+    if (ModifierCommentaires(chemin, myqrt.filename(), FenetreDessous()))
         myqrt.IlFautSauver = true;
 }
 

@@ -6,7 +6,6 @@
 #include "platform/Presence.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 namespace Commentaires {
 
@@ -78,22 +77,3 @@ bool AMontrer(const QString& dossier)
 }
 
 } // namespace Commentaires
-
-namespace {
-
-QString DossierDe(const QString& chemin)
-{
-    return QFileInfo(chemin).path() + u'/';
-}
-
-} // namespace
-
-std::optional<QString> CommentairesDuDossier::Lire(const QString& chemin)
-{
-    return Commentaires::Lire(DossierDe(chemin));
-}
-
-bool CommentairesDuDossier::Ecrire(const QString& chemin, const QString& texte)
-{
-    return Commentaires::Ecrire(DossierDe(chemin), texte);
-}

@@ -4,8 +4,6 @@
 // text in "Zelvane.utf8" beside it, see TexteExact. A folder is given by its path with a trailing separator.
 #pragma once
 
-#include "catalogue/documents/StockCommentaires.h"
-
 #include <QString>
 
 #include <optional>
@@ -27,11 +25,3 @@ bool Ecrire(const QString& dossier, const QString& texte);
 bool AMontrer(const QString& dossier);
 
 } // namespace Commentaires
-
-/// The comments for their dialog, which knows them by the path of the file.
-class CommentairesDuDossier : public StockCommentaires
-{
-public:
-    std::optional<QString> Lire(const QString& chemin) override;
-    bool Ecrire(const QString& chemin, const QString& texte) override;
-};

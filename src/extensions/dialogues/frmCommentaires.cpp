@@ -2,11 +2,12 @@
 
 #include "base/Const_Vrac.h"
 #include "base/Options.h"
-#include "catalogue/documents/StockCommentaires.h"
+#include "catalogue/documents/Commentaires.h"
 #include "extensions/langue/LangForm.h"
 #include "extensions/langue/modLang.h"
 #include "ui_frmCommentaires.h"
 
+#include <QFileInfo>
 #include <QShowEvent>
 
 using namespace Qt::StringLiterals;
@@ -15,10 +16,14 @@ namespace {
 
 constexpr double MargeTexte = 8; // letters that touch the frame are tiring to read
 
+QString DossierDe(const QString& chemin)
+{
+    return QFileInfo(chemin).path() + u'/';
+}
+
 } // namespace
 
-frmCommentaires::frmCommentaires(StockCommentaires& stock, QWidget* parent)
-    : QDialog(parent), m_stock(stock), m_ui(std::make_unique<Ui::frmCommentaires>())
+frmCommentaires::frmCommentaires(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::frmCommentaires>())
 {
     m_ui->setupUi(this);
     m_ui->Text1->document()->setDocumentMargin(MargeTexte);
@@ -37,7 +42,7 @@ frmCommentaires::~frmCommentaires() = default;
 
 void frmCommentaires::LoadTexte(const QString& chemin)
 {
-    m_ui->Text1->setPlainText(m_stock.Lire(chemin).value_or(QString()));
+    m_ui->Text1->setPlainText(Commentaires::Lire(DossierDe(chemin)).value_or(QString()));
     modifie = false;
 }
 
@@ -45,8 +50,8 @@ bool frmCommentaires::SaveTexte(const QString& chemin, bool remplacer)
 {
     if (!modifie)
         return false;
-    const bool permis = remplacer || !m_stock.Lire(chemin);
-    const bool ecrit = permis && m_stock.Ecrire(chemin, Texte());
+    const bool permis = remplacer || !Commentaires::Lire(DossierDe(chemin));
+    const bool ecrit = permis && Commentaires::Ecrire(DossierDe(chemin), Texte());
     if (!ecrit)
         AfficherMsg(LangMsg(u"msg3"_s, u"Erreur lors de l'enregistrement des commentaires"_s), MsgOk, QString());
     return ecrit;
@@ -70,9 +75,9 @@ QString frmCommentaires::Texte() const
         .replace(QChar::LineSeparator, u'\n');
 }
 
-bool ModifierCommentaires(StockCommentaires& stock, const QString& chemin, const QString& filename, QWidget* parent)
+bool ModifierCommentaires(const QString& chemin, const QString& filename, QWidget* parent)
 {
-    frmCommentaires form(stock, parent);
+    frmCommentaires form(parent);
     form.setWindowTitle(LangMsg(u"msg77"_s, u"Commentaires"_s).texte + u" ("_s + filename + u')');
     form.LoadTexte(chemin);
     form.exec();

@@ -5,8 +5,6 @@
 
 #include <memory>
 
-class StockCommentaires;
-
 namespace Ui {
 class frmCommentaires;
 }
@@ -16,11 +14,10 @@ class frmCommentaires : public QDialog
     Q_OBJECT
 
 public:
-    /// `stock` is not owned and outlives the form.
-    explicit frmCommentaires(StockCommentaires& stock, QWidget* parent = nullptr);
+    explicit frmCommentaires(QWidget* parent = nullptr);
     ~frmCommentaires() override;
 
-    /// Shows the comments of the file `chemin`; without such a file, none.
+    /// Shows the comments of the file `chemin`, "Zelvane.txt" in a document's folder; without such a file, none.
     void LoadTexte(const QString& chemin);
 
     /// Writes the text, if it was changed, and returns true when it did. `remplacer` allows that a file is there
@@ -36,10 +33,9 @@ protected:
 private:
     QString Texte() const;
 
-    StockCommentaires& m_stock;
     std::unique_ptr<Ui::frmCommentaires> m_ui;
 };
 
 /// Lets the user read and change the comments of the file `chemin`, which belong to the document `filename`. True when
 /// something was written: the document has changed then.
-bool ModifierCommentaires(StockCommentaires& stock, const QString& chemin, const QString& filename, QWidget* parent);
+bool ModifierCommentaires(const QString& chemin, const QString& filename, QWidget* parent);

@@ -158,14 +158,4 @@ TEST_F(CommentairesTest, AFullDiskLeavesTheOldComments)
     }
 }
 
-TEST_F(CommentairesTest, TheDialogKnowsThemByTheirFile)
-{
-    CommentairesDuDossier stock;
-    const QString chemin = d.dossier.Fichier("Zelvane.txt");
-    EXPECT_FALSE(stock.Lire(chemin));
-    EXPECT_TRUE(stock.Ecrire(chemin, "a\nb"));
-    EXPECT_EQ(Texte(), "a\r\nb");
-    EXPECT_EQ(stock.Lire(chemin), "a\nb");
-}
-
 } // namespace

@@ -9,6 +9,8 @@
 #include "support/PlateformeDeTest.h"
 
 #include <QCheckBox>
+#include <QDir>
+#include <QFile>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
@@ -16,31 +18,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-
-const QString s_chemin = QStringLiteral("/tmp/cat1/Zelvane.txt");
-
-class StockEnMemoire : public StockCommentaires
-{
-public:
-    std::optional<QString> Lire(const QString& chemin) override
-    {
-        EXPECT_EQ(chemin, s_chemin);
-        return texte;
-    }
-    bool Ecrire(const QString& chemin, const QString& nouveau) override
-    {
-        EXPECT_EQ(chemin, s_chemin);
-        ++ecritures;
-        if (plein)
-            return false;
-        texte = nouveau;
-        return true;
-    }
-
-    std::optional<QString> texte;
-    int ecritures = 0;
-    bool plein = false;
-};
 
 QPlainTextEdit& Text1(const QWidget& form)
 {
@@ -64,15 +41,18 @@ protected:
     bool Modifier(const std::function<void(QWidget&)>& geste)
     {
         const GardeModale garde(geste);
-        return ModifierCommentaires(m_stock, s_chemin, "discotheque.qrt", nullptr);
+        return ModifierCommentaires(Chemin(), "discotheque.qrt", nullptr);
     }
+    QString Chemin() const { return m_dossier.Fichier("Zelvane.txt"); }
+    void Ecrire(const QByteArray& octets) const { m_dossier.Ecrire("Zelvane.txt", octets); }
+    QByteArray Fichier() const { return m_dossier.Lire("Zelvane.txt"); }
 
-    StockEnMemoire m_stock;
+    const DossierDeTest m_dossier;
 };
 
 TEST_F(FrmCommentairesTest, ShowsTheTextUnderTheDocumentsName)
 {
-    m_stock.texte = "Mes disques\nrangés";
+    Ecrire("Mes disques\r\nrang\xe9s");
     Modifier([](QWidget& form) {
         EXPECT_EQ(form.windowTitle(), "Commentaires (discotheque.qrt)");
         EXPECT_EQ(Text1(form).toPlainText(), "Mes disques\nrangés");
@@ -95,7 +75,7 @@ TEST_F(FrmCommentairesTest, TheTitleIsInTheLanguageInForce)
 
 TEST_F(FrmCommentairesTest, AnOpenDialogShowsWhatIsSetElsewhere)
 {
-    const frmCommentaires form(m_stock);
+    const frmCommentaires form;
     EcrireOption("commentAtStartup", 0);
     EXPECT_FALSE(Check1(form).isChecked());
     EcrireOption("commentAtStartup", 1);
@@ -104,20 +84,20 @@ TEST_F(FrmCommentairesTest, AnOpenDialogShowsWhatIsSetElsewhere)
 
 TEST_F(FrmCommentairesTest, WithoutAFileTheTextIsEmptied)
 {
-    m_stock.texte = "ancien";
-    frmCommentaires form(m_stock);
-    form.LoadTexte(s_chemin);
-    m_stock.texte.reset();
-    form.LoadTexte(s_chemin);
+    Ecrire("ancien");
+    frmCommentaires form;
+    form.LoadTexte(Chemin());
+    ASSERT_TRUE(QFile::remove(Chemin()));
+    form.LoadTexte(Chemin());
     EXPECT_EQ(Text1(form).toPlainText(), "");
     EXPECT_FALSE(form.modifie);
 }
 
 TEST_F(FrmCommentairesTest, ATextThatWasNotChangedIsNotWritten)
 {
-    m_stock.texte = "Mes disques";
+    Ecrire("Mes\ndisques"); // a write would change the line end
     EXPECT_FALSE(Modifier([](QWidget& form) { QTest::mouseClick(&Fermer(form), Qt::LeftButton); }));
-    EXPECT_EQ(m_stock.ecritures, 0);
+    EXPECT_EQ(Fichier(), "Mes\ndisques");
 }
 
 TEST_F(FrmCommentairesTest, WhatWasTypedIsWrittenHoweverTheDialogCloses)
@@ -129,12 +109,12 @@ TEST_F(FrmCommentairesTest, WhatWasTypedIsWrittenHoweverTheDialogCloses)
         [](QWidget& form) { form.close(); },
     };
     for (const auto& fermer : fermetures) {
-        m_stock.texte = "disques";
+        Ecrire("disques");
         EXPECT_TRUE(Modifier([&](QWidget& form) {
             QTest::keyClicks(&Text1(form), "Mes ");
             fermer(form);
         }));
-        EXPECT_EQ(m_stock.texte, "Mes disques");
+        EXPECT_EQ(Fichier(), "Mes disques");
     }
 }
 
@@ -149,24 +129,24 @@ TEST_F(FrmCommentairesTest, EnterIsALineBreakAndDoesNotClose)
         EXPECT_TRUE(form.isVisible());
         form.close();
     }));
-    EXPECT_EQ(m_stock.texte, "a\nb\nc");
+    EXPECT_EQ(Fichier(), "a\r\nb\r\nc");
 }
 
 TEST_F(FrmCommentairesTest, BlanksThatDoNotBreakAreKept)
 {
-    m_stock.texte = QString("Qui sait\u00A0? \u202Foui");
+    ASSERT_TRUE(Commentaires::Ecrire(m_dossier.Chemin(), QString("Qui sait\u00A0? \u202Foui")));
     EXPECT_TRUE(Modifier([](QWidget& form) {
         QTest::keyClick(&Text1(form), Qt::Key_End, Qt::ControlModifier);
         QTest::keyClicks(&Text1(form), "!");
         form.close();
     }));
-    EXPECT_EQ(m_stock.texte, QString("Qui sait\u00A0? \u202Foui!"));
+    EXPECT_EQ(Commentaires::Lire(m_dossier.Chemin()), QString("Qui sait\u00A0? \u202Foui!"));
 }
 
 TEST_F(FrmCommentairesTest, ComingOnTheScreenForgetsEarlierChanges)
 {
-    frmCommentaires form(m_stock);
-    form.LoadTexte(s_chemin);
+    frmCommentaires form;
+    form.LoadTexte(Chemin());
     Text1(form).setPlainText("by code");
     EXPECT_TRUE(form.modifie);
     form.show();
@@ -185,13 +165,13 @@ TEST_F(FrmCommentairesTest, ComingBackFromAnotherProgramForgetsNothing)
         }
         form.close();
     }));
-    EXPECT_EQ(m_stock.texte, "x");
+    EXPECT_EQ(Fichier(), "x");
 }
 
 TEST_F(FrmCommentairesTest, AFailureIsToldAndNothingCountsAsChanged)
 {
     FileDeReponses reponses;
-    m_stock.plein = true;
+    ASSERT_TRUE(QDir().mkpath(Chemin())); // no file can take its place
     EXPECT_FALSE(Modifier([](QWidget& form) {
         QTest::keyClicks(&Text1(form), "x");
         form.close();
@@ -203,44 +183,42 @@ TEST_F(FrmCommentairesTest, AFailureIsToldAndNothingCountsAsChanged)
 TEST_F(FrmCommentairesTest, AFileThatMayNotBeReplacedIsAFailure)
 {
     FileDeReponses reponses;
-    frmCommentaires form(m_stock);
-    form.LoadTexte(s_chemin);
+    frmCommentaires form;
+    form.LoadTexte(Chemin());
     Text1(form).setPlainText("neuf");
-    m_stock.texte = "ancien";
-    EXPECT_FALSE(form.SaveTexte(s_chemin, false));
-    EXPECT_EQ(m_stock.texte, "ancien");
+    Ecrire("ancien");
+    EXPECT_FALSE(form.SaveTexte(Chemin(), false));
+    EXPECT_EQ(Fichier(), "ancien");
     EXPECT_EQ(reponses.Cles(), QStringList({"msg3"}));
-    m_stock.texte.reset();
-    EXPECT_TRUE(form.SaveTexte(s_chemin, false));
-    EXPECT_EQ(m_stock.texte, "neuf");
+    ASSERT_TRUE(QFile::remove(Chemin()));
+    EXPECT_TRUE(form.SaveTexte(Chemin(), false));
+    EXPECT_EQ(Fichier(), "neuf");
 }
 
 TEST_F(FrmCommentairesTest, AnEmptiedTextLeavesOneLineEndThatNobodyShows)
 {
-    const DossierDeTest dossier;
-    const QString chemin = dossier.Ecrire("Zelvane.txt", "Mes disques");
-    CommentairesDuDossier stock;
-    const GardeModale garde([](QWidget& form) {
+    Ecrire("Mes disques");
+    EXPECT_TRUE(Modifier([](QWidget& form) {
         QTest::keyClick(&Text1(form), Qt::Key_A, Qt::ControlModifier);
         QTest::keyClick(&Text1(form), Qt::Key_Delete);
         form.close();
-    });
-    EXPECT_TRUE(ModifierCommentaires(stock, chemin, "a.qrt", nullptr));
-    EXPECT_EQ(dossier.Lire("Zelvane.txt"), "\r\n");
-    EXPECT_FALSE(Commentaires::AMontrer(dossier.Chemin()));
+    }));
+    EXPECT_EQ(Fichier(), "\r\n");
+    EXPECT_FALSE(Commentaires::AMontrer(m_dossier.Chemin()));
 }
 
 TEST_F(FrmCommentairesTest, TheBoxTakesTheSetting)
 {
-    EXPECT_TRUE(Check1(frmCommentaires(m_stock)).isChecked()) << "without a setting";
+    EXPECT_TRUE(Check1(frmCommentaires()).isChecked()) << "without a setting";
     for (const auto& [valeur, cochee] : {std::pair("1", true), {"0", false}, {"non", false}}) {
         EcrireOption("commentAtStartup", valeur);
-        EXPECT_EQ(Check1(frmCommentaires(m_stock)).isChecked(), cochee) << valeur;
+        EXPECT_EQ(Check1(frmCommentaires()).isChecked(), cochee) << valeur;
     }
 }
 
 TEST_F(FrmCommentairesTest, AClickOnTheBoxIsWrittenAtOnce)
 {
+    Ecrire("a\nb"); // a write would change the line end
     Modifier([](QWidget& form) {
         QTest::keyClick(&Check1(form), Qt::Key_Space);
         EXPECT_EQ(LireOption("commentAtStartup", "none").toString(), "0");
@@ -248,7 +226,7 @@ TEST_F(FrmCommentairesTest, AClickOnTheBoxIsWrittenAtOnce)
         EXPECT_EQ(LireOption("commentAtStartup", "none").toString(), "1");
         form.close();
     });
-    EXPECT_EQ(m_stock.ecritures, 0) << "the box is no change of the text";
+    EXPECT_EQ(Fichier(), "a\nb") << "the box is no change of the text";
 }
 
 TEST_F(FrmCommentairesTest, TheKeysStartInTheTextAndTabLeavesIt)
@@ -266,7 +244,7 @@ TEST_F(FrmCommentairesTest, TheKeysStartInTheTextAndTabLeavesIt)
 
 TEST_F(FrmCommentairesTest, ALargerDialogHasALargerText)
 {
-    frmCommentaires form(m_stock);
+    frmCommentaires form;
     form.show();
     const QSize avant = Text1(form).size();
     form.resize(form.size() + QSize(100, 80));
