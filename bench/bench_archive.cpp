@@ -36,11 +36,7 @@ QString Modele()
 class Document
 {
 public:
-    Document()
-    {
-        doc.MyLV = &table;
-        doc.TmpFolder = m_dossier.path() + u'/';
-    }
+    Document() { doc.TmpFolder = m_dossier.path() + u'/'; }
     bool Ouvrir(const QString& archive)
     {
         doc.SetCheminReel(archive);
@@ -50,8 +46,8 @@ public:
         return doc.ItemsCount() > 0;
     }
 
-    MyLV table;
-    QrtClass doc;
+    Categorie doc;
+    MyLV& table = doc.Table;
 
 private:
     QTemporaryDir m_dossier{Modele()};
@@ -85,7 +81,7 @@ void EnregistrerArchive(benchmark::State& etat)
         etat.PauseTiming();
         sync(); // what the iteration before left to be written is no matter of this one
         etat.ResumeTiming();
-        if (!EcrireFichier(document.doc, false) || document.doc.DossierAGarder)
+        if (!EcrireFichier(document.doc, false) || document.doc.GardeDossier())
             etat.SkipWithError("not written");
     }
 }

@@ -28,7 +28,6 @@ class Fenetre : public FenetreDocument
 public:
     Fenetre()
     {
-        myqrt.MyLV = &m_table;
         myqrt.TmpFolder = m_dossier.path() + u'/';
         if (!QFile::link(qEnvironmentVariable("ZELVANE_BENCH_FICHIER"),
                          myqrt.TmpFolder + QStringLiteral("Zelvane.qrt")))
@@ -50,7 +49,7 @@ public:
     void mRechercher_Click() override {}
 
 private:
-    MyLV m_table;
+    MyLV& m_table = myqrt.Table;
     QTemporaryDir m_dossier;
 };
 
@@ -83,7 +82,7 @@ BENCHMARK(EditionMultiple)->Unit(benchmark::kMillisecond)->UseRealTime();
 void ListerDependantes(benchmark::State& etat)
 {
     Mesurer(etat, [](Fenetre& fenetre) {
-        QrtClass& doc = fenetre.myqrt;
+        Categorie& doc = fenetre.myqrt;
         for (int i = 1; i <= fenetre.Nombre(); ++i)
             doc.MyLV->Selectionner(i, i, i % 100 == 1);
         doc.dependantcol = 2;
@@ -117,7 +116,7 @@ BENCHMARK(ImageDeLaListe)->Unit(benchmark::kMillisecond)->UseRealTime();
 void SupprimerUnDixieme(benchmark::State& etat)
 {
     Mesurer(etat, [](Fenetre& fenetre) {
-        QrtClass& doc = fenetre.myqrt;
+        Categorie& doc = fenetre.myqrt;
         const int avant = fenetre.Nombre();
         ListeASupprimer liste(doc);
         SansAvancement sans;

@@ -3,7 +3,7 @@
 #include "Mesurer.h"
 
 #include "catalogue/table/MyLV.h"
-#include "catalogue/texte/QrtClass.h"
+#include "catalogue/texte/Categorie.h"
 #include "catalogue/texte/TriDeTable.h"
 #include "vue/ModeleTable.h"
 #include "vue/SaisieRapide.h"
@@ -137,7 +137,7 @@ void ClicSurUnTitre(benchmark::State& etat)
 {
     constexpr int tours = 3;
     Montage& montage = LeMontage();
-    QrtClass doc;
+    Categorie doc;
     doc.MyLV = &montage.table;
     montage.table.SetSorted(true);
     double tri = std::numeric_limits<double>::infinity();
@@ -163,7 +163,7 @@ BENCHMARK(ClicSurUnTitre)->Unit(benchmark::kMillisecond)->UseManualTime()->Itera
 void Comptes(benchmark::State& etat)
 {
     Montage& montage = LeMontage();
-    QrtClass doc;
+    Categorie doc;
     doc.MyLV = &montage.table;
     for (int i = 1; i <= Entrees; i += 2)
         montage.table.Selectionner(i, i, true);

@@ -28,14 +28,13 @@ class Document
 public:
     explicit Document(const QString& texte)
     {
-        doc.MyLV = &table;
         doc.TmpFolder = m_dossier.path() + u'/';
         if (!QFile::link(texte, doc.TmpFolder + QStringLiteral("Zelvane.qrt")))
             std::abort();
     }
 
-    MyLV table;
-    QrtClass doc;
+    Categorie doc;
+    MyLV& table = doc.Table;
 
 private:
     QTemporaryDir m_dossier;
@@ -106,7 +105,7 @@ void TriAutreColonne(benchmark::State& etat)
 
 void BenchEcrireFichier14(benchmark::State& etat)
 {
-    QrtClass& doc = DocumentCharge().doc;
+    Categorie& doc = DocumentCharge().doc;
     doc.SetCheminReel(Variable("ZELVANE_BENCH_SORTIE", "/dev/shm") + QStringLiteral("/zelvane-bench-1.4.qrt"));
     for (auto _ : etat) {
         QFile::remove(doc.CheminReel());

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/AfficherMsg.h"
+#include "catalogue/texte/Categorie.h"
 #include "catalogue/texte/TexteQrt.h"
 
 #include <QByteArray>
@@ -56,7 +57,7 @@ inline QByteArray LireOctets(const QString& chemin)
 }
 
 /// The text that a save of the document writes.
-inline QByteArray TexteDe(const QrtClass& doc, stockage::Codage codage)
+inline QByteArray TexteDe(const Categorie& doc, stockage::Codage codage)
 {
     struct EnMemoire : Puits
     {

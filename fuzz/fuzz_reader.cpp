@@ -34,7 +34,7 @@ struct Atelier
     QTemporaryDir dossier;
 };
 
-void VerifierTable(const QrtClass& doc)
+void VerifierTable(const Categorie& doc)
 {
     const MyLV& table = *doc.MyLV;
     Verifier(table.ColumnHeaders.Existe(doc.IndexColPrete), "no loan column");
@@ -57,7 +57,7 @@ void VerifierTable(const QrtClass& doc)
     }
 }
 
-void Recharger(const Atelier& atelier, QrtClass& doc)
+void Recharger(const Atelier& atelier, Categorie& doc)
 {
     // A written file always says that it is sorted, so only the entries of a sorted table keep their order.
     if (!doc.MyLV->Sorted() || qint64(doc.ColCount()) * doc.ItemsCount() > 200000)
@@ -85,9 +85,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* octets, size_t taille)
     atelier.Ecrire(QStringLiteral("Zelvane.utf8"), coupe < 0 ? QByteArray() : entree.mid(coupe + 1));
 
     const CompteurDeMessages compteur;
-    MyLV table;
-    QrtClass doc;
-    doc.MyLV = &table;
+    Categorie doc;
+    MyLV& table = doc.Table;
     doc.TmpFolder = atelier.dossier.path() + u'/';
     ChargerFichier(doc);
     if (compteur.messages > 0) {

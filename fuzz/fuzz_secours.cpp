@@ -108,14 +108,13 @@ bool PeutVivre(qint64 processus)
 /// What a catalogue's text gives when it is read and written again; nothing when it is none.
 std::optional<QByteArray> Relire(const QByteArray& texte)
 {
-    MyLV table;
-    QrtClass doc;
-    doc.MyLV = &table;
+    Categorie doc;
+    MyLV& table = doc.Table;
     return ChargerTexteExact(doc, texte) ? std::optional(TexteDe(doc, stockage::Codage::Utf8)) : std::nullopt;
 }
 
 /// A copy of the document tells all of it.
-void Recopier(const QrtClass& doc, const QString& nom)
+void Recopier(const Categorie& doc, const QString& nom)
 {
     Verifier(EcritureDeSecours(doc, nom).Achever() == EcritureDeSecours::Etat::Faite, "no copy could be written");
     const QString fichier = FichierDeSecours(doc.TmpFolder);
@@ -137,7 +136,7 @@ void Recopier(const QrtClass& doc, const QString& nom)
 void VerifierOuverte(const Atelier& atelier, const Laisse& laisse, const FenetreDeTest& fenetre,
                      const DossierLaisse& offerte, bool sansReserve)
 {
-    const QrtClass& doc = fenetre.myqrt;
+    const Categorie& doc = fenetre.myqrt;
     Verifier(doc.IlFautSauver, "what was recovered counts as saved");
     Verifier(LireDossier(doc.TmpFolder) == laisse.fichiers, "the folder did not come along");
     if (!sansReserve) {

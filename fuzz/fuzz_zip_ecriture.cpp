@@ -263,7 +263,7 @@ void LaisserPasserLHeure()
 void Comparer(const Atelier& atelier, const Fichiers& attendus, bool plainte)
 {
     const QString lus = atelier.Vide("lus");
-    QrtClass doc;
+    Categorie doc;
     doc.SetCheminReel(atelier.Archive());
     doc.TmpFolder = lus;
     if (!QFile::exists(atelier.Archive())) {
@@ -280,14 +280,13 @@ void Comparer(const Atelier& atelier, const Fichiers& attendus, bool plainte)
     Verifier(plainte || trouves.size() == attendus.size(), "a file is gone without a complaint");
 }
 
-void Enregistrer(const Atelier& atelier, QrtClass& doc, const Dossier& dossier)
+void Enregistrer(const Atelier& atelier, Categorie& doc, const Dossier& dossier)
 {
     const QByteArray ancienne = QFile::exists(atelier.Archive()) ? LireOctets(atelier.Archive()) : QByteArray();
     const bool ordinaire = dossier.EstOrdinaire();
     const CompteurDeMessages compteur;
-    doc.DossierAGarder = false;
     const bool ecrit = EcrireFichier(doc, false);
-    const bool plainte = !ecrit || doc.DossierAGarder || compteur.messages > 0;
+    const bool plainte = !ecrit || doc.GardeDossier() || compteur.messages > 0;
     Verifier(!plainte || !ordinaire, "a folder of ordinary files is refused");
     if (ecrit)
         Comparer(atelier, dossier.Lire(), plainte);
@@ -336,9 +335,8 @@ void EssayerDocument(const Atelier& atelier, const std::vector<Etape>& etapes)
         if (!etape.APres())
             dossier.Faire(etape);
     }
-    MyLV table;
-    QrtClass doc;
-    doc.MyLV = &table;
+    Categorie doc;
+    MyLV& table = doc.Table;
     doc.TmpFolder = chemin;
     doc.SetCheminReel(atelier.Archive());
     QFile::remove(atelier.Archive());

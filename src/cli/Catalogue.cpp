@@ -12,11 +12,10 @@ CatalogueOuvert::CatalogueOuvert()
           // Both folders in one step: once an interrupt has taken them away, nothing here makes them anew.
           TempFolder = CreerDossierDeCommande();
           const QString base = TempFolder;
-          doc.TmpFolder = CreerDossierTemp();
+          doc.CreerDossier();
           return base;
       })
 {
-    doc.MyLV = &table;
 }
 
 std::unique_ptr<CatalogueOuvert> CatalogueOuvert::Ouvrir(const QString& chemin)

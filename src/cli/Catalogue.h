@@ -1,7 +1,7 @@
 // A catalogue opened for one command.
 #pragma once
 
-#include "catalogue/texte/QrtClass.h"
+#include "catalogue/texte/Categorie.h"
 #include "cli/Menage.h"
 
 #include <QString>
@@ -16,8 +16,7 @@ public:
     /// message was shown.
     static std::unique_ptr<CatalogueOuvert> Ouvrir(const QString& chemin);
 
-    MyLV table;
-    QrtClass doc;
+    Categorie doc;
     int type = 0; ///< what TypeFichier told: 1 or 2
 
 private:

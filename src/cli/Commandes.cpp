@@ -61,7 +61,7 @@ void AjouterLigne(QByteArray& lignes, const stockage::Vue& vue, int colonnes, bo
 
 void ListerEnTexte(const CatalogueOuvert& catalogue, SortieStandard& sortie)
 {
-    const MyLV& table = catalogue.table;
+    const MyLV& table = catalogue.doc.Table;
     const int colonnes = table.ColumnHeaders.Count();
     for (int i = 1; i <= colonnes; ++i)
         sortie.Ecrire(table.ColumnHeaders(i).Text().toUtf8() + '\t');
@@ -120,7 +120,7 @@ std::optional<QString> CommentaireDArchive(const CatalogueOuvert& catalogue)
 
 void ListerEnJson(const CatalogueOuvert& catalogue, const QString& commentaire, SortieStandard& sortie)
 {
-    const MyLV& table = catalogue.table;
+    const MyLV& table = catalogue.doc.Table;
     Json json;
     json.Debut('{').Cle("file").Texte(catalogue.doc.CheminReel()).Cle("type").Nombre(catalogue.type);
     json.Cle("comment").Texte(commentaire).Cle("gridLines").Booleen(table.GridLines());
@@ -167,12 +167,11 @@ QString DossierVoisin(const QString& chemin)
     return mkdtemp(nom.data()) ? QFile::decodeName(nom) + u'/' : QString();
 }
 
-bool EcrireDans(QrtClass& doc, const QString& chemin, FormeFichier forme)
+bool EcrireDans(Categorie& doc, const QString& chemin, FormeFichier forme)
 {
     doc.SetCheminReel(chemin);
-    if (forme == TexteSeul)
-        return EcrireFichier14(doc, false);
-    return EcrireFichier(doc, false) && ForcerArchive(doc) && !doc.DossierAGarder;
+    const bool ecrit = forme == TexteSeul ? EcrireFichier14(doc, false) : doc.Ecrire(false) == IssueEcriture::Entiere;
+    return ecrit && doc.Forcer();
 }
 
 /// Gives the new file what the one that it replaces has: its owner and who may read it.
@@ -184,7 +183,7 @@ void HeriterDroits(const QString& neuf, const struct stat& ancien)
 }
 
 /// Writes the document beside `sortie` and puts it in its place once it is whole.
-bool Remplacer(QrtClass& doc, const QString& sortie, FormeFichier forme)
+bool Remplacer(Categorie& doc, const QString& sortie, FormeFichier forme)
 {
     // Through a link the file that it names is replaced, not the link; what is no file is never replaced.
     const QString destination = CibleDesLiens(QFileInfo(sortie).absoluteFilePath());

@@ -1,7 +1,7 @@
 #include "entries/CreerCategorie.h"
 
-#include "base/Const_Vrac.h"
-#include "catalogue/documents/Cadre.h"
+#include "catalogue/documents/FenetreDocument.h"
+#include "catalogue/documents/NouveauDocument.h"
 #include "catalogue/texte/FichierQrt.h"
 #include "extensions/langue/modLang.h"
 
@@ -26,22 +26,20 @@ void AjouterColonnes(QrtClass& doc, const QStringList& titres)
 
 } // namespace
 
-FenetreDocument& CreerCategorie(Cadre& cadre, const QStringList& titres, int dependante)
+FenetreDocument* CreerCategorie(Cadre& cadre, const QStringList& titres, int dependante)
 {
-    FenetreDocument& fenetre = cadre.NouvelleFenetre();
-    QrtClass& doc = fenetre.myqrt;
-    doc.dependantcol = dependante;
-    fenetre.RedrawAll();
-    doc.ClearLV();
-    // Behind the user's columns, so that it moves none of them and is no choice for the dependant one.
-    AjouterColonnes(doc, titres + QStringList{TitrePrete()});
-    fenetre.RedrawAll();
-    doc.TmpFolder = CreerDossierTemp();
-    doc.SetCheminReel(QString());
-    doc.MyLV->SetGridLines(true);
-    doc.IlFautSauver = true;
-    fenetre.SetCaption(LangMsg(u"msg79"_s, u"Nouveau"_s));
-    cadre.AjouterOnglet(fenetre);
-    doc.Ouvrir->Montrer(false);
-    return fenetre;
+    return NouveauDocument(cadre, LangMsg(u"msg79"_s, u"Nouveau"_s), [&](FenetreDocument& fenetre) {
+        QrtClass& doc = fenetre.myqrt;
+        doc.dependantcol = dependante;
+        fenetre.RedrawAll();
+        doc.ClearLV();
+        // Behind the user's columns, so that it moves none of them and is no choice for the dependant one.
+        AjouterColonnes(doc, titres + QStringList{TitrePrete()});
+        fenetre.RedrawAll();
+        doc.SetCheminReel(QString());
+        doc.MyLV->SetGridLines(true);
+        doc.IlFautSauver = true;
+        doc.Ouvrir->Montrer(false);
+        return true;
+    });
 }

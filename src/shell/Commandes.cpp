@@ -60,7 +60,7 @@ void EnregistrerTous(Lieu lieu)
 
 void Sauver(Lieu lieu, bool sous)
 {
-    QrtClass& doc = lieu.document->myqrt;
+    Categorie& doc = lieu.document->myqrt;
     Enregistrer(doc, sous, true);
     // A document that was never saved keeps the name it goes by.
     if (const QString nom = doc.filename(); !nom.isEmpty()) {

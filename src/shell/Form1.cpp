@@ -65,7 +65,6 @@ Form1::Form1(MDIForm1& cadre, QWidget* parent)
     m_ui->fOuvrir->Montrer(false);
 
     Tag = NouveauTag();
-    myqrt.MyLV = &m_table;
     myqrt.wait = m_ui->wait;
     myqrt.Ouvrir = m_ui->fOuvrir;
     BrancherTable();
@@ -80,9 +79,6 @@ Form1::~Form1()
     // The tip and the view look at the table to its last moment.
     delete m_infobulle;
     delete m_ui->ListView1;
-    // A window that goes without having been closed leaves what is not saved for the next start.
-    if (!myqrt.IlFautSauver && !myqrt.EnEcriture && ForcerArchive(myqrt))
-        SupprimerTmpFolder();
 }
 
 void Form1::FaireLigneDEtat()
@@ -110,7 +106,7 @@ void Form1::EcarterComptes()
 void Form1::BrancherTable()
 {
     VueTable* vue = m_ui->ListView1;
-    vue->Afficher(m_table);
+    vue->Afficher(myqrt.Table);
     vue->horizontalHeader()->setSectionsClickable(true);
     vue->installEventFilter(this);
     // Without entries no picture is looked for, and only the layout takes the last one away.
@@ -222,14 +218,8 @@ void Form1::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
-    SupprimerTmpFolder();
+    FermerDossier();
     event->accept();
-}
-
-void Form1::SupprimerTmpFolder()
-{
-    if (!myqrt.DossierAGarder && !Secours.TientSaisie())
-        SupprimerDossier(std::exchange(myqrt.TmpFolder, QString()), true);
 }
 
 // ---- refresh
@@ -244,7 +234,7 @@ void Form1::RedrawAll(bool miseEnPage)
         return;
     if (miseEnPage)
         MettreEnPage();
-    if (const ListItem entree = m_table.SelectedItem())
+    if (const ListItem entree = myqrt.Table.SelectedItem())
         AfficheImageEnCours(entree.Index());
     if (miseEnPage)
         AppliquerPolice();
@@ -280,7 +270,7 @@ void Form1::AppliquerPolice()
 
 void Form1::AfficheImageEnCours(int index)
 {
-    const ListItem entree = m_table.ListItems(index);
+    const ListItem entree = myqrt.Table.ListItems(index);
     const QString nom = entree && ImagesMontrees() ? entree.Tag() : QString();
     MontrerImage(FichierImage(myqrt.TmpFolder, nom));
 }

@@ -79,7 +79,6 @@ private:
     void EtatChange(Qt::WindowStates avant, Qt::WindowStates apres);
     void Activer();
     void GarderEtat() const;
-    void SupprimerTmpFolder();
 
     void MontrerComptes();
     void AccorderMenus();
@@ -106,7 +105,6 @@ private:
     void Lancer(QStringView cle);
 
     MDIForm1& m_cadre;
-    MyLV m_table;
     std::unique_ptr<Ui::Form1> m_ui;
     std::unique_ptr<ItemsDeCommandes> m_items;
     bool m_images = true; ///< the images panel is on show

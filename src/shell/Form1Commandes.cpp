@@ -41,7 +41,7 @@ void Form1::ToucheDeCommande(VueTable::Touche touche)
         break;
     case VueTable::Touche::Voir:
         // The one with the focus, which need not be the one that is selected.
-        VoirEntree(m_table, m_table.SelectedItem().Index(), myqrt.TmpFolder);
+        VoirEntree(myqrt.Table, myqrt.Table.SelectedItem().Index(), myqrt.TmpFolder);
         break;
     case VueTable::Touche::Supprimer:
         Lancer(u"delentree");

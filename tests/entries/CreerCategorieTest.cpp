@@ -25,7 +25,7 @@ protected:
 
     FenetreDeTest& Creer(const QStringList& titres, int dependante = 0)
     {
-        return dynamic_cast<FenetreDeTest&>(CreerCategorie(cadre, titres, dependante));
+        return dynamic_cast<FenetreDeTest&>(*CreerCategorie(cadre, titres, dependante));
     }
     static QStringList Titres(const FenetreDocument& fenetre)
     {
@@ -78,7 +78,7 @@ TEST_F(CreerCategorieTest, AnEmptyTitleMakesNoColumn)
 TEST_F(CreerCategorieTest, TheDocumentIsNewUnnamedAndChanged)
 {
     const FenetreDeTest& fenetre = Creer({"Titre"});
-    const QrtClass& doc = fenetre.myqrt;
+    const Categorie& doc = fenetre.myqrt;
     EXPECT_EQ(doc.CheminReel(), "");
     EXPECT_EQ(doc.filename(), "");
     EXPECT_EQ(doc.FileType, "");

@@ -117,5 +117,5 @@ protected:
 
     DocumentDeTest document;
     MyLV& table = document.table;
-    QrtClass& doc = document.doc;
+    Categorie& doc = document.doc;
 };

@@ -1,7 +1,7 @@
 // The editor on a category of three columns and three entries, for the tests that work in it with keys and clicks.
 #pragma once
 
-#include "catalogue/texte/QrtClass.h"
+#include "catalogue/texte/Categorie.h"
 #include "entries/ChampDEntree.h"
 #include "entries/ZoneImage.h"
 #include "entries/frmEditEntree.h"

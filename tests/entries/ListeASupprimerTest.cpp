@@ -49,7 +49,7 @@ protected:
 
     DocumentDeTest document;
     MyLV& table = document.table;
-    QrtClass& doc = document.doc;
+    Categorie& doc = document.doc;
     ListeASupprimer liste{document.doc};
 };
 

@@ -41,7 +41,7 @@ TEST_F(NouvelleCategorieTest, TheDialogMakesTheCategory)
             d.Cliquer("btAjouter");
         });
         ASSERT_EQ(cadre.fenetres.size(), 1U);
-        const QrtClass& doc = cadre.fenetres.front()->myqrt;
+        const Categorie& doc = cadre.fenetres.front()->myqrt;
         EXPECT_EQ(doc.ColCount(), 3);
         EXPECT_EQ(doc.MyLV->ColumnHeaders(2).Text(), "Artiste");
         EXPECT_EQ(doc.dependantcol, 2);

@@ -40,7 +40,7 @@ protected:
     Cadre* m_avant;
     FenetreDeTest& fenetre = dynamic_cast<FenetreDeTest&>(m_cadre.NouvelleFenetre());
     FenetreDeTest& devant = dynamic_cast<FenetreDeTest&>(m_cadre.NouvelleFenetre());
-    QrtClass& doc = fenetre.myqrt;
+    Categorie& doc = fenetre.myqrt;
     MyLV& table = fenetre.table;
     DossierDeTest dossier;
 };

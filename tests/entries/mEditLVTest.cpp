@@ -72,7 +72,7 @@ protected:
     CadreDeTest m_cadre;
     Cadre* m_avant;
     FenetreDeTest& fenetre = dynamic_cast<FenetreDeTest&>(m_cadre.NouvelleFenetre());
-    QrtClass& doc = fenetre.myqrt;
+    Categorie& doc = fenetre.myqrt;
     MyLV& table = fenetre.table;
     DossierDeTest dossier;
     FileDeReponses reponses;

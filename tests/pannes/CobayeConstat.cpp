@@ -42,7 +42,7 @@ QJsonObject Fichiers(const QString& dossier)
     return fichiers;
 }
 
-QJsonObject Etat(const QrtClass& doc)
+QJsonObject Etat(const Categorie& doc)
 {
     return {{u"lignes"_s, Lignes(*doc.MyLV)}, {u"fichiers"_s, Fichiers(doc.TmpFolder)}};
 }
@@ -65,7 +65,7 @@ void DireOuverture(const Cadre& cadre, QJsonObject constat, bool ouvert)
 
 } // namespace
 
-QByteArray EtatDuDocument(const QrtClass& doc)
+QByteArray EtatDuDocument(const Categorie& doc)
 {
     return QJsonDocument(Etat(doc)).toJson(QJsonDocument::Compact);
 }

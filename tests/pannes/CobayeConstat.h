@@ -5,11 +5,11 @@
 #include <QStringList>
 
 class Cadre;
-class QrtClass;
+class Categorie;
 
 /// One line of JSON: "lignes", for each entry its values and its image's name, in display order; "fichiers", for each
 /// file of the folder but the table's text its SHA-256 in hexadecimal.
-QByteArray EtatDuDocument(const QrtClass& doc);
+QByteArray EtatDuDocument(const Categorie& doc);
 
 /// What a start finds after another run ended, a line of JSON each: every folder that is offered ("secours", opened as
 /// the offer opens it) and every file of `chemins` ("fichier"). "ouvert" is false where nothing could be opened. The

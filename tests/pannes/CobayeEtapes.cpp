@@ -93,7 +93,7 @@ bool OterImage(Form1& fenetre, const QString& id)
 
 bool EstSauve(const Form1& fenetre)
 {
-    return !fenetre.myqrt.IlFautSauver && !fenetre.myqrt.DossierAGarder && !EnCoursDeSauvegarde;
+    return !fenetre.myqrt.IlFautSauver && !fenetre.myqrt.GardeDossier() && !EnCoursDeSauvegarde;
 }
 
 /// Another one for each file that took the place of the one before.

@@ -137,7 +137,7 @@ private:
     /// All of the document, as its user sees it.
     void Montrer()
     {
-        const QrtClass& doc = Document();
+        const Categorie& doc = Document();
         Dire(u"DOSSIER "_s + doc.TmpFolder);
         QString colonnes;
         for (int i = 1; i <= doc.ColCount(); ++i)
@@ -153,7 +153,7 @@ private:
     void Modifier()
     {
         Armer(false);
-        QrtClass& doc = Document();
+        Categorie& doc = Document();
         MyLV& table = *doc.MyLV;
         table.ListItems(1).SetSubItems(1, u"modifiée, Пётр"_s);
         ListItem entree = table.ListItems.Add(0, u"k9000001"_s, u"Nouvelle entrée"_s);
@@ -181,14 +181,14 @@ private:
     /// As the window does when its user closes it. One that stays open has its changes in the rescue copy.
     int Fermer()
     {
-        QrtClass& doc = Document();
+        Categorie& doc = Document();
         const bool ferme = PeutFermer(doc);
         Dire(u"FERME"_s, ferme);
         if (!ferme) {
             Dire(u"SECOURS"_s, m_cadre.fenetres.back()->Secours.EcrireMaintenant(doc, u"essai.qrt"_s));
             return Tuer();
         }
-        if (!doc.DossierAGarder)
+        if (!doc.GardeDossier())
             SupprimerDossier(doc.TmpFolder, true);
         return 0;
     }
@@ -251,7 +251,7 @@ private:
         _exit(0);
     }
 
-    QrtClass& Document() { return m_cadre.fenetres.back()->myqrt; }
+    Categorie& Document() { return m_cadre.fenetres.back()->myqrt; }
 
     QString m_fichier;
     Bavard& m_bavard;

@@ -196,7 +196,7 @@ TEST_F(Fenetres, AFolderToBeKeptStays)
 {
     Form1& fenetre = Ouvrir(Fichier(u"a.qrt"_s));
     const QString temporaire = fenetre.myqrt.TmpFolder;
-    fenetre.myqrt.DossierAGarder = true;
+    fenetre.myqrt.GarderDossier();
     fenetre.Decharger();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(QFile::exists(temporaire + u"Zelvane.qrt"_s));

@@ -77,7 +77,7 @@ TEST_F(FrmSecours, EachLineTellsWhatWasLeft)
 TEST_F(FrmSecours, OneWhoseFileStandsHasNothingUnsaved)
 {
     Abandonner(7, 30);
-    QrtClass doc;
+    Categorie doc;
     doc.TmpFolder = TempFolder + u"/cat7/"_s;
     doc.FileType = u"1"_s;
     doc.SetCheminReel(PlateformeDeTest::Courante().dossier.Ecrire("disques.qrt", TexteDeCatalogue().Texte()));

@@ -25,7 +25,7 @@ protected:
         veille = std::make_unique<VeilleSecours>(*cadre);
         return Ouvrir(u"disques.qrt"_s);
     }
-    static bool Ecrit(const QrtClass& doc)
+    static bool Ecrit(const Categorie& doc)
     {
         const auto identite = LireIdentite(FichierDeSecours(doc.TmpFolder));
         return identite && identite->texte;

@@ -24,7 +24,6 @@ public:
     FenetreDeTest(CadreDeTest& cadre, const QString& tag) : m_cadre(cadre)
     {
         Tag = tag;
-        myqrt.MyLV = &table;
         myqrt.wait = &wait;
         myqrt.Ouvrir = &fOuvrir;
     }
@@ -49,7 +48,7 @@ public:
     std::function<void()> auDecharger; ///< what happens instead when it is unloaded
 
     bool images = true;
-    MyLV table;
+    MyLV& table = myqrt.Table;
     PanneauDeTest wait;
     PanneauDeTest fOuvrir;
 
@@ -121,7 +120,7 @@ inline void FenetreDeTest::Decharger()
     m_cadre.decharges << Tag;
     if (auDecharger)
         return auDecharger();
-    SupprimerDossier(myqrt.TmpFolder, true);
+    FermerDossier();
     m_cadre.onglets.removeIf([this](const CadreDeTest::Onglet& onglet) { return onglet.cle == Tag; });
     std::erase_if(m_cadre.fenetres, [this](const auto& fenetre) { return fenetre.get() == this; });
 }

@@ -1,7 +1,7 @@
 // Builds tables and documents for tests.
 #pragma once
 
-#include "catalogue/texte/QrtClass.h"
+#include "catalogue/texte/Categorie.h"
 #include "support/DossierDeTest.h"
 
 #include <QStringList>
@@ -20,18 +20,14 @@ QStringList ClesDe(const MyLV& table);
 class DocumentDeTest
 {
 public:
-    DocumentDeTest()
-    {
-        doc.MyLV = &table;
-        doc.TmpFolder = dossier.Chemin();
-    }
+    DocumentDeTest() { doc.TmpFolder = dossier.Chemin(); }
 
     /// Writes "Zelvane.qrt" into the folder and loads it.
     void Charger(const QByteArray& texte);
 
     DossierDeTest dossier;
-    MyLV table;
-    QrtClass doc;
+    Categorie doc;
+    MyLV& table = doc.Table;
 };
 
 /// The text of a small catalogue: the lines to "[ListItems]" with the given lines for sort, columns and entries.

@@ -57,7 +57,7 @@ std::optional<FormeFichier> FormeDuFichier(const QString& chemin)
     return forme;
 }
 
-bool ChargerCatalogue(QrtClass& doc, const QString& chemin, FormeFichier forme)
+bool ChargerCatalogue(Categorie& doc, const QString& chemin, FormeFichier forme)
 {
     doc.SetCheminReel(chemin);
     doc.FileType = QString::number(forme);

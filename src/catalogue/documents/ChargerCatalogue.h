@@ -1,7 +1,7 @@
 // From a path to a filled document: what the open flow and the command-line tool share.
 #pragma once
 
-#include "catalogue/texte/QrtClass.h"
+#include "catalogue/texte/Categorie.h"
 
 #include <QString>
 
@@ -19,4 +19,4 @@ std::optional<FormeFichier> FormeDuFichier(const QString& chemin);
 /// Sets CheminReel and FileType, brings the file's text, images and comment into TmpFolder and reads the table. False,
 /// with a message, when the file could not be copied ("msg51") or extracted ("msg51", "msg52"). A text that the reader
 /// refuses leaves an empty table, and the result is true.
-bool ChargerCatalogue(QrtClass& doc, const QString& chemin, FormeFichier forme);
+bool ChargerCatalogue(Categorie& doc, const QString& chemin, FormeFichier forme);

@@ -27,7 +27,7 @@ const QByteArray s_debut = QByteArrayLiteral("[Zelvane.secours]\r\n");
 const QByteArray s_fin = QByteArrayLiteral("[Fin]\r\n");
 
 /// Nothing when it cannot be told which text of the folder the copy follows.
-std::optional<QByteArray> Entete(const QrtClass& doc, const QString& nom, bool texte)
+std::optional<QByteArray> Entete(const Categorie& doc, const QString& nom, bool texte)
 {
     const std::optional<QByteArray> base = EmpreinteDuTexte(doc.TmpFolder);
     if (!base)
@@ -144,14 +144,14 @@ std::optional<QByteArray> EmpreinteDuTexte(const QString& dossier)
     return QByteArray::number(qint64(etat.st_size)) + ':' + QByteArray::number(modifie);
 }
 
-bool EcrireIdentite(const QrtClass& doc, const QString& nom)
+bool EcrireIdentite(const Categorie& doc, const QString& nom)
 {
     FichierDuDossier fichier(FichierDeSecours(doc.TmpFolder));
     const std::optional<QByteArray> entete = Entete(doc, nom, false);
     return entete && OuvrirPrive(fichier) && fichier.Fichier().write(*entete) == entete->size() && fichier.Valider();
 }
 
-EcritureDeSecours::EcritureDeSecours(const QrtClass& doc, const QString& nom, std::optional<SaisieEnCours> saisie)
+EcritureDeSecours::EcritureDeSecours(const Categorie& doc, const QString& nom, std::optional<SaisieEnCours> saisie)
     : m_fichier(FichierDeSecours(doc.TmpFolder)),
       m_redacteur(doc, "2", EntreesEcrites::Toutes, stockage::Codage::Utf8, *this, std::move(saisie))
 {

@@ -7,7 +7,7 @@
 #pragma once
 
 #include "catalogue/archive/FichierDuDossier.h"
-#include "catalogue/texte/QrtClass.h"
+#include "catalogue/texte/Categorie.h"
 #include "catalogue/texte/TexteQrt.h"
 
 #include <QByteArray>
@@ -38,7 +38,7 @@ std::optional<QByteArray> LireTexteDeSecours(const QString& fichier);
 std::optional<QByteArray> EmpreinteDuTexte(const QString& dossier);
 
 /// Writes a copy without a text: whose folder it is. False when that fails; the copy before stays then.
-bool EcrireIdentite(const QrtClass& doc, const QString& nom);
+bool EcrireIdentite(const Categorie& doc, const QString& nom);
 
 /// One copy with its text, written piece by piece. The pieces are made between two events, since a table belongs to one
 /// thread and a copy of all of it would take as long as the table is large; a helper thread, which knows nothing but
@@ -49,7 +49,7 @@ public:
     enum class Etat { EnCours, Faite, Manquee };
 
     /// Not to be continued once the document has changed. `saisie`: what is being typed, as if it were validated.
-    EcritureDeSecours(const QrtClass& doc, const QString& nom, std::optional<SaisieEnCours> saisie = std::nullopt);
+    EcritureDeSecours(const Categorie& doc, const QString& nom, std::optional<SaisieEnCours> saisie = std::nullopt);
     /// A copy that is not done is forgotten; the one before stays. Waits for the disk while it is busy.
     ~EcritureDeSecours() override;
     EcritureDeSecours(const EcritureDeSecours&) = delete;

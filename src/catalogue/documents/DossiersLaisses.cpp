@@ -5,6 +5,7 @@
 #include "base/NomsDuDossier.h"
 #include "catalogue/documents/Cadre.h"
 #include "catalogue/documents/CopieDeSecours.h"
+#include "catalogue/documents/NouveauDocument.h"
 #include "catalogue/documents/OuvrirFichiersQrt.h"
 #include "catalogue/texte/FichierQrt.h"
 #include "extensions/langue/modLang.h"
@@ -200,7 +201,7 @@ bool PrendreFichiers(const QString& de, const QString& vers)
 /// What of the document could be read.
 enum class Lecture { Rien, TexteEnregistre, Tout };
 
-Lecture Lire(QrtClass& doc, const DossierLaisse& laisse)
+Lecture Lire(Categorie& doc, const DossierLaisse& laisse)
 {
     const QString copie = FichierDeSecours(laisse.dossier);
     const std::optional<IdentiteDeSecours> identite = LireIdentite(copie);
@@ -231,7 +232,7 @@ void Dire(const QString& cle, const QString& texte, const DossierLaisse& laisse)
 /// Fills the window; false, with a message, when there is nothing to show.
 std::optional<Lecture> Remplir(FenetreDocument& fenetre, const DossierLaisse& laisse)
 {
-    QrtClass& doc = fenetre.myqrt;
+    Categorie& doc = fenetre.myqrt;
     if (!PrendreFichiers(laisse.dossier, doc.TmpFolder)) {
         Dire(
             u"msgSecoursCopie"_s,
@@ -290,22 +291,20 @@ std::vector<DossierLaisse> ChercherLaisses()
 
 bool OuvrirLaisse(Cadre& cadre, const DossierLaisse& laisse)
 {
-    FenetreDocument& fenetre = cadre.NouvelleFenetre();
-    QrtClass& doc = fenetre.myqrt;
-    doc.TmpFolder = CreerDossierTemp();
-    doc.CheminAvantSecours = laisse.chemin;
-    fenetre.SetCaption(NomRecupere(laisse.nom));
-    cadre.AjouterOnglet(fenetre);
-    const auto lecture = AvecMemoire<std::optional<Lecture>>([&] { return Remplir(fenetre, laisse); }, std::nullopt);
-    if (!lecture) {
-        fenetre.Decharger();
+    std::optional<Lecture> lecture;
+    FenetreDocument* fenetre = NouveauDocument(cadre, NomRecupere(laisse.nom), [&](FenetreDocument& neuve) {
+        neuve.myqrt.CheminAvantSecours = laisse.chemin;
+        lecture = Remplir(neuve, laisse);
+        return lecture.has_value();
+    });
+    if (!fenetre)
         return false;
-    }
-    if (*lecture == Lecture::Tout)
+    Categorie& doc = fenetre->myqrt;
+    if (lecture == Lecture::Tout)
         Ceder(laisse, doc.TmpFolder);
     // It has no file until the user gives it one: also while the comments are read, or the rescue copy would go.
     doc.IlFautSauver = true;
-    MontrerDocument(fenetre);
+    MontrerDocument(*fenetre);
     doc.IlFautSauver = true;
     return true;
 }

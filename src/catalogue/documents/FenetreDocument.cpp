@@ -2,6 +2,19 @@
 
 #include "platform/Plateforme.h"
 
+FenetreDocument::~FenetreDocument()
+{
+    if (Secours.TientSaisie())
+        myqrt.GarderDossier();
+}
+
+void FenetreDocument::FermerDossier()
+{
+    if (Secours.TientSaisie())
+        myqrt.GarderDossier();
+    myqrt.FermerDossier();
+}
+
 QString NouveauTag()
 {
     constexpr double Etendue = 500;

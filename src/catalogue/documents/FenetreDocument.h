@@ -2,22 +2,25 @@
 #pragma once
 
 #include "catalogue/documents/SecoursDuDocument.h"
-#include "catalogue/texte/QrtClass.h"
+#include "catalogue/texte/Categorie.h"
 
 #include <QString>
 
-/// The window of one open category. It owns the document, the table that myqrt.MyLV points to, the panels, and the
-/// folder myqrt.TmpFolder, which goes with it.
+/// The window of one open category. It owns the document, with its table and its folder, and the panels.
 class FenetreDocument
 {
 public:
-    virtual ~FenetreDocument() = default;
+    /// The folder stays where the rescue copy holds what was being typed.
+    virtual ~FenetreDocument();
     /// Asks its questions and goes, unless an answer keeps it.
     virtual void Decharger() = 0;
 
-    QrtClass myqrt;
+    Categorie myqrt;
     QString Tag; ///< key of the window, drawn when it is loaded: see NouveauTag
     SecoursDuDocument Secours;
+
+    /// Lets the document's folder go, as the window does: unless it holds what is nowhere else.
+    void FermerDossier();
 
     virtual QString Caption() const = 0;
     virtual void SetCaption(const QString& titre) = 0;

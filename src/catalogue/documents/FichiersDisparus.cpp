@@ -6,7 +6,7 @@
 #include "base/NomsDuDossier.h"
 #include "catalogue/archive/ccZipReprise.h"
 #include "catalogue/documents/Commentaires.h"
-#include "catalogue/texte/QrtClass.h"
+#include "catalogue/texte/Categorie.h"
 #include "extensions/langue/modLang.h"
 
 #include <QFile>
@@ -24,7 +24,7 @@ using Actes = QHash<QByteArray, ActeSurFichier>;
 
 /// What was there, by the archive or by the program's own doing, and is gone without the user's will. Nothing where the
 /// folder cannot be listed: nothing is known to be gone, and the save that follows refuses to go on.
-QList<QByteArray> Disparus(const QrtClass& doc, const Actes& actes)
+QList<QByteArray> Disparus(const Categorie& doc, const Actes& actes)
 {
     const std::optional<QStringList> noms = NomsDuDossier(doc.TmpFolder);
     if (!noms)
@@ -61,7 +61,7 @@ bool EstLeDernier(const ArchiveConnue& archive, const QByteArray& nom, const Act
 }
 
 /// Those that a category is not whole without: pictures of entries, comments, what the program keeps for printing.
-QList<QByteArray> Attendus(const QrtClass& doc, const QList<QByteArray>& noms)
+QList<QByteArray> Attendus(const Categorie& doc, const QList<QByteArray>& noms)
 {
     QSet<QByteArray> attendus{QFile::encodeName(Commentaires::NomDuFichier()), "print.ini", "print.image"};
     if (!noms.isEmpty()) {
@@ -77,7 +77,7 @@ QList<QByteArray> Attendus(const QrtClass& doc, const QList<QByteArray>& noms)
     return trouves;
 }
 
-bool EnregistrerSans(const QrtClass& doc, const QList<QByteArray>& perdus)
+bool EnregistrerSans(const Categorie& doc, const QList<QByteArray>& perdus)
 {
     constexpr qsizetype auPlus = 10;
     const Message question =
@@ -94,7 +94,7 @@ bool EnregistrerSans(const QrtClass& doc, const QList<QByteArray>& perdus)
 }
 
 /// Brings back what the archive has as it was last. Returns what it could not.
-QList<QByteArray> Rapporter(QrtClass& doc, const QList<QByteArray>& disparus, const Actes& actes)
+QList<QByteArray> Rapporter(Categorie& doc, const QList<QByteArray>& disparus, const Actes& actes)
 {
     QList<QByteArray> reste, bons;
     for (const QByteArray& nom : disparus) {
@@ -113,7 +113,7 @@ QList<QByteArray> Rapporter(QrtClass& doc, const QList<QByteArray>& disparus, co
 
 /// Those of which the archive has at least an older one. The text is none of them: it is written anew, and until then
 /// an older one would make a rescue copy look outdated.
-QList<QByteArray> PlusAnciens(const QrtClass& doc, const QList<QByteArray>& noms)
+QList<QByteArray> PlusAnciens(const Categorie& doc, const QList<QByteArray>& noms)
 {
     QList<QByteArray> anciens;
     std::ranges::copy_if(noms, std::back_inserter(anciens), [&doc](const QByteArray& nom) {
@@ -124,7 +124,7 @@ QList<QByteArray> PlusAnciens(const QrtClass& doc, const QList<QByteArray>& noms
 
 } // namespace
 
-bool RetablirDisparus(QrtClass& doc)
+bool RetablirDisparus(Categorie& doc)
 {
     if (doc.ColCount() == 0 || doc.TmpFolder.isEmpty())
         return true;

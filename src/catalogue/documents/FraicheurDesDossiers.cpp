@@ -28,7 +28,7 @@ QString Cle(const QString& dossier)
     return dossier.isEmpty() ? QString() : QDir::cleanPath(QFileInfo(dossier).absoluteFilePath()) + u'/';
 }
 
-QrtClass* DocumentDe(const Cadre& cadre, const QString& dossier)
+Categorie* DocumentDe(const Cadre& cadre, const QString& dossier)
 {
     for (FenetreDocument* fenetre : cadre.Documents()) {
         if (Cle(fenetre->myqrt.TmpFolder) == dossier)
@@ -94,7 +94,7 @@ bool FraicheurDesDossiers::Avancer(const Cadre& cadre, qint64 heure)
     duree.start();
     while (!m_dossiers.isEmpty()) {
         const QString dossier = m_dossiers.last();
-        QrtClass* doc = DocumentDe(cadre, dossier);
+        Categorie* doc = DocumentDe(cadre, dossier);
         if (doc && doc->EnEcriture)
             return false;
         if (!m_commence) {

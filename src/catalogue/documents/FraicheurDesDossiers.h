@@ -10,7 +10,7 @@ class Cadre;
 
 /// Once an hour dates the last access to the folders that this run holds, their files and the rescue copies beside
 /// them, where it is an hour old: what such programs go by. Dates of the last write stay, as the archive and the rescue
-/// copy know files by them; what is known of unchanged files (QrtClass::Archive) stays known.
+/// copy know files by them; what is known of unchanged files (Categorie::Archive) stays known.
 class FraicheurDesDossiers
 {
 public:

@@ -8,6 +8,7 @@
 #include "catalogue/documents/ChargerCatalogue.h"
 #include "catalogue/documents/Commentaires.h"
 #include "catalogue/documents/FichierRecent.h"
+#include "catalogue/documents/NouveauDocument.h"
 #include "catalogue/documents/Sauver.h"
 #include "extensions/langue/modLang.h"
 #include "kit/ManqueDeMemoire.h"
@@ -98,17 +99,13 @@ bool OuvrirFichier(Cadre& cadre, const QString& chemin, int type, bool montrerMe
     if (!forme)
         return false;
 
-    FenetreDocument& fenetre = cadre.NouvelleFenetre();
-    QrtClass& doc = fenetre.myqrt;
-    doc.TmpFolder = CreerDossierTemp();
-    fenetre.SetCaption(NomDeFichier(chemin));
-    cadre.AjouterOnglet(fenetre);
-    if (!AvecMemoire([&] { return ChargerCatalogue(doc, chemin, *forme); }, false)) {
-        fenetre.Decharger();
+    FenetreDocument* fenetre = NouveauDocument(cadre, NomDeFichier(chemin), [&](FenetreDocument& neuve) {
+        return ChargerCatalogue(neuve.myqrt, chemin, *forme);
+    });
+    if (!fenetre)
         return false;
-    }
-    NoterRecent(fenetre, chemin);
-    MontrerDocument(fenetre);
+    NoterRecent(*fenetre, chemin);
+    MontrerDocument(*fenetre);
     return true;
 }
 

@@ -8,7 +8,6 @@
 #include "catalogue/documents/FichierRecent.h"
 #include "catalogue/documents/FichiersDisparus.h"
 #include "catalogue/texte/FichierQrt.h"
-#include "catalogue/texte/QrtClass.h"
 #include "extensions/langue/modLang.h"
 #include "kit/ManqueDeMemoire.h"
 #include "platform/Plateforme.h"
@@ -65,23 +64,27 @@ Issue DireRienEnregistre(Issue issue)
 }
 
 /// Writes the archive. One that is not whole is told: its data are in the document's folder, which is kept.
-Issue EcrireArchiveEtDire(QrtClass& doc)
+Issue EcrireArchiveEtDire(Categorie& doc)
 {
     if (!RetablirDisparus(doc))
         return Issue::Manquee;
     // Events run while the archive is written: a change that comes with one is not in it, and is still to be saved.
     const bool modifie = std::exchange(doc.IlFautSauver, false);
-    if (!EcrireFichier(doc, false)) {
+    switch (doc.Ecrire(false)) {
+    case IssueEcriture::RienTouche:
         doc.IlFautSauver = doc.IlFautSauver || modifie;
         return DireErreurDEnregistrement();
-    }
-    if (doc.DossierAGarder)
+    case IssueEcriture::Incomplete:
         MsgArchiveIncomplete(doc);
+        break;
+    case IssueEcriture::Entiere:
+        break;
+    }
     return Issue::Reussie;
 }
 
 /// Writes the bare text, once the user has agreed to lose the characters that it cannot hold.
-Issue EcrireTexteEtDire(QrtClass& doc)
+Issue EcrireTexteEtDire(Categorie& doc)
 {
     if (!AccepterPerteDeCaracteres(doc))
         return Issue::Manquee;
@@ -130,7 +133,7 @@ struct CibleChoisie
 
 /// Shows the dialog until a file and a form are chosen. The document has its new path from the moment that a file was
 /// accepted, also when the form is then refused.
-CibleChoisie ChoisirCible(QrtClass& doc)
+CibleChoisie ChoisirCible(Categorie& doc)
 {
     DemandeFichier demande;
     demande.titre = LangMsg(u"msg72"_s, u"Enregistrer La Categorie Sous"_s);
@@ -167,7 +170,7 @@ CibleChoisie ChoisirCible(QrtClass& doc)
     }
 }
 
-Issue EnregistrerSous(QrtClass& doc)
+Issue EnregistrerSous(Categorie& doc)
 {
     const CibleChoisie cible = ChoisirCible(doc);
     if (cible.choix == Choix::SortirNet)
@@ -188,7 +191,7 @@ Issue EnregistrerSous(QrtClass& doc)
 // ---- Plain Save
 
 /// Copies the file beside itself, under its whole name and ".bak". A copy that fails does not stop the save.
-void Sauvegarder(QrtClass& doc)
+void Sauvegarder(Categorie& doc)
 {
     if (!LireOption(Options::SauvegardeLBK))
         return;
@@ -207,7 +210,7 @@ void Sauvegarder(QrtClass& doc)
         QFile::remove(neuve);
 }
 
-Issue EnregistrerSurPlace(QrtClass& doc)
+Issue EnregistrerSurPlace(Categorie& doc)
 {
     Sauvegarder(doc);
     if (doc.FileType == u"2")
@@ -219,7 +222,7 @@ Issue EnregistrerSurPlace(QrtClass& doc)
 
 /// The question about a read-only file; nothing when the user gives up or the file stays read-only, else whether to go
 /// to Save As.
-std::optional<bool> VerifierLectureSeule(const QrtClass& doc, bool saveAs)
+std::optional<bool> VerifierLectureSeule(const Categorie& doc, bool saveAs)
 {
     if (!EstLectureSeule(doc.CheminReel()))
         return saveAs;
@@ -234,7 +237,7 @@ std::optional<bool> VerifierLectureSeule(const QrtClass& doc, bool saveAs)
     }
 }
 
-Issue Ecrire(QrtClass& doc, bool saveAs)
+Issue Ecrire(Categorie& doc, bool saveAs)
 {
     if (doc.wait)
         doc.wait->Montrer(true);
@@ -247,7 +250,7 @@ Issue Ecrire(QrtClass& doc, bool saveAs)
     return issue;
 }
 
-bool Terminer(const QrtClass& doc, bool resultat)
+bool Terminer(const Categorie& doc, bool resultat)
 {
     EnCoursDeSauvegarde = false;
     if (doc.wait)
@@ -262,7 +265,7 @@ QString FiltreDesCatalogues()
     return u"(*.*)|*.*|Zelvane 2/1.5|*.qrt|Zelvane 1.4|*.qrt"_s;
 }
 
-bool Enregistrer(QrtClass& doc, bool saveAs, bool sansQuestion)
+bool Enregistrer(Categorie& doc, bool saveAs, bool sansQuestion)
 {
     // The flag of the windows will not do here: it may stay up after a save.
     static bool enregistre = false;
@@ -290,14 +293,14 @@ bool Enregistrer(QrtClass& doc, bool saveAs, bool sansQuestion)
     return Terminer(doc, issue == Issue::Reussie);
 }
 
-bool PeutFermer(QrtClass& doc)
+bool PeutFermer(Categorie& doc)
 {
     if (EnCoursDeSauvegarde || doc.EnEcriture)
         return false;
     // A save may leave the flag up: the window then waits for one that ends in order.
     if (doc.IlFautSauver && (!Enregistrer(doc, false, false) || EnCoursDeSauvegarde))
         return false;
-    if (!ForcerArchive(doc))
+    if (!doc.Forcer())
         MsgArchiveIncomplete(doc);
     return true;
 }

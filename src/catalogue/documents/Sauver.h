@@ -4,7 +4,7 @@
 #include <QString>
 
 class Cadre;
-class QrtClass;
+class Categorie;
 
 /// True while a save runs: a window refuses to close then. One flag for the whole program.
 extern bool EnCoursDeSauvegarde;
@@ -17,11 +17,11 @@ QString FiltreDesCatalogues();
 /// True when the caller may go on: saved, nothing to do, or the changes are to be dropped. Messages: "msg59" to
 /// "msg63", "msg46", "msg72"; "msgArchive" when the archive could not be written in full. Asked for again by an event
 /// while it runs, it does nothing and returns false.
-bool Enregistrer(QrtClass& doc, bool saveAs, bool sansQuestion);
+bool Enregistrer(Categorie& doc, bool saveAs, bool sansQuestion);
 
 /// Whether the window of `doc` may close: no save runs, and its changes are saved or to be dropped. Asks about them.
 /// What was saved is on the disk then: the folder may go.
-bool PeutFermer(QrtClass& doc);
+bool PeutFermer(Categorie& doc);
 
 /// Saves every open document without a question, changed or not, oldest window first; one without a path goes through
 /// Save As. One that is not saved does not keep the next from it. Each tab then shows the name of its document's file.

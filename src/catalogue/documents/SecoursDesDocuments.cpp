@@ -23,10 +23,10 @@ void LaisserAuSecours(const Cadre& cadre)
         fenetre->Secours.EcrireMaintenant(fenetre->myqrt, fenetre->Caption());
     // Then what may take its time: a folder goes once what was saved is on the disk.
     for (FenetreDocument* fenetre : fenetres) {
-        QrtClass& doc = fenetre->myqrt;
+        Categorie& doc = fenetre->myqrt;
         const bool aGarder = doc.IlFautSauver || doc.EnEcriture || fenetre->Secours.TientSaisie();
-        if (!aGarder && ForcerArchive(doc) && !doc.DossierAGarder)
-            SupprimerDossier(std::exchange(doc.TmpFolder, QString()), true);
+        if (!aGarder && doc.Forcer())
+            doc.FermerDossier();
     }
 }
 
@@ -49,14 +49,14 @@ public:
     bool EstSeule() const { return m_seule; }
 
 private:
-    QrtClass& m_doc;
+    Categorie& m_doc;
     bool m_seule;
 };
 
 /// Lets go of what the user has given up. What was being typed when the rest was saved waits in the copy.
 void Conclure(FenetreDocument& fenetre, bool saisieSeule)
 {
-    QrtClass& doc = fenetre.myqrt;
+    Categorie& doc = fenetre.myqrt;
     if (std::exchange(doc.IlFautSauver, false))
         fenetre.Secours.Abandonner(!saisieSeule);
     else

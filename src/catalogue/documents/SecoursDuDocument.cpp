@@ -1,7 +1,7 @@
 #include "catalogue/documents/SecoursDuDocument.h"
 
 #include "base/Const_Vrac.h"
-#include "catalogue/texte/QrtClass.h"
+#include "catalogue/texte/Categorie.h"
 
 #include <QFile>
 
@@ -9,7 +9,7 @@
 #include <new>
 #include <utility>
 
-SecoursDuDocument::Etat SecoursDuDocument::EtatDe(const QrtClass& doc, const QString& nom)
+SecoursDuDocument::Etat SecoursDuDocument::EtatDe(const Categorie& doc, const QString& nom)
 {
     return {doc.MyLV->Generation(), doc.dependantcol, doc.CheminReel(), doc.FileType, nom};
 }
@@ -22,7 +22,7 @@ void SecoursDuDocument::Oublier()
         m_ecriture.reset();
 }
 
-bool SecoursDuDocument::Avancer(const QrtClass& doc, const QString& nom, const MomentDeSecours& moment)
+bool SecoursDuDocument::Avancer(const Categorie& doc, const QString& nom, const MomentDeSecours& moment)
 {
     // What was typed is in no table: the copy is all there is of it, until the user touches a key again.
     if (m_tientSaisie)
@@ -48,7 +48,7 @@ bool SecoursDuDocument::Avancer(const QrtClass& doc, const QString& nom, const M
     return m_copie != m_vu && !occupe && Continuer(doc, nom, moment.maintenant);
 }
 
-bool SecoursDuDocument::Continuer(const QrtClass& doc, const QString& nom, qint64 maintenant)
+bool SecoursDuDocument::Continuer(const Categorie& doc, const QString& nom, qint64 maintenant)
 {
     if (!m_ecriture) {
         if (m_derniere && maintenant - *m_derniere < Intervalle)
@@ -74,12 +74,12 @@ void SecoursDuDocument::Finir(EcritureDeSecours::Etat issue)
 
 /// Whether what was saved is on the disk, to which a helper thread sees. Before that the copy stays: a power cut may
 /// take the old file, which is deleted, and the new one.
-bool SecoursDuDocument::EstSurLeDisque(const QrtClass& doc)
+bool SecoursDuDocument::EstSurLeDisque(const Categorie& doc)
 {
     const auto occupe = [this] {
         return m_forcage.valid() && m_forcage.wait_for(std::chrono::seconds(0)) == std::future_status::timeout;
     };
-    const Depot depot{doc.ArchiveAForcer, doc.Archive};
+    const Depot depot{doc.AForcer, doc.Archive};
     if (!depot.chemin.isEmpty() && m_depot != depot && !occupe()) {
         m_depot = depot;
         // Where no thread can be had, closing the document sees to it.
@@ -89,7 +89,7 @@ bool SecoursDuDocument::EstSurLeDisque(const QrtClass& doc)
 }
 
 /// What is saved needs no copy. Where not even a few lines can be written, there is none at all.
-void SecoursDuDocument::TenirIdentite(const QrtClass& doc, const QString& nom)
+void SecoursDuDocument::TenirIdentite(const Categorie& doc, const QString& nom)
 {
     m_copie.reset();
     const Etat identite{0, 0, doc.CheminReel(), doc.FileType, nom};
@@ -100,7 +100,7 @@ void SecoursDuDocument::TenirIdentite(const QrtClass& doc, const QString& nom)
         QFile::remove(FichierDeSecours(doc.TmpFolder));
 }
 
-bool SecoursDuDocument::EcrireMaintenant(const QrtClass& doc, const QString& nom)
+bool SecoursDuDocument::EcrireMaintenant(const Categorie& doc, const QString& nom)
 try {
     if (doc.TmpFolder.isEmpty())
         return true;
@@ -123,17 +123,17 @@ try {
     return false;
 }
 
-std::optional<SaisieEnCours> SecoursDuDocument::SaisieDe(const QrtClass& doc) const
+std::optional<SaisieEnCours> SecoursDuDocument::SaisieDe(const Categorie& doc) const
 {
     return doc.Saisie && !m_saisieAbandonnee ? doc.Saisie() : std::nullopt;
 }
 
-bool SecoursDuDocument::SaisieADemander(const QrtClass& doc) const
+bool SecoursDuDocument::SaisieADemander(const Categorie& doc) const
 {
     return !m_tientSaisie && SaisieDe(doc).has_value();
 }
 
-bool SecoursDuDocument::EcrireAvecSaisie(const QrtClass& doc, const QString& nom, SaisieEnCours saisie)
+bool SecoursDuDocument::EcrireAvecSaisie(const Categorie& doc, const QString& nom, SaisieEnCours saisie)
 {
     m_ecriture.reset();
     m_perimee = false;

@@ -10,7 +10,7 @@
 #include <memory>
 #include <optional>
 
-class QrtClass;
+class Categorie;
 
 /// Milliseconds of a clock that only goes forward.
 struct MomentDeSecours
@@ -27,16 +27,16 @@ public:
 
     /// Does what there is to do, a few milliseconds long: a copy of unsaved changes, or, once they are saved and on the
     /// disk, no more than whose folder it is. `nom`: the window's caption. True when it has more to do at once.
-    bool Avancer(const QrtClass& doc, const QString& nom, const MomentDeSecours& moment);
+    bool Avancer(const Categorie& doc, const QString& nom, const MomentDeSecours& moment);
 
     /// Writes the copy of unsaved changes whole, whenever the last one was, and with what is being typed; that stays
     /// there until Reprendre. False when it fails.
-    bool EcrireMaintenant(const QrtClass& doc, const QString& nom);
+    bool EcrireMaintenant(const Categorie& doc, const QString& nom);
     /// Whether the copy holds what was being typed: the folder must not go without it.
     bool TientSaisie() const { return m_tientSaisie; }
 
     /// Whether something is being typed of which the user has not decided and that no copy holds.
-    bool SaisieADemander(const QrtClass& doc) const;
+    bool SaisieADemander(const Categorie& doc) const;
     /// The user has given up as the session ends what was being typed, and `changements`, the document's changes.
     void Abandonner(bool changements);
     /// The session goes on after all. True when changes that were given up are changes again.
@@ -53,7 +53,7 @@ private:
         QString nom;
         bool operator==(const Etat&) const = default;
     };
-    static Etat EtatDe(const QrtClass& doc, const QString& nom);
+    static Etat EtatDe(const Categorie& doc, const QString& nom);
 
     /// A file that was saved: another one at each save.
     struct Depot
@@ -64,11 +64,11 @@ private:
     };
 
     void Oublier();
-    std::optional<SaisieEnCours> SaisieDe(const QrtClass& doc) const;
-    bool EcrireAvecSaisie(const QrtClass& doc, const QString& nom, SaisieEnCours saisie);
-    bool EstSurLeDisque(const QrtClass& doc);
-    void TenirIdentite(const QrtClass& doc, const QString& nom);
-    bool Continuer(const QrtClass& doc, const QString& nom, qint64 maintenant);
+    std::optional<SaisieEnCours> SaisieDe(const Categorie& doc) const;
+    bool EcrireAvecSaisie(const Categorie& doc, const QString& nom, SaisieEnCours saisie);
+    bool EstSurLeDisque(const Categorie& doc);
+    void TenirIdentite(const Categorie& doc, const QString& nom);
+    bool Continuer(const Categorie& doc, const QString& nom, qint64 maintenant);
     void Finir(EcritureDeSecours::Etat issue);
 
     Etat m_vu;

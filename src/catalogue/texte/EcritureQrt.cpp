@@ -112,7 +112,7 @@ bool EcrireTextes(const QrtClass& doc, EntreesEcrites entrees)
 
 /// Puts all of the folder, which has these names, into a new archive; false when something of it is not in there at the
 /// end.
-bool EcrireArchive(QrtClass& doc, const QStringList& noms, Origine origine, PlaceDuFichier& place)
+bool EcrireArchive(Categorie& doc, const QStringList& noms, Origine origine, PlaceDuFichier& place)
 {
     ccZip zip;
     zip.Init(place.Chemin());
@@ -149,42 +149,40 @@ bool SelectionVide(const QrtClass& doc, bool selection)
 
 } // namespace
 
-bool EcrireFichier(QrtClass& doc, bool selection)
+IssueEcriture Categorie::Ecrire(bool selection)
 {
-    if (doc.ColCount() == 0 || SelectionVide(doc, selection))
-        return false;
+    constexpr auto rien = IssueEcriture::RienTouche;
+    if (ColCount() == 0 || SelectionVide(*this, selection))
+        return rien;
     // Events run while the archive is written. What would end the program, or open and close documents, waits.
     const Retenue retenue;
-    doc.EnEcriture = true;
-    const auto fini = qScopeGuard([&doc] { doc.EnEcriture = false; });
+    EnEcriture = true;
+    const auto fini = qScopeGuard([this] { EnEcriture = false; });
 
-    PlaceDuFichier place(CibleDesLiens(doc.CheminReel()));
-    if (!place.Prendre() || !EcrireTextes(doc, Entrees(selection)))
-        return false;
+    PlaceDuFichier place(CibleDesLiens(CheminReel()));
+    if (!place.Prendre() || !EcrireTextes(*this, Entrees(selection)))
+        return rien;
     // All while the old file stands: where an error let a name be passed over, its file would be lost with it.
-    const std::optional<QStringList> noms = NomsDuDossier(doc.TmpFolder);
+    const std::optional<QStringList> noms = NomsDuDossier(TmpFolder);
     if (!noms || !noms->contains(QStringLiteral("Zelvane.qrt")))
-        return false; // somebody may have cleared the folder away
+        return rien; // somebody may have cleared the folder away
     // Before its name goes.
-    Origine origine = OuvrirOrigine(doc.Archive);
+    Origine origine = OuvrirOrigine(Archive);
     if (!place.SupprimerAncien())
-        return false;
+        return rien;
     // At once: many files are looked at before the first byte is written, and the place must not stand free so long.
     place.Reserver();
-    const bool bon = AvecMemoire([&] { return EcrireArchive(doc, *noms, std::move(origine), place); }, false);
+    const bool bon = AvecMemoire([&] { return EcrireArchive(*this, *noms, std::move(origine), place); }, false);
     if (place.EstPerdue())
-        return false; // the file that stands there is another program's, and whole: what is here is still to be saved
-    doc.DossierAGarder = !bon;
-    doc.ArchiveAForcer = bon ? doc.CheminReel() : QString();
-    return true;
+        return rien; // the file that stands there is another program's, and whole: what is here is still to be saved
+    m_garder = !bon;
+    AForcer = bon ? CheminReel() : QString();
+    return bon ? IssueEcriture::Entiere : IssueEcriture::Incomplete;
 }
 
-bool ForcerArchive(QrtClass& doc)
+bool EcrireFichier(Categorie& doc, bool selection)
 {
-    const QString archive = std::exchange(doc.ArchiveAForcer, QString());
-    const bool bon = archive.isEmpty() || ForcerFichier(archive);
-    doc.DossierAGarder = doc.DossierAGarder || !bon;
-    return bon;
+    return doc.Ecrire(selection) != IssueEcriture::RienTouche;
 }
 
 void MsgArchiveIncomplete(const QrtClass& doc)
@@ -206,7 +204,7 @@ bool AccepterPerteDeCaracteres(const QrtClass& doc)
                        MsgOuiNon, doc.filename()) == RepOui;
 }
 
-bool EcrireFichier14(QrtClass& doc, bool selection)
+bool EcrireFichier14(Categorie& doc, bool selection)
 {
     if (doc.ColCount() == 0 || SelectionVide(doc, selection))
         return false;
@@ -228,6 +226,6 @@ bool EcrireFichier14(QrtClass& doc, bool selection)
         TransmettreDroits(fichier.handle(), *ancien);
     if (!EcrireTexte14(doc, selection, fichier) || !fichier.commit())
         return false;
-    doc.ArchiveAForcer = doc.CheminReel();
+    doc.AForcer = doc.CheminReel();
     return true;
 }

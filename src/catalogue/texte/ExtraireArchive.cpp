@@ -2,15 +2,15 @@
 #include "catalogue/archive/VolumeDArchive.h"
 #include "catalogue/archive/ccZip.h"
 #include "catalogue/archive/mZipDLLProc.h"
+#include "catalogue/texte/Categorie.h"
 #include "catalogue/texte/NomsDeLArchive.h"
-#include "catalogue/texte/QrtClass.h"
 #include "extensions/langue/modLang.h"
 
 #include <QFileInfo>
 
 #include <new>
 
-bool ExtraireArchive(QrtClass& doc)
+bool ExtraireArchive(Categorie& doc)
 {
     MotDePasseAbandonne = false;
     const std::unique_ptr<ccZip> archive(new (std::nothrow) ccZip);

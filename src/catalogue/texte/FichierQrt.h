@@ -1,7 +1,7 @@
 // The catalogue file: telling its form, reading its text into the table, writing it.
 #pragma once
 
-#include "catalogue/texte/QrtClass.h"
+#include "catalogue/texte/Categorie.h"
 
 #include <QByteArrayView>
 #include <QString>
@@ -25,22 +25,14 @@ bool ChargerDossier(QrtClass& doc);
 /// The same, with a text in UTF-8 in place of the folder's.
 bool ChargerTexteExact(QrtClass& doc, QByteArrayView utf8);
 
-/// Writes the text into TmpFolder and rebuilds the archive at CheminReel from the whole folder. False, with nothing
-/// touched, when there are no columns; also, with the old archive left alone, when the text could not be written or the
-/// old archive not be deleted. Files that did not change are not compressed again. Events run meanwhile, those of the
-/// user excepted.
-/// When the archive fails the result is true, as the data live in TmpFolder then, and DossierAGarder is set: whoever
-/// calls tells the user (MsgArchiveIncomplete). `selection` writes the selected entries alone, without images.
-bool EcrireFichier(QrtClass& doc, bool selection);
+/// Categorie::Ecrire for who asks no more than whether the category counts as saved. That is so also where the archive
+/// is not whole, as the data live in TmpFolder then.
+bool EcrireFichier(Categorie& doc, bool selection);
 /// Tells that the archive is not whole and where the data are.
 void MsgArchiveIncomplete(const QrtClass& doc);
 
-/// Has every byte of the archive that EcrireFichier wrote on the disk; before that the folder must not go. False, with
-/// DossierAGarder set, when the disk refuses.
-bool ForcerArchive(QrtClass& doc);
-
 /// Writes the bare text of form 1.4 at CheminReel. False when there are no columns or the text could not be written.
-bool EcrireFichier14(QrtClass& doc, bool selection);
+bool EcrireFichier14(Categorie& doc, bool selection);
 /// Asks whether characters that form 1.4 cannot hold may become "?"; true at once when there are none. For whoever is
 /// about to call EcrireFichier14.
 bool AccepterPerteDeCaracteres(const QrtClass& doc);

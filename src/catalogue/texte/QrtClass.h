@@ -1,4 +1,4 @@
-// The document object: what belongs to one open category beside its table.
+// The document object: what scripts and plug-ins see of one open category. Its owner is Categorie.
 #pragma once
 
 #include "catalogue/table/MyLV.h"
@@ -7,9 +7,6 @@
 #include <QString>
 
 #include <cstdint>
-#include <memory>
-
-struct ArchiveConnue;
 
 /// A waiting panel of the document window ("Chargement Veuillez patienter....").
 class PanneauAttente
@@ -41,11 +38,6 @@ public:
     /// The file name part of CheminReel.
     const QString& filename() const { return m_filename; }
 
-    /// Of a recovered document: the file that it came from, which Save As proposes until it has one of its own.
-    QString CheminAvantSecours;
-    /// The path that the user knows the document by: its own, else the one above; empty for a category never saved.
-    const QString& CheminConnu() const { return m_cheminReel.isEmpty() ? CheminAvantSecours : m_cheminReel; }
-
     /// Full path of the program's settings file, fixed when the object is made.
     const QString& ZelvaneIni() const { return m_zelvaneIni; }
 
@@ -59,7 +51,7 @@ public:
     /// False when the text is no number of 16 bits; the count stays.
     bool SetNbSauv(const QString& texte);
 
-    /// The table (not owned): the one that the document's window displays. Set once, before anything else is called.
+    /// The table: the one that the document's window displays. Set by the document's owner (Categorie).
     ::MyLV* MyLV = nullptr;
 
     PanneauAttente* wait = nullptr;   ///< shown during a save
@@ -71,16 +63,6 @@ public:
     int32_t SelItemsCount() const { return MyLV ? MyLV->NombreDeSelectionnees() : 0; }
     /// Removes all entries, then all columns.
     void ClearLV();
-
-    /// The archive is being made from the folder right now: until it is whole, nothing of the folder may go.
-    bool EnEcriture = false;
-    /// Set when a write failed after the old file was gone: the folder is then kept when the window goes.
-    bool DossierAGarder = false;
-    /// The archive that the folder was last read from or written to, where a save may find unchanged files compressed;
-    /// null when there is none such.
-    std::shared_ptr<ArchiveConnue> Archive;
-    /// Path of a file that was written and may not have reached the disk yet; empty for none. See ForcerArchive.
-    QString ArchiveAForcer;
 
 private:
     QString m_cheminReel;

@@ -31,7 +31,6 @@ class CopieDeSecours : public testing::Test
 protected:
     CopieDeSecours()
     {
-        doc.MyLV = &table;
         doc.TmpFolder = CreerDossierTemp();
         doc.SetCheminReel(u"/home/é/a=b%\r\n.qrt"_s);
         doc.FileType = u"2"_s;
@@ -48,8 +47,8 @@ protected:
     }
     Etat Ecrire() { return EcritureDeSecours(doc, u"a.qrt"_s).Achever(); }
 
-    MyLV table;
-    QrtClass doc;
+    Categorie doc;
+    MyLV& table = doc.Table;
 };
 
 /// Entries that lie in blocks of their own, as edited ones do.

@@ -51,9 +51,8 @@ protected:
     /// A rescue copy for "temp/cat7" with these titles.
     void LaisserCopie(std::initializer_list<QStringList> entrees)
     {
-        MyLV table;
-        QrtClass doc;
-        doc.MyLV = &table;
+        Categorie doc;
+        MyLV& table = doc.Table;
         doc.TmpFolder = Temp("cat7/");
         doc.SetCheminReel(u"/home/moi/disques.qrt"_s);
         MettreColonnes(table, {"Titre", "Prêté"});
@@ -62,9 +61,8 @@ protected:
     }
     void LaisserIdentite()
     {
-        MyLV table;
-        QrtClass doc;
-        doc.MyLV = &table;
+        Categorie doc;
+        MyLV& table = doc.Table;
         doc.TmpFolder = Temp("cat7/");
         doc.SetCheminReel(u"/home/moi/disques.qrt"_s);
         EXPECT_TRUE(EcrireIdentite(doc, u"disques.qrt"_s));
@@ -133,9 +131,8 @@ TEST_F(Laisses, ACategoryWhoseFileDoesNotStandIsTold)
 {
     LaisserDossier();
     const auto enregistree = [this](const QString& chemin, const QString& type) {
-        MyLV table;
-        QrtClass doc;
-        doc.MyLV = &table;
+        Categorie doc;
+        MyLV& table = doc.Table;
         doc.TmpFolder = Temp("cat7/");
         doc.SetCheminReel(chemin);
         doc.FileType = type;
@@ -272,7 +269,7 @@ TEST_F(Laisses, OneIsOpenedAsAnUnsavedDocumentWithImagesAndComments)
     FenetreDeTest* fenetre = Ouvrir();
 
     ASSERT_TRUE(fenetre);
-    const QrtClass& doc = fenetre->myqrt;
+    const Categorie& doc = fenetre->myqrt;
     EXPECT_EQ(ColonneDe(fenetre->table, 1), QStringList({"Abbey Road", "Dummy"}));
     EXPECT_EQ(fenetre->table.ListItems(1).SmallIcon(), "ico");
     EXPECT_EQ(Commentaires::Lire(doc.TmpFolder), u"Écouté le 5 \u2014 Пётр"_s);
@@ -392,9 +389,8 @@ TEST_F(Laisses, ACategoryThatWasNeverSavedComesBack)
 TEST_F(Laisses, TheMarkIsPutBehindANameOnce)
 {
     LaisserDossier();
-    MyLV table;
-    QrtClass doc;
-    doc.MyLV = &table;
+    Categorie doc;
+    MyLV& table = doc.Table;
     doc.TmpFolder = Temp("cat7/");
     EcrireIdentite(doc, u"disques.qrt (récupéré)"_s);
     ASSERT_TRUE(Ouvrir());

@@ -35,7 +35,6 @@ class Disparition : public testing::Test
 protected:
     Disparition()
     {
-        doc.MyLV = &table;
         doc.TmpFolder = CreerDossierTemp();
         doc.FileType = "2";
         TexteDeCatalogue texte;
@@ -90,8 +89,8 @@ protected:
     FileDeReponses messages;
     FileDeFichiers dialogues;
     DossierDeTest ailleurs;
-    MyLV table;
-    QrtClass doc;
+    Categorie doc;
+    MyLV& table = doc.Table;
 
 private:
     int m_fois = 0;

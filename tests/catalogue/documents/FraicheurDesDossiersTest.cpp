@@ -85,7 +85,7 @@ protected:
     FileDeReponses messages;
     DossierDeTest ailleurs;
     CadreDeTest cadre;
-    QrtClass* doc;
+    Categorie* doc;
     FraicheurDesDossiers fraicheur;
     qint64 heure = QDateTime::currentMSecsSinceEpoch();
 };

@@ -58,7 +58,7 @@ TEST_F(OuvrirFichierTest, ABareTextOpensInAWindowOfItsOwn)
     const QString chemin = FichierTexte(u"disques.qrt"_s);
     ASSERT_TRUE(Ouvrir(chemin));
     ASSERT_EQ(cadre.fenetres.size(), 1);
-    const QrtClass& doc = Derniere().myqrt;
+    const Categorie& doc = Derniere().myqrt;
     EXPECT_EQ(Derniere().Caption(), "disques.qrt");
     EXPECT_EQ(doc.CheminReel(), chemin);
     EXPECT_EQ(doc.filename(), "disques.qrt");

@@ -76,7 +76,7 @@ protected:
     {
         d.table.ListItems(1).SetText(QString::number(++m_fois));
         ASSERT_TRUE(EcrireFichier(d.doc, false));
-        ASSERT_FALSE(d.doc.DossierAGarder);
+        ASSERT_FALSE(d.doc.GardeDossier());
         Lancer("unzip", {"-t", d.doc.CheminReel()});
     }
     QByteArray Contenu(const QString& nom) const { return Lancer("unzip", {"-p", d.doc.CheminReel(), nom}); }
@@ -400,7 +400,7 @@ TEST_F(Reprise, AFullDiskLeavesTheFolderAndNoHalfArchive)
     d.dossier.Ecrire("c.jpg", bruit);
     const int resultat = DansUnEnfant([&] {
         LimiterTailleDesFichiers(Taille);
-        return EcrireFichier(d.doc, false) && d.doc.DossierAGarder && !d.doc.Archive ? 0 : 1;
+        return EcrireFichier(d.doc, false) && d.doc.GardeDossier() && !d.doc.Archive ? 0 : 1;
     });
     EXPECT_EQ(resultat, 0);
     EXPECT_FALSE(sortie.Existe("mes.qrt"));
@@ -414,7 +414,7 @@ TEST_F(Reprise, WhereThereIsNoRoomForTheOldBytesTheFilesAreCompressedAgain)
 {
     const int resultat = DansUnEnfant([&] {
         LimiterTailleDesFichiers(Taille); // the compressed images fit, those taken over do not
-        return EcrireFichier(d.doc, false) && !d.doc.DossierAGarder ? 0 : 1;
+        return EcrireFichier(d.doc, false) && !d.doc.GardeDossier() ? 0 : 1;
     });
     EXPECT_EQ(resultat, 0);
     EXPECT_FALSE(EstReprise("a.jpg"));
@@ -432,7 +432,7 @@ TEST_F(Reprise, MemoryStaysFlat)
     const int croissance = DansUnEnfant([&] { // in MB
         rusage avant, apres;
         getrusage(RUSAGE_SELF, &avant);
-        if (!EcrireFichier(d.doc, false) || d.doc.DossierAGarder)
+        if (!EcrireFichier(d.doc, false) || d.doc.GardeDossier())
             return 255;
         getrusage(RUSAGE_SELF, &apres);
         return static_cast<int>((apres.ru_maxrss - avant.ru_maxrss) / 1024);

@@ -95,7 +95,7 @@ protected:
     CadreDeTest cadre;
     FenetreDeTest& fenetre = dynamic_cast<FenetreDeTest&>(cadre.NouvelleFenetre());
     MyLV& table = fenetre.table;
-    QrtClass& doc = fenetre.myqrt;
+    Categorie& doc = fenetre.myqrt;
     MomentDeSecours moment{100000, 0};
     FileDeReponses reponses;
 

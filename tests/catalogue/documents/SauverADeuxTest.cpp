@@ -85,7 +85,7 @@ TEST_F(SauverADeux, WhoComesSecondIsToldAndTheFirstOnesFileStands)
         QTimer::singleShot(0, [&] { aussi = EcrireFichier(second.doc, false); });
         EXPECT_TRUE(Enregistrer(premier.doc, false, true));
         EXPECT_FALSE(aussi);
-        EXPECT_FALSE(second.doc.DossierAGarder);
+        EXPECT_FALSE(second.doc.GardeDossier());
         EXPECT_TRUE(Signe::EstEntiere(chemin, 'a'));
         EXPECT_TRUE(Enregistrer(second.doc, false, true)) << "later, of course";
         EXPECT_TRUE(Signe::EstEntiere(chemin, 'b'));
@@ -120,7 +120,7 @@ TEST_F(SauverADeux, AFileThatAProgramWithoutLocksPutThereCountsAndOursIsNotSaved
     EXPECT_FALSE(Enregistrer(premier.doc, false, true));
     EXPECT_EQ(messages.Cles(), QStringList("msg62"));
     EXPECT_TRUE(premier.doc.IlFautSauver);
-    EXPECT_FALSE(premier.doc.DossierAGarder);
+    EXPECT_FALSE(premier.doc.GardeDossier());
     EXPECT_EQ(dossier.Lire("mes.qrt"), "autre");
 }
 
@@ -133,7 +133,7 @@ TEST_F(SauverADeux, OfTwoProcessesOneIsToldAndTheFileIsWholeWheneverTheyMeet)
             if (enfants[i] == 0) {
                 TenirLesDossiersIci();
                 Signe doc(static_cast<char>('a' + i), chemin);
-                _exit(Enregistrer(doc.doc, false, true) ? 0 : doc.doc.IlFautSauver && !doc.doc.DossierAGarder ? 1 : 2);
+                _exit(Enregistrer(doc.doc, false, true) ? 0 : doc.doc.IlFautSauver && !doc.doc.GardeDossier() ? 1 : 2);
             }
         }
         bool reussis[2];
@@ -174,7 +174,7 @@ TEST_F(SauverADeux, AFolderOfWhichAnArchiveIsBeingMadeOutlivesTheEndOfTheProcess
 {
     CadreDeTest cadre;
     FenetreDocument& fenetre = cadre.NouvelleFenetre();
-    QrtClass& doc = fenetre.myqrt;
+    Categorie& doc = fenetre.myqrt;
     MettreColonnes(*doc.MyLV, {"Titre"});
     doc.TmpFolder = dossier.Chemin() + "/";
     doc.EnEcriture = true;

@@ -48,7 +48,7 @@ protected:
     {
         EXPECT_TRUE(Enregistrer(d.doc, false, true));
         EXPECT_EQ(messages.Cles(), QStringList("msgArchive"));
-        EXPECT_TRUE(d.doc.DossierAGarder);
+        EXPECT_TRUE(d.doc.GardeDossier());
         EXPECT_FALSE(EnCoursDeSauvegarde);
         EXPECT_TRUE(d.dossier.Lire("Zelvane.qrt").contains("It1=un|"));
         EXPECT_EQ(d.dossier.Lire("a.jpg"), QByteArray(50000, 'a'));
@@ -57,7 +57,7 @@ protected:
     {
         d.doc.SetCheminReel(chemin);
         EXPECT_TRUE(Enregistrer(d.doc, false, true));
-        EXPECT_FALSE(d.doc.DossierAGarder);
+        EXPECT_FALSE(d.doc.GardeDossier());
         EXPECT_EQ(TypeFichier(chemin), 2);
     }
     QStringList DansLeDossier() const
@@ -119,7 +119,7 @@ TEST_F(SauvegardeManquee, ADiskFullForTheArchiveKeepsTheFolder)
     const int resultat = DansUnEnfant([&] {
         LimiterTailleDesFichiers(4000);
         const bool enregistre = Enregistrer(d.doc, false, true);
-        return enregistre && d.doc.DossierAGarder && messages.Cles() == QStringList("msgArchive") ? 0 : 1;
+        return enregistre && d.doc.GardeDossier() && messages.Cles() == QStringList("msgArchive") ? 0 : 1;
     });
     EXPECT_EQ(resultat, 0);
     EXPECT_EQ(DansLeDossier(), QStringList()) << "no half archive";
@@ -188,7 +188,7 @@ TEST_F(SauvegardeManquee, ThroughALinkTheFileThatItNamesIsWrittenInBothForms)
             ASSERT_TRUE(QFile::remove(d.doc.CheminReel()) && QFile::link(vers, d.doc.CheminReel()));
             d.doc.FileType = forme;
             EXPECT_TRUE(Enregistrer(d.doc, false, true));
-            EXPECT_FALSE(d.doc.DossierAGarder);
+            EXPECT_FALSE(d.doc.GardeDossier());
             EXPECT_TRUE(QFileInfo(d.doc.CheminReel()).isSymLink());
             const int type = *forme == '2' ? 2 : 1;
             EXPECT_EQ(TypeFichier(dossier.Fichier(vers == cible ? "cible.qrt" : "loin/absent.qrt")), type);
@@ -319,25 +319,24 @@ TEST_F(SauvegardeManquee, WindowsStayAliveThroughALongWrite)
 TEST_F(SauvegardeManquee, WhatWasSavedIsOnTheDiskBeforeTheFolderMayGo)
 {
     EXPECT_TRUE(Enregistrer(d.doc, false, true));
-    EXPECT_EQ(d.doc.ArchiveAForcer, d.doc.CheminReel());
+    EXPECT_EQ(d.doc.AForcer, d.doc.CheminReel());
     EXPECT_TRUE(PeutFermer(d.doc));
-    EXPECT_EQ(d.doc.ArchiveAForcer, QString());
-    d.doc.ArchiveAForcer = "/proc/self/stat"; // cannot be forced anywhere
+    EXPECT_EQ(d.doc.AForcer, QString());
+    d.doc.AForcer = "/proc/self/stat"; // cannot be forced anywhere
     EXPECT_TRUE(PeutFermer(d.doc));
-    EXPECT_TRUE(d.doc.DossierAGarder) << "the folder is all there is";
+    EXPECT_TRUE(d.doc.GardeDossier()) << "the folder is all there is";
     EXPECT_EQ(messages.Cles(), QStringList("msgArchive"));
 }
 
 TEST_F(SauvegardeManquee, AFileThatIsGoneAfterTheSaveIsToldAndTheFolderStays)
 {
     int messagesAttendus = 0;
-    for (const char* forme : {"2", "1"}) {
+    for (const char* forme : {"1", "2"}) {
         d.doc.FileType = forme;
         EXPECT_TRUE(Enregistrer(d.doc, false, true));
         ASSERT_TRUE(QFile::remove(d.doc.CheminReel()));
         EXPECT_TRUE(PeutFermer(d.doc));
-        EXPECT_TRUE(d.doc.DossierAGarder);
+        EXPECT_TRUE(d.doc.GardeDossier());
         EXPECT_EQ(messages.Cles().count("msgArchive"), ++messagesAttendus);
-        d.doc.DossierAGarder = false;
     }
 }

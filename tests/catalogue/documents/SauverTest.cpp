@@ -459,7 +459,7 @@ TEST_F(Sauvegarde, AnArchiveThatIsNotWholeIsToldAndTheFolderKept)
     d.doc.FileType = "2";
     d.doc.SetCheminReel(dossier.Fichier("absent/mes.qrt"));
     EXPECT_TRUE(Enregistrer(d.doc, false, true));
-    EXPECT_TRUE(d.doc.DossierAGarder);
+    EXPECT_TRUE(d.doc.GardeDossier());
     EXPECT_EQ(messages.Cles(), QStringList("msgArchive"));
     AttendreFin();
 }

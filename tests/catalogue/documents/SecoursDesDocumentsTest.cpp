@@ -58,7 +58,7 @@ protected:
         Toucher();
     }
     std::optional<QString> TitreEcrit() const { return TitreEcrit(doc); }
-    static std::optional<QString> TitreEcrit(const QrtClass& document)
+    static std::optional<QString> TitreEcrit(const Categorie& document)
     {
         const auto texte = LireTexteDeSecours(FichierDeSecours(document.TmpFolder));
         DocumentDeTest lu;
@@ -68,7 +68,7 @@ protected:
 
     CadreDeTest cadre;
     FenetreDeTest& fenetre;
-    QrtClass& doc;
+    Categorie& doc;
     MomentDeSecours moment{100000, 100000};
 };
 
@@ -199,7 +199,7 @@ TEST_F(Secours, ASavedDocumentKeepsItsCopyUntilTheFileIsOnTheDisk)
     const QString lent = PlateformeDeTest::Courante().dossier.Fichier(u"lent"_s);
     ASSERT_EQ(mkfifo(QFile::encodeName(lent).constData(), 0600), 0);
     doc.IlFautSauver = false;
-    doc.ArchiveAForcer = lent;
+    doc.AForcer = lent;
     Attendre(5);
     EXPECT_EQ(TitreEcrit(), u"a"_s);
 
@@ -265,7 +265,7 @@ TEST_F(Secours, AtTheEndUnsavedChangesAreWrittenAtOnceAndSavedDocumentsGo)
     FenetreDeTest& sauvee = Nouvelle(u"livres.qrt"_s);
     const QString dossierSauve = sauvee.myqrt.TmpFolder;
     FenetreDeTest& gardee = Nouvelle(u"films.qrt"_s);
-    gardee.myqrt.DossierAGarder = true;
+    gardee.myqrt.GarderDossier();
     Attendre(1);
     Changer(u"a"_s);
 
@@ -281,14 +281,13 @@ TEST_F(Secours, AtTheEndUnsavedChangesAreWrittenAtOnceAndSavedDocumentsGo)
 TEST_F(Secours, AtTheEndWhatWasSavedIsOnTheDiskBeforeItsFolderGoes)
 {
     const QString dossier = doc.TmpFolder;
-    doc.ArchiveAForcer = u"/proc/self/stat"_s; // cannot be forced anywhere
+    doc.AForcer = u"/proc/self/stat"_s; // cannot be forced anywhere
+    Categorie& autre = Nouvelle(u"films.qrt"_s).myqrt;
+    const QString autreDossier = autre.TmpFolder;
+    autre.AForcer = PlateformeDeTest::Courante().dossier.Ecrire(u"films.qrt"_s, "x");
     LaisserAuSecours(cadre);
     EXPECT_TRUE(QFileInfo::exists(dossier));
-
-    doc.DossierAGarder = false;
-    doc.ArchiveAForcer = PlateformeDeTest::Courante().dossier.Ecrire(u"disques.qrt"_s, "x");
-    LaisserAuSecours(cadre);
-    EXPECT_FALSE(QFileInfo::exists(dossier));
+    EXPECT_FALSE(QFileInfo::exists(autreDossier));
 }
 
 TEST_F(Secours, TheEndFinishesACopyThatIsBeingWritten)

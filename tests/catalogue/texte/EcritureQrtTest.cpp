@@ -198,8 +198,8 @@ TEST_F(Ecriture, AnArchiveHoldsTheWholeFolderAndForeignToolsAgree)
     d.dossier.Ecrire("Zelvane.txt", "Un commentaire");
     d.Charger(PetitCatalogue().Texte());
     sortie.Ecrire("essai.qrt", "ancien");
-    ASSERT_TRUE(EcrireFichier(d.doc, false));
-    EXPECT_FALSE(d.doc.DossierAGarder);
+    ASSERT_EQ(d.doc.Ecrire(false), IssueEcriture::Entiere);
+    EXPECT_FALSE(d.doc.GardeDossier());
 
     const QString chemin = d.doc.CheminReel();
     EXPECT_TRUE(Bare().startsWith("PK\x03\x04"));
@@ -222,21 +222,22 @@ TEST_F(Ecriture, AFolderOfTheWorkingFolderIsNoLoss)
     d.dossier.Ecrire("sous/x.jpg", "x");
     d.Charger(PetitCatalogue().Texte());
     ASSERT_TRUE(EcrireFichier(d.doc, false));
-    EXPECT_FALSE(d.doc.DossierAGarder);
+    EXPECT_FALSE(d.doc.GardeDossier());
 }
 
 TEST_F(Ecriture, AnArchiveThatCannotBeWrittenIsToldAndItsFolderKept)
 {
     d.Charger(PetitCatalogue().Texte());
     d.doc.SetCheminReel(sortie.Fichier("absent/essai.qrt"));
+    EXPECT_EQ(d.doc.Ecrire(false), IssueEcriture::Incomplete);
+    EXPECT_TRUE(d.doc.GardeDossier());
     EXPECT_TRUE(EcrireFichier(d.doc, false)) << "the data live in the folder now";
-    EXPECT_TRUE(d.doc.DossierAGarder);
     MsgArchiveIncomplete(d.doc);
     ASSERT_EQ(messages.Cles(), QStringList("msgArchive"));
     EXPECT_TRUE(messages.Affiches().first().message.texte.contains(d.doc.TmpFolder));
     d.doc.SetCheminReel(sortie.Fichier("essai.qrt"));
     EXPECT_TRUE(EcrireFichier(d.doc, false));
-    EXPECT_FALSE(d.doc.DossierAGarder);
+    EXPECT_FALSE(d.doc.GardeDossier());
 }
 
 TEST_F(Ecriture, ATextThatCannotBeWrittenLeavesTheOldFileAlone)
@@ -244,6 +245,7 @@ TEST_F(Ecriture, ATextThatCannotBeWrittenLeavesTheOldFileAlone)
     d.Charger(PetitCatalogue().Texte());
     sortie.Ecrire("essai.qrt", "ancien");
     d.doc.TmpFolder = d.dossier.Fichier("absent/");
+    EXPECT_EQ(d.doc.Ecrire(false), IssueEcriture::RienTouche);
     EXPECT_FALSE(EcrireFichier(d.doc, false));
     EXPECT_EQ(Bare(), "ancien");
     d.doc.SetCheminReel(sortie.Fichier("absent/essai.qrt"));

@@ -225,7 +225,7 @@ TEST_F(NomsImpossibles, WhatIsSavedIsReadBackEqualAndWithoutAWord)
            {longue, {"a\x01z.jpg", "image", false, DrapeauUtf8}, {"bon.jpg", "bonne"}, {"\x02", "rien"}});
     ASSERT_EQ(messages.Cles(), QStringList("msgNoms"));
     ASSERT_TRUE(EcrireFichier(d.doc, false));
-    EXPECT_FALSE(d.doc.DossierAGarder);
+    EXPECT_FALSE(d.doc.GardeDossier());
     Lancer("unzip", {"-t", d.doc.CheminReel()});
 
     DocumentDeTest lu;

@@ -1,6 +1,6 @@
 #include "catalogue/texte/TriDeTable.h"
 
-#include "catalogue/texte/QrtClass.h"
+#include "catalogue/texte/Categorie.h"
 #include "support/TableDeTest.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +14,6 @@ class TriDeTable : public testing::Test
 protected:
     void SetUp() override
     {
-        doc.MyLV = &table;
         MettreColonnes(table, {u"Titre"_s, u"Année"_s});
         AjouterEntrees(table, {{u"B"_s, u"2"_s}, {u"C"_s, u"10"_s}, {u"A"_s, u"2"_s}});
         table.SetSortKey(0);
@@ -23,8 +22,8 @@ protected:
     QStringList Titres() const { return ColonneDe(table, 1); }
     QString Marque(int colonne) const { return table.ColumnHeaders(colonne).Icon(); }
 
-    MyLV table;
-    QrtClass doc;
+    Categorie doc;
+    MyLV& table = doc.Table;
 };
 
 } // namespace

@@ -1,0 +1,37 @@
+#include "catalogue/texte/Categorie.h"
+
+#include "base/Const_Vrac.h"
+#include "catalogue/archive/FichierDuDossier.h"
+
+#include <utility>
+
+Categorie::Categorie()
+{
+    MyLV = &Table;
+}
+
+Categorie::~Categorie()
+{
+    if (m_proprietaire && !IlFautSauver && !EnEcriture && Forcer())
+        FermerDossier();
+}
+
+void Categorie::CreerDossier()
+{
+    TmpFolder = CreerDossierTemp();
+    m_proprietaire = true;
+}
+
+void Categorie::FermerDossier()
+{
+    if (!m_garder && !TmpFolder.isEmpty())
+        SupprimerDossier(std::exchange(TmpFolder, QString()), true);
+}
+
+bool Categorie::Forcer()
+{
+    const QString fichier = std::exchange(AForcer, QString());
+    const bool bon = fichier.isEmpty() || ForcerFichier(fichier);
+    m_garder = m_garder || !bon;
+    return bon;
+}
