@@ -214,7 +214,7 @@ void Form1::Decharger()
 
 void Form1::closeEvent(QCloseEvent* event)
 {
-    if (!PeutFermer(myqrt)) {
+    if (!PeutFermer(m_cadre, *this)) {
         event->ignore();
         return;
     }

@@ -431,7 +431,7 @@ void MDIForm1::closeEvent(QCloseEvent* event)
     const auto fenetres = Documents();
     // A dialog on show works on one of them, and another start of the program can ask for the end at any moment.
     if (QApplication::activeModalWidget() ||
-        !std::ranges::all_of(fenetres, [](auto* fenetre) { return PeutFermer(fenetre->myqrt); })) {
+        !std::ranges::all_of(fenetres, [this](auto* fenetre) { return PeutFermer(*this, *fenetre); })) {
         event->ignore();
         return;
     }

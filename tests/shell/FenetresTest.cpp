@@ -1,6 +1,7 @@
 // The frame and the document window, with real files.
 #include "base/Const_Vrac.h"
 #include "catalogue/documents/OuvrirFichiersQrt.h"
+#include "catalogue/documents/Sauver.h"
 #include "shell/EtapesEnFenetres.h"
 #include "shell/Form1.h"
 #include "shell/MDIForm1.h"
@@ -229,6 +230,39 @@ TEST_F(Fenetres, QuittingClosesTheFrameAndItsWindows)
     EXPECT_FALSE(cadre.isVisible());
     EXPECT_TRUE(cadre.Documents().empty());
     EXPECT_TRUE(QDir(TempFolder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).isEmpty());
+}
+
+TEST_F(Fenetres, AQuestionBeforeTheEndIsAskedWithItsWindowInFront)
+{
+    QStringList devant;
+    reponses.AChaqueMessage = [&] {
+        QCoreApplication::processEvents();
+        devant.append(cadre.FenetreActive()->Caption());
+    };
+    Form1* fenetres[] = {&Ouvrir(Fichier(u"a.qrt"_s)), &Ouvrir(Fichier(u"b.qrt"_s)), &Ouvrir(Fichier(u"c.qrt"_s))};
+    for (const int modifiee : {0, 1})
+        fenetres[modifiee]->myqrt.IlFautSauver = true;
+    reponses.Preparer(RepNon);
+    reponses.Preparer(RepAnnuler);
+    EXPECT_FALSE(cadre.close());
+    EXPECT_EQ(devant, QStringList({u"a.qrt"_s, u"b.qrt"_s}));
+    EXPECT_EQ(cadre.FenetreActive(), fenetres[1]) << "the user goes on where he refused";
+
+    devant.clear();
+    cadre.AmenerDevant(*fenetres[2]);
+    reponses.Preparer(RepAnnuler);
+    fenetres[0]->Decharger();
+    EXPECT_EQ(devant, QStringList(u"a.qrt"_s)) << "also where one window is closed from elsewhere";
+    for (Form1* fenetre : fenetres)
+        fenetre->myqrt.IlFautSauver = false;
+}
+
+TEST_F(Fenetres, AWindowWithNothingToAskStaysBehind)
+{
+    Form1& derriere = Ouvrir(Fichier(u"a.qrt"_s));
+    const Form1& devant = Ouvrir(Fichier(u"b.qrt"_s));
+    EXPECT_TRUE(PeutFermer(cadre, derriere));
+    EXPECT_EQ(cadre.FenetreActive(), &devant);
 }
 
 TEST_F(Fenetres, AFileThatTheReaderRefusesLeavesAnEmptyWindow)

@@ -23,6 +23,8 @@ QStringList FileDeReponses::Cles() const
 int FileDeReponses::Afficher(const Message& message, int genre, const QString& titre)
 {
     m_affiches.append({message, genre, titre});
+    if (AChaqueMessage)
+        AChaqueMessage();
     if (genre == MsgOk)
         return RepOk;
     if (m_reponses.isEmpty()) {

@@ -6,6 +6,7 @@
 #include <QList>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 #include <utility>
 
@@ -23,6 +24,9 @@ public:
         int genre;
         QString titre;
     };
+
+    /// Looks on as each message comes up.
+    std::function<void()> AChaqueMessage;
 
     void Preparer(int reponse) { m_reponses.append(reponse); }
     /// The next line of text that is asked for; nothing: it is cancelled.

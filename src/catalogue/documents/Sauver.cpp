@@ -305,6 +305,14 @@ bool PeutFermer(Categorie& doc)
     return true;
 }
 
+bool PeutFermer(Cadre& cadre, FenetreDocument& fenetre)
+{
+    const Categorie& doc = fenetre.myqrt;
+    if (doc.IlFautSauver && !EnCoursDeSauvegarde && !doc.EnEcriture)
+        cadre.AmenerDevant(fenetre);
+    return PeutFermer(fenetre.myqrt);
+}
+
 void EnregistrerTout(Cadre& cadre)
 {
     for (FenetreDocument* fenetre : cadre.Documents()) {

@@ -5,6 +5,7 @@
 
 class Cadre;
 class Categorie;
+class FenetreDocument;
 
 /// True while a save runs: a window refuses to close then. One flag for the whole program.
 extern bool EnCoursDeSauvegarde;
@@ -22,6 +23,8 @@ bool Enregistrer(Categorie& doc, bool saveAs, bool sansQuestion);
 /// Whether the window of `doc` may close: no save runs, and its changes are saved or to be dropped. Asks about them.
 /// What was saved is on the disk then: the folder may go.
 bool PeutFermer(Categorie& doc);
+/// The same for the document of a window, which comes to the front where there is something to ask.
+bool PeutFermer(Cadre& cadre, FenetreDocument& fenetre);
 
 /// Saves every open document without a question, changed or not, oldest window first; one without a path goes through
 /// Save As. One that is not saved does not keep the next from it. Each tab then shows the name of its document's file.

@@ -63,12 +63,12 @@ void Conclure(FenetreDocument& fenetre, bool saisieSeule)
         fenetre.Secours.EcrireMaintenant(doc, fenetre.Caption());
 }
 
-bool DemanderAuxDocuments(const std::vector<FenetreDocument*>& fenetres)
+bool DemanderAuxDocuments(Cadre& cadre, const std::vector<FenetreDocument*>& fenetres)
 {
     std::deque<SaisieComptee> saisies;
     for (FenetreDocument* fenetre : fenetres) {
         saisies.emplace_back(*fenetre);
-        if (!PeutFermer(fenetre->myqrt))
+        if (!PeutFermer(cadre, *fenetre))
             return false;
     }
     for (size_t i = 0; i < fenetres.size(); ++i)
@@ -78,7 +78,7 @@ bool DemanderAuxDocuments(const std::vector<FenetreDocument*>& fenetres)
 
 } // namespace
 
-bool PeutFinirLaSession(const Cadre& cadre, bool questions)
+bool PeutFinirLaSession(Cadre& cadre, bool questions)
 {
     const auto fenetres = cadre.Documents();
     if (!questions) {
@@ -86,7 +86,7 @@ bool PeutFinirLaSession(const Cadre& cadre, bool questions)
             fenetre->Secours.EcrireMaintenant(fenetre->myqrt, fenetre->Caption());
         return true;
     }
-    if (DemanderAuxDocuments(fenetres))
+    if (DemanderAuxDocuments(cadre, fenetres))
         return true;
     ReprendreLaSession(cadre);
     return false;

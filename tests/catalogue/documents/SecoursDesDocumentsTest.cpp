@@ -321,6 +321,20 @@ TEST_F(Secours, TheEndOfTheSessionAsksAsClosingDoes)
     EXPECT_EQ(reponses.Affiches().size(), 2);
 }
 
+TEST_F(Secours, TheEndOfTheSessionAsksWithTheWindowInFront)
+{
+    FileDeReponses reponses;
+    const FenetreDocument& autre = Nouvelle(u"livres.qrt"_s);
+    cadre.active = cadre.fenetres.back().get();
+    Changer(u"a"_s);
+    const FenetreDocument* devant = nullptr;
+    reponses.AChaqueMessage = [&] { devant = cadre.active; };
+    reponses.Preparer(RepAnnuler);
+    EXPECT_EQ(cadre.active, &autre);
+    EXPECT_FALSE(PeutFinirLaSession(cadre, true));
+    EXPECT_EQ(devant, &fenetre);
+}
+
 TEST_F(Secours, ChangesGivenUpForAnEndThatDoesNotComeAreChangesAgain)
 {
     FileDeReponses reponses;
