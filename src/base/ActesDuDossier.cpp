@@ -4,8 +4,6 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <sys/stat.h>
-
 namespace {
 
 QHash<QString, QHash<QByteArray, ActeSurFichier>>& Actes()
@@ -29,13 +27,8 @@ void Noter(const QString& fichier, const ActeSurFichier& acte)
 
 void NoterEcriture(const QString& fichier)
 {
-    constexpr int64_t parSeconde = 1'000'000'000;
-    struct stat etat;
-    if (stat(QFile::encodeName(fichier).constData(), &etat) != 0)
-        return;
-    Noter(fichier, {false,
-                    {etat.st_dev, etat.st_ino, static_cast<uint64_t>(etat.st_size),
-                     static_cast<int64_t>(etat.st_mtim.tv_sec) * parSeconde + etat.st_mtim.tv_nsec}});
+    if (const TraceDeFichier trace = TraceDe(fichier))
+        Noter(fichier, {false, trace});
 }
 
 void NoterSuppression(const QString& fichier)

@@ -4,21 +4,11 @@
 // Paths are full paths. Who draws or deletes a folder has its acts forgotten.
 #pragma once
 
+#include "base/TraceDeFichier.h"
+
 #include <QByteArray>
 #include <QHash>
 #include <QString>
-
-#include <cstdint>
-
-/// Tells the bytes of a file from those before and after; who has only read it, or dated its last access, leaves it.
-struct TraceDeFichier
-{
-    uint64_t peripherique = 0;
-    uint64_t inode = 0;
-    uint64_t taille = 0; ///< bytes
-    int64_t modifie = 0; ///< nanoseconds
-    friend bool operator==(const TraceDeFichier&, const TraceDeFichier&) = default;
-};
 
 struct ActeSurFichier
 {

@@ -60,6 +60,7 @@ std::optional<FormeFichier> FormeDuFichier(const QString& chemin)
 bool ChargerCatalogue(Categorie& doc, const QString& chemin, FormeFichier forme)
 {
     doc.SetCheminReel(chemin);
+    doc.RegarderFichier(); // before it is read: what changes it meanwhile is told at the next save
     doc.FileType = QString::number(forme);
     if (forme == TexteSeul) {
         if (!CopierTexte(chemin, doc.TmpFolder + u"Zelvane.qrt"_s))

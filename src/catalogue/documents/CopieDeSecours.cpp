@@ -36,7 +36,8 @@ std::optional<QByteArray> Entete(const Categorie& doc, const QString& nom, bool 
     return s_debut + ligne("Nom", nom.toUtf8().toPercentEncoding()) +
            ligne("Chemin", doc.CheminConnu().toUtf8().toPercentEncoding()) +
            ligne("Type", doc.FileType.toUtf8().toPercentEncoding()) +
-           ligne("Processus", QByteArray::number(QCoreApplication::applicationPid())) + ligne("Base", *base) +
+           ligne("Processus", QByteArray::number(QCoreApplication::applicationPid())) +
+           (doc.FichierVu ? ligne("Fichier", VersMot(*doc.FichierVu)) : QByteArray()) + ligne("Base", *base) +
            ligne("Texte", texte ? "1" : "0");
 }
 
@@ -96,7 +97,10 @@ std::optional<Ouverte> Lire(QFile& fichier)
         return PageDeCode::DeUtf8(QByteArray::fromPercentEncoding(valeur));
     };
     QList<QByteArray> valeurs;
+    std::optional<TraceDeFichier> vu;
     for (const char* cle : {"Nom", "Chemin", "Type", "Processus", "Base", "Texte"}) {
+        if (qstrcmp(cle, "Base") == 0) // the file stands before it, where one was seen
+            vu = DepuisMot(LireValeur(reste, "Fichier").value_or(QByteArray()));
         const std::optional<QByteArray> valeur = LireValeur(reste, cle);
         if (!valeur)
             return std::nullopt;
@@ -106,7 +110,7 @@ std::optional<Ouverte> Lire(QFile& fichier)
     if (texte && !FinitBien(fichier))
         return std::nullopt;
     return Ouverte{
-        {lisible(valeurs[0]), lisible(valeurs[1]), lisible(valeurs[2]), valeurs[3].toLongLong(), valeurs[4], texte},
+        {lisible(valeurs[0]), lisible(valeurs[1]), lisible(valeurs[2]), valeurs[3].toLongLong(), valeurs[4], texte, vu},
         octets.size() - reste.size()};
 }
 

@@ -20,12 +20,13 @@
 /// What the first lines tell.
 struct IdentiteDeSecours
 {
-    QString nom;          ///< the window's caption
-    QString chemin;       ///< the document's file, as CheminConnu
-    QString type;         ///< its form, as FileType
-    qint64 processus = 0; ///< the process that wrote it
-    QByteArray base;      ///< EmpreinteDuTexte when the text was written
-    bool texte = false;   ///< a whole text follows
+    QString nom;                           ///< the window's caption
+    QString chemin;                        ///< the document's file, as CheminConnu
+    QString type;                          ///< its form, as FileType
+    qint64 processus = 0;                  ///< the process that wrote it
+    QByteArray base;                       ///< EmpreinteDuTexte when the text was written
+    bool texte = false;                    ///< a whole text follows
+    std::optional<TraceDeFichier> fichier; ///< the document's file, as Categorie::FichierVu
 };
 
 /// Nothing when there is no such file, or it is none of ours, or the text that it announces is not whole.

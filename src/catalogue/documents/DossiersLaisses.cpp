@@ -127,6 +127,7 @@ DossierLaisse Decrire(const QString& dossier, VerrouDossier verrou)
     if (identite) {
         laisse.nom = identite->nom.isEmpty() ? nom : identite->nom;
         laisse.chemin = identite->chemin;
+        laisse.fichier = identite->fichier;
         laisse.modifie = CopiePlusRecente(dossier, *identite);
         laisse.enregistree = EstEnregistree(*identite);
     }
@@ -294,6 +295,7 @@ bool OuvrirLaisse(Cadre& cadre, const DossierLaisse& laisse)
     std::optional<Lecture> lecture;
     FenetreDocument* fenetre = NouveauDocument(cadre, NomRecupere(laisse.nom), [&](FenetreDocument& neuve) {
         neuve.myqrt.CheminAvantSecours = laisse.chemin;
+        neuve.myqrt.FichierVu = laisse.fichier;
         lecture = Remplir(neuve, laisse);
         return lecture.has_value();
     });

@@ -1,6 +1,7 @@
 // Documents that a killed run left behind: their folders and rescue copies, found at the next start.
 #pragma once
 
+#include "base/TraceDeFichier.h"
 #include "platform/VerrouDossier.h"
 
 #include <QDateTime>
@@ -14,10 +15,11 @@ class Cadre;
 /// One of them. While it lives no other process can take it.
 struct DossierLaisse
 {
-    QString dossier; ///< with a trailing separator
-    QString nom;     ///< as its window's caption was; the folder's own name when nothing tells it
-    QString chemin;  ///< the document's file; empty when it was never saved or nothing tells it
-    QDateTime date;  ///< when something of it was last written
+    QString dossier;                       ///< with a trailing separator
+    QString nom;                           ///< as its window's caption was; the folder's own name when nothing tells it
+    QString chemin;                        ///< the document's file; empty when it was never saved or nothing tells it
+    std::optional<TraceDeFichier> fichier; ///< that file as the document knew it
+    QDateTime date;                        ///< when something of it was last written
     std::optional<qint64> entrees;
     bool modifie = false;     ///< unsaved changes are in its rescue copy
     bool enregistree = false; ///< its file is there and whole; without that it may be nowhere else

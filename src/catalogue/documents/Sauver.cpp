@@ -63,6 +63,17 @@ Issue DireRienEnregistre(Issue issue)
     return issue;
 }
 
+/// Asks before a file is replaced that another program has written since this one saw it: what it wrote would be lost.
+bool AccepterChangement(const Categorie& doc, const QString& chemin)
+{
+    if (!doc.FichierEstUnAutre(chemin))
+        return true;
+    const Message question = LangMsg(
+        u"msgFichierChange"_s,
+        u"Le fichier a changé depuis que la catégorie a été ouverte ou enregistrée : un autre programme l'a sans doute modifié. Voulez-vous le remplacer?"_s);
+    return AfficherMsg(question.ParDefaut(RepNon), MsgOuiNon, NomDeFichier(chemin)) == RepOui;
+}
+
 /// Writes the archive. One that is not whole is told: its data are in the document's folder, which is kept.
 Issue EcrireArchiveEtDire(Categorie& doc)
 {
@@ -141,7 +152,7 @@ CibleChoisie ChoisirCible(Categorie& doc)
     demande.type = TypeArchive;
     for (;;) {
         const QString dossier = LireOption(Options::SaveInitDir);
-        const QString& connu = doc.CheminConnu();
+        const QString connu = doc.CheminConnu();
         demande.depart = dossier.isEmpty() ? connu : AjouterSlash(dossier) + NomDeFichier(connu);
         const std::optional<ReponseFichier> reponse = DialogueEnregistrer(demande);
         if (!reponse)
@@ -157,7 +168,10 @@ CibleChoisie ChoisirCible(Categorie& doc)
             continue;
         if (choix != Choix::Prendre)
             return {choix};
+        if (chemin == connu && !AccepterChangement(doc, chemin))
+            continue;
         doc.SetCheminReel(chemin);
+        doc.RegarderFichier();
         // Yes goes back to the dialog and No saves, the other way round from the wording. It is meant.
         if (reponse->type == TypeTexte14 &&
             Demander(u"msg61"_s,
@@ -191,7 +205,7 @@ Issue EnregistrerSous(Categorie& doc)
 // ---- Plain Save
 
 /// Copies the file beside itself, under its whole name and ".bak". A copy that fails does not stop the save.
-void Sauvegarder(Categorie& doc)
+void CopierEnBak(Categorie& doc)
 {
     if (!LireOption(Options::SauvegardeLBK))
         return;
@@ -212,10 +226,13 @@ void Sauvegarder(Categorie& doc)
 
 Issue EnregistrerSurPlace(Categorie& doc)
 {
-    Sauvegarder(doc);
-    if (doc.FileType == u"2")
+    const bool archive = doc.FileType == u"2", texte = doc.FileType == u"1";
+    if ((archive || texte) && !AccepterChangement(doc, doc.CheminReel()))
+        return Issue::Manquee;
+    CopierEnBak(doc);
+    if (archive)
         return EcrireArchiveEtDire(doc);
-    if (doc.FileType == u"1")
+    if (texte)
         return EcrireTexteEtDire(doc);
     return DireRienEnregistre(Issue::SortieNette);
 }

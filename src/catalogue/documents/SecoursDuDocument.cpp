@@ -11,7 +11,7 @@
 
 SecoursDuDocument::Etat SecoursDuDocument::EtatDe(const Categorie& doc, const QString& nom)
 {
-    return {doc.MyLV->Generation(), doc.dependantcol, doc.CheminReel(), doc.FileType, nom};
+    return {doc.MyLV->Generation(), doc.dependantcol, doc.CheminReel(), doc.FileType, nom, doc.FichierVu};
 }
 
 /// Drops what is being written. While the disk is busy with it, that would mean to wait: it goes later then.
@@ -92,7 +92,7 @@ bool SecoursDuDocument::EstSurLeDisque(const Categorie& doc)
 void SecoursDuDocument::TenirIdentite(const Categorie& doc, const QString& nom)
 {
     m_copie.reset();
-    const Etat identite{0, 0, doc.CheminReel(), doc.FileType, nom};
+    const Etat identite{0, 0, doc.CheminReel(), doc.FileType, nom, doc.FichierVu};
     if (m_identite == identite)
         return;
     m_identite = identite;

@@ -51,6 +51,7 @@ private:
         QString chemin;
         QString type;
         QString nom;
+        std::optional<TraceDeFichier> fichier;
         bool operator==(const Etat&) const = default;
     };
     static Etat EtatDe(const Categorie& doc, const QString& nom);

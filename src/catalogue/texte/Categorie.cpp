@@ -28,6 +28,18 @@ void Categorie::FermerDossier()
         SupprimerDossier(std::exchange(TmpFolder, QString()), true);
 }
 
+void Categorie::RegarderFichier()
+{
+    FichierVu = TraceDe(CheminReel());
+}
+
+bool Categorie::FichierEstUnAutre(const QString& chemin) const
+{
+    // Words leave the device out: what was seen may come from another run.
+    const TraceDeFichier la = TraceDe(chemin);
+    return FichierVu && la && VersMot(la) != VersMot(*FichierVu);
+}
+
 bool Categorie::Forcer()
 {
     const QString fichier = std::exchange(AForcer, QString());

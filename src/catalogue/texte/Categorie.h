@@ -1,11 +1,13 @@
 // One category in memory: its table, its document object and its private folder, which come and go together.
 #pragma once
 
+#include "base/TraceDeFichier.h"
 #include "catalogue/texte/QrtClass.h"
 
 #include <QString>
 
 #include <memory>
+#include <optional>
 
 struct ArchiveConnue;
 
@@ -42,6 +44,14 @@ public:
     QString CheminAvantSecours;
     /// The path that the user knows the document by: its own, else the one above; empty for a category never saved.
     const QString& CheminConnu() const { return CheminReel().isEmpty() ? CheminAvantSecours : CheminReel(); }
+
+    /// The file at CheminConnu as it was when it was read, written or chosen by the user, whichever was last; one that
+    /// was not there is none. Nothing while it was none of these.
+    std::optional<TraceDeFichier> FichierVu;
+    /// Takes the file at CheminReel, as it stands now, for the one that the next save may replace without a question.
+    void RegarderFichier();
+    /// Whether another file than that stands at `chemin`, which names it, or the same one that was changed since.
+    bool FichierEstUnAutre(const QString& chemin) const;
 
     /// Writes the text into TmpFolder and rebuilds the archive at CheminReel from the whole folder. Nothing is touched
     /// when there are no columns; also, with the old archive left alone, when the text could not be written or the old

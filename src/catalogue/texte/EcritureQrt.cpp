@@ -175,6 +175,7 @@ IssueEcriture Categorie::Ecrire(bool selection)
     const bool bon = AvecMemoire([&] { return EcrireArchive(*this, *noms, std::move(origine), place); }, false);
     if (place.EstPerdue())
         return rien; // the file that stands there is another program's, and whole: what is here is still to be saved
+    RegarderFichier();
     m_garder = !bon;
     AForcer = bon ? CheminReel() : QString();
     return bon ? IssueEcriture::Entiere : IssueEcriture::Incomplete;
@@ -226,6 +227,7 @@ bool EcrireFichier14(Categorie& doc, bool selection)
         TransmettreDroits(fichier.handle(), *ancien);
     if (!EcrireTexte14(doc, selection, fichier) || !fichier.commit())
         return false;
+    doc.RegarderFichier();
     doc.AForcer = doc.CheminReel();
     return true;
 }

@@ -172,6 +172,7 @@ TEST_F(Disparition, AlsoAfterASaveThatDidNotComeAbout)
     doc.SetCheminReel(ailleurs.Fichier("pas/ici.qrt"));
     EXPECT_TRUE(Enregistrer()) << "as an archive that could not be written counts";
     doc.SetCheminReel(chemin);
+    doc.RegarderFichier();
     EXPECT_TRUE(Enregistrer());
     EXPECT_FALSE(Archives().contains("image3.jpg"));
 }

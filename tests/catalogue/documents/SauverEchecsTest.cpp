@@ -186,6 +186,7 @@ TEST_F(SauvegardeManquee, ThroughALinkTheFileThatItNamesIsWrittenInBothForms)
     for (const char* forme : {"2", "1"}) {
         for (const QString& vers : {cible, QStringLiteral("loin/absent.qrt")}) {
             ASSERT_TRUE(QFile::remove(d.doc.CheminReel()) && QFile::link(vers, d.doc.CheminReel()));
+            d.doc.RegarderFichier();
             d.doc.FileType = forme;
             EXPECT_TRUE(Enregistrer(d.doc, false, true));
             EXPECT_FALSE(d.doc.GardeDossier());

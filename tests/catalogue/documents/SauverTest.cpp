@@ -45,6 +45,7 @@ protected:
     {
         const QString chemin = dossier.Ecrire("mes.qrt", "ancien");
         d.doc.SetCheminReel(chemin);
+        d.doc.RegarderFichier();
         d.doc.FileType = type;
         return chemin;
     }
