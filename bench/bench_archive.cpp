@@ -5,7 +5,10 @@
 #include "Mesurer.h"
 
 #include "catalogue/archive/ccZip.h"
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/Categorie.h"
+#include "catalogue/texte/EcritureQrt.h"
+#include "catalogue/texte/ExtraireArchive.h"
+#include "catalogue/texte/LectureQrt.h"
 
 #include <QCoreApplication>
 #include <QDir>

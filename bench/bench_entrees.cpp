@@ -6,7 +6,8 @@
 
 #include "base/Avancement.h"
 #include "catalogue/documents/FenetreDocument.h"
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/Categorie.h"
+#include "catalogue/texte/LectureQrt.h"
 #include "entries/ModeleASupprimer.h"
 #include "entries/OperationsEntrees.h"
 #include "vue/VueDeListe.h"

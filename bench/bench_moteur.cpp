@@ -4,7 +4,9 @@
 // entries shuffled. Files written go to ZELVANE_BENCH_SORTIE, by default /dev/shm.
 #include "Mesurer.h"
 
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/Categorie.h"
+#include "catalogue/texte/EcritureQrt.h"
+#include "catalogue/texte/LectureQrt.h"
 
 #include <QCoreApplication>
 #include <QFile>

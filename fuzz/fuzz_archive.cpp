@@ -3,7 +3,7 @@
 #include "base/AfficherMsg.h"
 #include "catalogue/archive/ccZip.h"
 #include "catalogue/archive/mZipDLLProc.h"
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/TypeFichier.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -4,7 +4,8 @@
 // An input is the text, and behind the byte 0x1E, where there is one, the exact text beside it ("Zelvane.utf8").
 #include "Commun.h"
 
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/Categorie.h"
+#include "catalogue/texte/LectureQrt.h"
 #include "catalogue/texte/TexteExact.h"
 #include "platform/Plateforme.h"
 

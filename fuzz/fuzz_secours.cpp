@@ -9,7 +9,8 @@
 #include "base/Const_Vrac.h"
 #include "catalogue/documents/CopieDeSecours.h"
 #include "catalogue/documents/DossiersLaisses.h"
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/Categorie.h"
+#include "catalogue/texte/LectureQrt.h"
 #include "platform/Plateforme.h"
 #include "support/CadreDeTest.h"
 

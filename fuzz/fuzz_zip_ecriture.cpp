@@ -6,7 +6,9 @@
 #include "Commun.h"
 
 #include "catalogue/archive/ccZip.h"
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/Categorie.h"
+#include "catalogue/texte/EcritureQrt.h"
+#include "catalogue/texte/ExtraireArchive.h"
 #include "platform/Plateforme.h"
 
 #include <QCoreApplication>

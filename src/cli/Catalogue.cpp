@@ -4,7 +4,6 @@
 #include "base/Const_Vrac.h"
 #include "base/DossiersDeCommande.h"
 #include "catalogue/documents/ChargerCatalogue.h"
-#include "catalogue/texte/FichierQrt.h"
 #include "extensions/langue/modLang.h"
 
 CatalogueOuvert::CatalogueOuvert()

@@ -1,7 +1,7 @@
 // The columns of a category that is being defined: titles in order, the one in hand, and which one is dependant.
 #pragma once
 
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/LectureQrt.h"
 
 #include <QString>
 #include <QStringList>

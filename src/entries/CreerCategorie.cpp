@@ -2,7 +2,8 @@
 
 #include "catalogue/documents/FenetreDocument.h"
 #include "catalogue/documents/NouveauDocument.h"
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/Categorie.h"
+#include "catalogue/texte/LectureQrt.h"
 #include "extensions/langue/modLang.h"
 
 using namespace Qt::StringLiterals;

@@ -3,7 +3,6 @@
 #include "base/Const_Vrac.h"
 #include "base/Options.h"
 #include "catalogue/documents/Sauver.h"
-#include "catalogue/texte/FichierQrt.h"
 #include "catalogue/texte/TriDeTable.h"
 #include "extensions/langue/LangForm.h"
 #include "extensions/langue/modLang.h"

@@ -15,7 +15,7 @@
 #include "catalogue/documents/DossiersLaisses.h"
 #include "catalogue/documents/OuvrirFichiersQrt.h"
 #include "catalogue/documents/Sauver.h"
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/Categorie.h"
 #include "extensions/langue/modLang.h"
 #include "platform/Plateforme.h"
 #include "support/CadreDeTest.h"

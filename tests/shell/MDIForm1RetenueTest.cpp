@@ -1,7 +1,7 @@
 // What the frame does while a file is being replaced: nothing that opens, closes or changes a document.
 #include "CadreEnFenetre.h"
 
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/EcritureQrt.h"
 #include "platform/Retenue.h"
 #include "shell/BarreOutils.h"
 

@@ -1,6 +1,6 @@
 #include "support/TableDeTest.h"
 
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/LectureQrt.h"
 #include "platform/PageDeCode.h"
 
 void MettreColonnes(MyLV& table, const QStringList& titres)

@@ -12,7 +12,6 @@
 #include <optional>
 
 class PlaceDuFichier;
-class Categorie;
 
 /// What archive operations return, with the numbers of Info-ZIP. From 2 on the operation has failed.
 enum ResultatZip {
@@ -106,8 +105,3 @@ private:
     QString m_nom;
     QString m_infos;
 };
-
-/// Extracts CheminReel into TmpFolder, asking for a password where one is needed, and first of all when it would become
-/// unusually large ("msgVolume"). Entries that cannot keep their names are told ("msgNoms"). Shows "msg51" or "msg52",
-/// clears the table and returns false when that fails; after a no to the size without another message.
-bool ExtraireArchive(Categorie& doc);

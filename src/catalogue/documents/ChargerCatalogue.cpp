@@ -2,7 +2,10 @@
 
 #include "base/AfficherMsg.h"
 #include "catalogue/archive/ccZip.h"
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/Categorie.h"
+#include "catalogue/texte/ExtraireArchive.h"
+#include "catalogue/texte/LectureQrt.h"
+#include "catalogue/texte/TypeFichier.h"
 #include "extensions/langue/modLang.h"
 #include "platform/Presence.h"
 

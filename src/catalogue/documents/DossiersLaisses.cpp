@@ -7,7 +7,9 @@
 #include "catalogue/documents/CopieDeSecours.h"
 #include "catalogue/documents/NouveauDocument.h"
 #include "catalogue/documents/OuvrirFichiersQrt.h"
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/Categorie.h"
+#include "catalogue/texte/LectureQrt.h"
+#include "catalogue/texte/TypeFichier.h"
 #include "extensions/langue/modLang.h"
 #include "kit/ManqueDeMemoire.h"
 

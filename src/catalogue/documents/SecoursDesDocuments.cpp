@@ -3,7 +3,7 @@
 #include "base/Const_Vrac.h"
 #include "catalogue/documents/Cadre.h"
 #include "catalogue/documents/Sauver.h"
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/Categorie.h"
 
 #include <deque>
 #include <utility>

@@ -1,5 +1,4 @@
-// Writing a document: the text, its exact form where the code page is too small, and the archive.
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/EcritureQrt.h"
 
 #include "base/AfficherMsg.h"
 #include "base/Const_Vrac.h"
@@ -8,6 +7,7 @@
 #include "catalogue/archive/FichierDuDossier.h"
 #include "catalogue/archive/PlaceDuFichier.h"
 #include "catalogue/archive/ccZip.h"
+#include "catalogue/texte/Categorie.h"
 #include "catalogue/texte/TexteExact.h"
 #include "catalogue/texte/TexteQrt.h"
 #include "extensions/langue/modLang.h"

@@ -1,3 +1,5 @@
+#include "catalogue/texte/ExtraireArchive.h"
+
 #include "base/AfficherMsg.h"
 #include "catalogue/archive/VolumeDArchive.h"
 #include "catalogue/archive/ccZip.h"

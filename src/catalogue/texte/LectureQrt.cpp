@@ -1,10 +1,10 @@
-// Reading the catalogue text into the table.
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/LectureQrt.h"
 
 #include "base/AfficherMsg.h"
 #include "base/Const_Vrac.h"
 #include "base/Nombres.h"
 #include "base/NomsDuDossier.h"
+#include "catalogue/texte/Categorie.h"
 #include "catalogue/texte/TexteExact.h"
 #include "extensions/langue/modLang.h"
 #include "platform/PageDeCode.h"

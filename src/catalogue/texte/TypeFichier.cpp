@@ -1,5 +1,4 @@
-// Telling the forms of a catalogue file apart by its first bytes.
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/TypeFichier.h"
 
 #include "base/AfficherMsg.h"
 #include "catalogue/archive/ccZip.h"

@@ -2,7 +2,8 @@
 #include "catalogue/archive/FichierDuDossier.h"
 
 #include "catalogue/documents/Commentaires.h"
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/EcritureQrt.h"
+#include "catalogue/texte/LectureQrt.h"
 #include "support/ArchiveDeTest.h"
 #include "support/FileDeReponses.h"
 #include "support/TableDeTest.h"

@@ -1,6 +1,7 @@
 #include "catalogue/archive/VolumeDArchive.h"
 
 #include "catalogue/archive/ccZip.h"
+#include "catalogue/texte/ExtraireArchive.h"
 #include "support/ArchiveDeTest.h"
 #include "support/FileDeReponses.h"
 #include "support/Impression.h"

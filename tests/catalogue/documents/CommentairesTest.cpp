@@ -1,7 +1,8 @@
 #include "catalogue/documents/Commentaires.h"
 
 #include "base/ActesDuDossier.h"
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/EcritureQrt.h"
+#include "catalogue/texte/LectureQrt.h"
 #include "catalogue/texte/TexteExact.h"
 #include "support/ArchiveDeTest.h"
 #include "support/Impression.h"

@@ -1,7 +1,8 @@
 #include "catalogue/documents/CopieDeSecours.h"
 
 #include "base/Const_Vrac.h"
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/Categorie.h"
+#include "catalogue/texte/LectureQrt.h"
 #include "support/ArchiveDeTest.h"
 #include "support/Impression.h"
 #include "support/PlateformeDeTest.h"

@@ -4,7 +4,7 @@
 #include "catalogue/documents/Commentaires.h"
 #include "catalogue/documents/CopieDeSecours.h"
 #include "catalogue/documents/Sauver.h"
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/Categorie.h"
 #include "support/ArchiveDeTest.h"
 #include "support/CadreDeTest.h"
 #include "support/FileDeFichiers.h"

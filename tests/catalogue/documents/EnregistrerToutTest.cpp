@@ -1,6 +1,6 @@
 #include "base/Const_Vrac.h"
 #include "catalogue/documents/Sauver.h"
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/TypeFichier.h"
 #include "support/CadreDeTest.h"
 #include "support/FileDeFichiers.h"
 #include "support/FileDeReponses.h"

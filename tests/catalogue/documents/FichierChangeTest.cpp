@@ -5,7 +5,7 @@
 #include "catalogue/documents/CopieDeSecours.h"
 #include "catalogue/documents/DossiersLaisses.h"
 #include "catalogue/documents/Sauver.h"
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/Categorie.h"
 #include "support/CadreDeTest.h"
 #include "support/FileDeFichiers.h"
 #include "support/FileDeReponses.h"

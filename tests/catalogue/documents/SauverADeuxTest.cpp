@@ -3,7 +3,10 @@
 
 #include "catalogue/archive/ccZip.h"
 #include "catalogue/documents/SecoursDesDocuments.h"
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/Categorie.h"
+#include "catalogue/texte/EcritureQrt.h"
+#include "catalogue/texte/ExtraireArchive.h"
+#include "catalogue/texte/LectureQrt.h"
 #include "platform/Retenue.h"
 #include "platform/SignauxDeFin.h"
 #include "support/ArchiveDeTest.h"

@@ -5,7 +5,7 @@
 #include "base/Options.h"
 #include "catalogue/archive/ccZip.h"
 #include "catalogue/documents/Commentaires.h"
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/TypeFichier.h"
 #include "support/ArchiveDeTest.h"
 #include "support/FileDeFichiers.h"
 #include "support/FileDeReponses.h"

@@ -2,7 +2,8 @@
 
 #include "base/Const_Vrac.h"
 #include "base/Options.h"
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/Categorie.h"
+#include "catalogue/texte/TypeFichier.h"
 #include "extensions/langue/modLang.h"
 #include "platform/Plateforme.h"
 #include "support/FileDeFichiers.h"

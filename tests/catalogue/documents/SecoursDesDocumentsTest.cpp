@@ -2,7 +2,8 @@
 
 #include "base/Const_Vrac.h"
 #include "catalogue/documents/Sauver.h"
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/Categorie.h"
+#include "catalogue/texte/LectureQrt.h"
 #include "support/ArchiveDeTest.h"
 #include "support/CadreDeTest.h"
 #include "support/FileDeReponses.h"

@@ -1,5 +1,7 @@
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/EcritureQrt.h"
 
+#include "catalogue/texte/Categorie.h"
+#include "catalogue/texte/LectureQrt.h"
 #include "catalogue/texte/TexteExact.h"
 #include "catalogue/texte/TexteQrt.h"
 #include "platform/PageDeCode.h"

@@ -1,5 +1,4 @@
 // The samples stand in the order and form in which the engine writes them: opened and saved, they do not change.
-#include "catalogue/texte/FichierQrt.h"
 #include "catalogue/texte/TexteQrt.h"
 #include "support/FileDeReponses.h"
 #include "support/TableDeTest.h"

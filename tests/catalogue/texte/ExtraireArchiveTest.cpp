@@ -1,3 +1,5 @@
+#include "catalogue/texte/ExtraireArchive.h"
+
 #include "catalogue/archive/ccZip.h"
 #include "catalogue/archive/mZipDLLProc.h"
 #include "support/ArchiveDeTest.h"

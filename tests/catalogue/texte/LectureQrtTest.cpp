@@ -1,4 +1,4 @@
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/LectureQrt.h"
 
 #include "platform/PageDeCode.h"
 #include "support/FileDeReponses.h"

@@ -1,4 +1,5 @@
-#include "catalogue/texte/FichierQrt.h"
+#include "catalogue/texte/TypeFichier.h"
+
 #include "support/ArchiveDeTest.h"
 #include "support/DossierDeTest.h"
 #include "support/FileDeReponses.h"

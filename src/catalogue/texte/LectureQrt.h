@@ -1,0 +1,22 @@
+// Reads the text of a catalogue into its table.
+#pragma once
+
+#include <QByteArrayView>
+#include <QString>
+
+class QrtClass;
+
+/// The text behind the first "="; all of the line when it has none.
+QString ValeurLigne(const QString& ligne);
+
+/// Title of the loan column, "Prêté": the reader adds it where it is missing, and of several the last one is it.
+QString TitrePrete();
+
+/// Fills the table from "Zelvane.qrt" in TmpFolder. A malformed value leaves what was there; a file that is none is
+/// told ("msg50") and leaves an empty table. Sets IndexColPrete and dependantcol, and IlFautSauver when it had to add
+/// the loan column.
+void ChargerFichier(QrtClass& doc);
+/// The same, without a message: false when the text is none, and what the table then holds means nothing.
+bool ChargerDossier(QrtClass& doc);
+/// The same, with a text in UTF-8 in place of the folder's.
+bool ChargerTexteExact(QrtClass& doc, QByteArrayView utf8);
