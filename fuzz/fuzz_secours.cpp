@@ -11,6 +11,7 @@
 #include "catalogue/documents/DossiersLaisses.h"
 #include "catalogue/texte/Categorie.h"
 #include "catalogue/texte/LectureQrt.h"
+#include "platform/NomsSysteme.h"
 #include "platform/Plateforme.h"
 #include "support/CadreDeTest.h"
 
@@ -121,7 +122,8 @@ void Recopier(const Categorie& doc, const QString& nom)
     const QString fichier = FichierDeSecours(doc.TmpFolder);
     const std::optional<IdentiteDeSecours> identite = LireIdentite(fichier);
     Verifier(identite && identite->texte, "a copy that was written is none");
-    Verifier(identite->nom == nom && identite->chemin == doc.CheminConnu() && identite->type == doc.FileType,
+    Verifier(identite->nom == nom && OctetsDuChemin(identite->chemin) == OctetsDuChemin(doc.CheminConnu()) &&
+                 identite->type == doc.FileType,
              "a copy tells of another document");
     Verifier(identite->processus == QCoreApplication::applicationPid(), "a copy tells of another process");
     Verifier(identite->base == EmpreinteDuTexte(doc.TmpFolder), "a copy continues another text");

@@ -3,16 +3,19 @@
 #include "kit/DialoguesEnFenetre.h"
 #include "kit/MessagesEnFenetre.h"
 #include "kit/RepriseDuFocus.h"
+#include "platform/NomsSysteme.h"
 #include "platform/Plateforme.h"
+#include "platform/Presence.h"
 #include "platform/ProgrammesBureau.h"
 #include "platform/RendezvousLocal.h"
 #include "shell/EtapesEnFenetres.h"
 
 #include <QApplication>
-#include <QFileInfo>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
+
+#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -20,11 +23,13 @@ namespace {
 
 /// The shell has split the line at its blanks; a path keeps them. A path below the current folder is made whole: the
 /// list of recent files outlives the folder.
-QString LigneDeCommande(const QStringList& arguments)
+QString LigneDeCommande(std::span<char* const> arguments)
 {
-    const QString ligne = arguments.mid(1).join(u' ');
-    const QFileInfo fichier(ligne);
-    return !ligne.isEmpty() && fichier.isRelative() && fichier.exists() ? fichier.absoluteFilePath() : ligne;
+    QByteArrayList mots;
+    for (const char* mot : arguments)
+        mots.append(mot);
+    const QString ligne = CheminDesOctets(mots.join(' '));
+    return !ligne.isEmpty() && !ligne.startsWith(u'/') && PeutExister(ligne) ? CheminAbsolu(ligne) : ligne;
 }
 
 } // namespace
@@ -55,7 +60,7 @@ int main(int argc, char** argv)
     const RepriseDuFocus reprise;
     const DialoguesDansLEcran dansLEcran;
     EtapesEnFenetres etapes;
-    if (Main(LigneDeCommande(QApplication::arguments()), etapes) == SuiteDemarrage::Finir)
+    if (Main(LigneDeCommande(std::span(argv, static_cast<size_t>(argc)).subspan(1)), etapes) == SuiteDemarrage::Finir)
         return 0;
     return QApplication::exec();
 }

@@ -1,7 +1,8 @@
 #include "base/ActesDuDossier.h"
 
+#include "platform/NomsSysteme.h"
+
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 namespace {
@@ -20,7 +21,7 @@ QString CleDe(const QString& dossier)
 void Noter(const QString& fichier, const ActeSurFichier& acte)
 {
     const QFileInfo info(fichier);
-    Actes()[CleDe(info.absolutePath())].insert(QFile::encodeName(info.fileName()), acte);
+    Actes()[CleDe(info.absolutePath())].insert(OctetsDuChemin(info.fileName()), acte);
 }
 
 } // namespace

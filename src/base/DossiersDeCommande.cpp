@@ -2,12 +2,12 @@
 
 #include "base/Const_Vrac.h"
 #include "base/LieuxTemporaires.h"
+#include "platform/NomsSysteme.h"
 #include "platform/Presence.h"
 #include "platform/VerrouDossier.h"
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QSet>
@@ -79,10 +79,10 @@ QString CreerDossierDeCommande()
     QDir().mkpath(TempFolder);
     const QString modele = AjouterSlash(TempFolder) + u"cli-%1-XXXXXX"_s.arg(QCoreApplication::applicationPid());
     for (;;) {
-        QByteArray chemin = QFile::encodeName(modele);
+        QByteArray chemin = OctetsDuChemin(modele);
         if (!mkdtemp(chemin.data()))
             return modele + u'/';
-        const QString dossier = QFile::decodeName(chemin);
+        const QString dossier = CheminDesOctets(chemin);
         std::optional<VerrouDossier> verrou = VerrouDossier::Prendre(dossier);
         // Another start that tidies up may have taken it away before it was held.
         if (!verrou || !PeutExister(dossier))

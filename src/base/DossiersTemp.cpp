@@ -4,6 +4,7 @@
 #include "base/ActesDuDossier.h"
 #include "base/NomsDuDossier.h"
 #include "base/Options.h"
+#include "platform/NomsSysteme.h"
 #include "platform/Plateforme.h"
 #include "platform/Presence.h"
 #include "platform/VerrouDossier.h"
@@ -192,7 +193,7 @@ void SupprimerDossier(const QString& chemin, bool sansRecreer)
         QFile::remove(FichierDeSecours(dossier));
 
     OublierActes(dossier);
-    const fs::path chemin8 = QFile::encodeName(dossier).toStdString();
+    const fs::path chemin8 = OctetsDuChemin(dossier).toStdString();
     std::error_code erreur;
     const fs::file_status etat = fs::symlink_status(chemin8, erreur);
     if (fs::is_symlink(etat))

@@ -1,8 +1,7 @@
 #include "base/NomsDuDossier.h"
 
+#include "platform/NomsSysteme.h"
 #include "platform/PageDeCode.h"
-
-#include <QFile>
 
 #include <filesystem>
 #include <system_error>
@@ -15,7 +14,7 @@ template<class Choix> std::optional<QStringList> Noms(const QString& dossier, Ch
 {
     QStringList noms;
     std::error_code erreur;
-    for (fs::directory_iterator it(QFile::encodeName(dossier).toStdString(), erreur), fin; !erreur && it != fin;
+    for (fs::directory_iterator it(OctetsDuChemin(dossier).toStdString(), erreur), fin; !erreur && it != fin;
          it.increment(erreur)) {
         if (choix(*it))
             noms.append(PageDeCode::DeUtf8(it->path().filename().native()));

@@ -1,6 +1,7 @@
 #include "base/TraceDeFichier.h"
 
-#include <QFile>
+#include "platform/NomsSysteme.h"
+
 #include <QList>
 
 #include <sys/stat.h>
@@ -9,7 +10,7 @@ TraceDeFichier TraceDe(const QString& chemin)
 {
     constexpr int64_t parSeconde = 1'000'000'000;
     struct stat etat;
-    if (stat(QFile::encodeName(chemin).constData(), &etat) != 0 || !S_ISREG(etat.st_mode))
+    if (stat(OctetsDuChemin(chemin).constData(), &etat) != 0 || !S_ISREG(etat.st_mode))
         return {};
     return {etat.st_dev, etat.st_ino, static_cast<uint64_t>(etat.st_size),
             static_cast<int64_t>(etat.st_mtim.tv_sec) * parSeconde + etat.st_mtim.tv_nsec};

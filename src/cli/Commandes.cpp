@@ -13,10 +13,10 @@
 #include "cli/Console.h"
 #include "cli/Json.h"
 #include "extensions/langue/modLang.h"
+#include "platform/NomsSysteme.h"
 #include "platform/Presence.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 #include <algorithm>
 #include <cstdio>
@@ -165,8 +165,8 @@ Statut ExecuterList(const LigneDeCommande& ligne)
 /// A folder beside the file to be written, in which it is made: renaming it there replaces the old one at once.
 QString DossierVoisin(const QString& chemin)
 {
-    QByteArray nom = QFile::encodeName(QFileInfo(chemin).absolutePath() + u"/.zelvane-XXXXXX"_s);
-    return mkdtemp(nom.data()) ? QFile::decodeName(nom) + u'/' : QString();
+    QByteArray nom = OctetsDuChemin(DossierDuChemin(chemin) + u"/.zelvane-XXXXXX"_s);
+    return mkdtemp(nom.data()) ? CheminDesOctets(nom) + u'/' : QString();
 }
 
 bool EcrireDans(Categorie& doc, const QString& chemin, FormeFichier forme)
@@ -179,8 +179,8 @@ bool EcrireDans(Categorie& doc, const QString& chemin, FormeFichier forme)
 /// Gives the new file what the one that it replaces has: its owner and who may read it.
 void HeriterDroits(const QString& neuf, const struct stat& ancien)
 {
-    QFile fichier(neuf);
-    if (fichier.open(QIODevice::ReadWrite))
+    QFile fichier;
+    if (OuvrirParChemin(fichier, neuf, QIODevice::ReadWrite | QIODevice::ExistingOnly))
         TransmettreDroits(fichier.handle(), ancien);
 }
 
@@ -188,7 +188,7 @@ void HeriterDroits(const QString& neuf, const struct stat& ancien)
 bool Remplacer(Categorie& doc, const QString& sortie, FormeFichier forme)
 {
     // Through a link the file that it names is replaced, not the link; what is no file is never replaced.
-    const QString destination = CibleDesLiens(QFileInfo(sortie).absoluteFilePath());
+    const QString destination = CibleDesLiens(CheminAbsolu(sortie));
     PlaceDuFichier place(destination);
     if (!place.Prendre() || (place.Ancien() && !S_ISREG(place.Ancien()->st_mode)))
         return false;
@@ -199,9 +199,9 @@ bool Remplacer(Categorie& doc, const QString& sortie, FormeFichier forme)
     bool fait = EcrireDans(doc, neuf, forme);
     if (fait && place.Ancien())
         HeriterDroits(neuf, *place.Ancien());
-    fait = fait && std::rename(QFile::encodeName(neuf).constData(), QFile::encodeName(destination).constData()) == 0;
+    fait = fait && RenommerParChemin(neuf, destination);
     if (!fait)
-        QFile::remove(neuf); // by its name: a disk with errors may not list it any more
+        SupprimerParChemin(neuf); // by its name: a disk with errors may not list it any more
     return fait;
 }
 
@@ -210,7 +210,7 @@ Statut ExecuterConvert(const LigneDeCommande& ligne)
     const QString& sortie = ligne.arguments[1];
     const FormeFichier forme = ligne.Valeur(u"format"_s) == u"1.4" ? TexteSeul : Archive;
     const bool force = ligne.A(u"force"_s);
-    if ((PeutExister(sortie) || QFileInfo(sortie).isSymLink()) && !force) {
+    if ((PeutExister(sortie) || EstLien(sortie)) && !force) {
         AfficherMsg(LangMsg(u"msg59"_s, u"Le fichier existe deja, voulez-vous le remplacer?"_s), MsgOuiNonAnnuler,
                     sortie);
         return Echec;

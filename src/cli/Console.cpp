@@ -1,5 +1,6 @@
 #include "cli/Console.h"
 
+#include "platform/NomsSysteme.h"
 #include "platform/PageDeCode.h"
 
 #include <QFile>
@@ -63,8 +64,8 @@ Console::~Console()
 
 bool Console::LireMotDePasse(const QString& fichier)
 {
-    QFile source(fichier);
-    if (!source.open(QIODevice::ReadOnly))
+    QFile source;
+    if (!OuvrirParChemin(source, fichier, QIODevice::ReadOnly))
         return false;
     m_motDePasse = PremiereLigne(source.readLine(4096));
     return true;

@@ -1,6 +1,7 @@
 #include "cli/Menage.h"
 
-#include <QFile>
+#include "platform/NomsSysteme.h"
+
 #include <QStringList>
 
 #include <csignal>
@@ -23,12 +24,11 @@ void SupprimerSousVerrou(const QString& dossier)
     const QString sansBarre = dossier.endsWith(u'/') ? dossier.chopped(1) : dossier;
     const QString ecarte = sansBarre + QStringLiteral(".fin");
     // An empty one needs no list of what it holds.
-    if (rmdir(QFile::encodeName(sansBarre).constData()) == 0)
+    if (rmdir(OctetsDuChemin(sansBarre).constData()) == 0)
         return;
-    const bool renomme =
-        std::rename(QFile::encodeName(sansBarre).constData(), QFile::encodeName(ecarte).constData()) == 0;
+    const bool renomme = std::rename(OctetsDuChemin(sansBarre).constData(), OctetsDuChemin(ecarte).constData()) == 0;
     std::error_code erreur;
-    std::filesystem::remove_all(QFile::encodeName(renomme ? ecarte : sansBarre).constData(), erreur);
+    std::filesystem::remove_all(OctetsDuChemin(renomme ? ecarte : sansBarre).constData(), erreur);
 }
 
 [[noreturn]] void Attendre(sigset_t signaux)

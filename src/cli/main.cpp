@@ -7,6 +7,7 @@
 #include "cli/Menage.h"
 #include "extensions/langue/modLang.h"
 #include "kit/ManqueDeMemoire.h"
+#include "platform/NomsSysteme.h"
 #include "platform/Plateforme.h"
 
 #include <QCoreApplication>
@@ -14,6 +15,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <new>
+#include <span>
 #include <system_error>
 
 using namespace Qt::StringLiterals;
@@ -107,7 +109,10 @@ int main(int argc, char** argv)
 try {
     GuetterLesInterruptions();
     const QCoreApplication application(argc, argv);
-    return Executer(QCoreApplication::arguments().mid(1));
+    QStringList mots;
+    for (const char* mot : std::span(argv, static_cast<size_t>(argc)).subspan(1))
+        mots.append(CheminDesOctets(mot));
+    return Executer(mots);
 } catch (const std::bad_alloc&) {
     return DireManqueHorsCommande();
 } catch (const std::system_error&) { // a thread, for which there is no memory

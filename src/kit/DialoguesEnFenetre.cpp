@@ -1,6 +1,7 @@
 #include "kit/DialoguesEnFenetre.h"
 
 #include "kit/FenetreDessous.h"
+#include "platform/NomsSysteme.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -32,11 +33,11 @@ void Partir(QFileDialog& dialogue, const QString& depart)
     if (depart.isEmpty())
         return;
     const QFileInfo lieu(depart);
-    if (lieu.isDir()) {
+    if (EstDossier(depart)) {
         dialogue.setDirectory(depart);
         return;
     }
-    if (lieu.dir().exists())
+    if (EstDossier(lieu.path()))
         dialogue.setDirectory(lieu.path());
     if (!lieu.fileName().isEmpty())
         dialogue.selectFile(lieu.fileName());
@@ -80,7 +81,9 @@ std::optional<ReponseFichier> Demander(QFileDialog& dialogue, const DemandeFichi
     Partir(dialogue, demande.depart);
     if (dialogue.exec() != QDialog::Accepted)
         return std::nullopt;
-    return ReponseFichier{dialogue.selectedFiles(), TypeChoisi(dialogue, demande)};
+    QStringList choisis = dialogue.selectedFiles();
+    std::ranges::transform(choisis, choisis.begin(), RetrouverChemin);
+    return ReponseFichier{choisis, TypeChoisi(dialogue, demande)};
 }
 
 } // namespace

@@ -1,22 +1,20 @@
 #include "platform/Attributs.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include "platform/NomsSysteme.h"
+
+#include <sys/stat.h>
 
 bool AttributsDisque::EstLectureSeule(const QString& chemin) const
 {
-    const QFileInfo fichier(chemin);
-    return fichier.exists() && !fichier.permission(QFileDevice::WriteOwner);
+    const auto etat = EtatDuChemin(chemin);
+    return etat && (etat->st_mode & S_IWUSR) == 0;
 }
 
 bool AttributsDisque::MettreLectureSeule(const QString& chemin, bool lectureSeule)
 {
-    const QFileInfo fichier(chemin);
-    if (!fichier.exists())
+    const auto etat = EtatDuChemin(chemin);
+    if (!etat)
         return false;
-    // The flags of the current user only repeat what one of the three groups says; written back they would add to it.
-    constexpr auto utilisateur = QFileDevice::ReadUser | QFileDevice::WriteUser | QFileDevice::ExeUser;
-    QFileDevice::Permissions permissions = fichier.permissions() & ~utilisateur;
-    permissions.setFlag(QFileDevice::WriteOwner, !lectureSeule);
-    return QFile::setPermissions(chemin, permissions);
+    const mode_t droits = etat->st_mode & mode_t(~S_IFMT & ~S_IWUSR);
+    return chmod(OctetsDuChemin(chemin).constData(), lectureSeule ? droits : droits | S_IWUSR) == 0;
 }

@@ -1,6 +1,7 @@
 #include "platform/FichiersIni.h"
 
 #include "platform/Attributs.h"
+#include "platform/NomsSysteme.h"
 #include "platform/Plateforme.h"
 #include "platform/Presence.h"
 #include "platform/TexteIni.h"
@@ -81,7 +82,7 @@ std::optional<FichiersIni::Empreinte> FichiersIniDisque::Regarder(const QString&
     struct stat etat
     {
     };
-    if (stat(QFile::encodeName(chemin).constData(), &etat) != 0)
+    if (stat(OctetsDuChemin(chemin).constData(), &etat) != 0)
         return std::nullopt;
     const qint64 modifie = Nanosecondes(etat.st_mtim);
     const qint64 change = Nanosecondes(etat.st_ctim);

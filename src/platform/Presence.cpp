@@ -1,6 +1,6 @@
 #include "platform/Presence.h"
 
-#include <QFile>
+#include "platform/NomsSysteme.h"
 
 #include <cerrno>
 #include <sys/stat.h>
@@ -8,7 +8,7 @@
 bool PeutExister(const QString& chemin)
 {
     struct stat etat;
-    return stat(QFile::encodeName(chemin).constData(), &etat) == 0 || !EstAbsence(errno);
+    return stat(OctetsDuChemin(chemin).constData(), &etat) == 0 || !EstAbsence(errno);
 }
 
 bool EstAbsence(int erreur)

@@ -1,5 +1,7 @@
 #include "platform/Reglages.h"
 
+#include "platform/NomsSysteme.h"
+
 #include <QFile>
 #include <QSettings>
 #include <QStandardPaths>
@@ -51,6 +53,8 @@ std::optional<QString> ReglagesFichier::Lire(const QString& section, const QStri
     // A line edited by hand with a comma and no quotes comes back as a list.
     if (valeur.typeId() == QMetaType::QStringList)
         return valeur.toStringList().join(QStringLiteral(", "));
+    if (valeur.typeId() == QMetaType::QByteArray)
+        return CheminDesOctets(valeur.toByteArray());
     return valeur.toString();
 }
 
@@ -62,7 +66,8 @@ void ReglagesFichier::Ecrire(const QString& section, const QString& cle, const Q
     const QString chemin = Chemin(section, cle);
     for (const QString& autre : Orthographes(*m_fichier, chemin))
         m_fichier->remove(autre);
-    m_fichier->setValue(chemin, valeur);
+    // The file is UTF-8, which a path need not be.
+    m_fichier->setValue(chemin, AOctetsBruts(valeur) ? QVariant(OctetsDuChemin(valeur)) : QVariant(valeur));
 }
 
 void ReglagesFichier::Deposer()

@@ -1,5 +1,6 @@
 #include "platform/RendezvousLocal.h"
 
+#include "platform/NomsSysteme.h"
 #include "platform/ServeurRendezvous.h"
 #include "platform/VerrouDossier.h"
 
@@ -7,7 +8,6 @@
 #include <QCryptographicHash>
 #include <QDeadlineTimer>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QLocalSocket>
 #include <QThread>
@@ -34,7 +34,7 @@ QString DossierDuTitre(const RendezvousLocal::Lieu& lieu, const QString& titre)
         QString::fromLatin1(QCryptographicHash::hash(cle, QCryptographicHash::Sha1).toHex().left(12));
     const QString dossier = QStringLiteral("%1/zelvane-%2-%3").arg(lieu.dossier).arg(geteuid()).arg(empreinte);
 
-    const QByteArray chemin = QFile::encodeName(dossier);
+    const QByteArray chemin = OctetsDuChemin(dossier);
     mkdir(chemin.constData(), S_IRWXU);
     struct stat etat
     {

@@ -1,8 +1,7 @@
 #include "platform/VerrouDossier.h"
 
+#include "platform/NomsSysteme.h"
 #include "platform/Presence.h"
-
-#include <QFile>
 
 #include <cerrno>
 #include <fcntl.h>
@@ -26,8 +25,7 @@ VerrouDossier& VerrouDossier::operator=(VerrouDossier&& autre) noexcept
 std::optional<VerrouDossier> VerrouDossier::Prendre(const QString& dossier)
 {
     VerrouDossier verrou;
-    verrou.m_descripteur =
-        open(QFile::encodeName(dossier).constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    verrou.m_descripteur = open(OctetsDuChemin(dossier).constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
     verrou.m_tient = verrou.m_descripteur >= 0 && flock(verrou.m_descripteur, LOCK_EX | LOCK_NB) == 0;
     if (verrou.m_descripteur >= 0 && !verrou.m_tient && errno == EWOULDBLOCK)
         return std::nullopt;
@@ -39,7 +37,7 @@ bool VerrouDossier::EstCelui(const QString& dossier) const
     struct stat tenu, la;
     if (fstat(m_descripteur, &tenu) != 0)
         return false;
-    if (lstat(QFile::encodeName(dossier).constData(), &la) != 0)
+    if (lstat(OctetsDuChemin(dossier).constData(), &la) != 0)
         return !EstAbsence(errno) && tenu.st_nlink > 0;
     return tenu.st_dev == la.st_dev && tenu.st_ino == la.st_ino;
 }

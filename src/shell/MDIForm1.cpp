@@ -7,6 +7,7 @@
 #include "extensions/langue/LangForm.h"
 #include "extensions/langue/modLang.h"
 #include "kit/Icones.h"
+#include "platform/NomsSysteme.h"
 #include "shell/IconesDeMenu.h"
 #include "shell/PremierPlan.h"
 #include "shell/Relier.h"
@@ -55,7 +56,7 @@ QStringList FichiersDe(const QMimeData& donnees)
     QStringList chemins;
     for (const QUrl& adresse : donnees.urls()) {
         if (adresse.isLocalFile())
-            chemins.append(adresse.toLocalFile());
+            chemins.append(CheminDesOctets(QByteArray::fromPercentEncoding(adresse.path(QUrl::FullyEncoded).toUtf8())));
     }
     return chemins;
 }

@@ -67,6 +67,17 @@ TEST(Architecture, QtCoreHeadersAreWhereTheyAreLookedFor)
     EXPECT_FALSE(QFile::exists(LesSources().enTetesQtCore + "/QColor"));
 }
 
+TEST(Architecture, NamesOfFilesAreSpelledInOnePlace)
+{
+    static const QRegularExpression deQt(R"(\bQFile::(en|de)codeName\b)");
+    QStringList fautes;
+    for (const QString& fichier : FichiersDe(LesSources())) {
+        if (QString::fromUtf8(Lire(LesSources().racine + u'/' + fichier)).contains(deQt))
+            fautes.append(fichier);
+    }
+    EXPECT_EQ(EnLignes(fautes), "") << "names may be any bytes: see platform/NomsSysteme.h";
+}
+
 TEST(Architecture, FilesStayShortEnoughToRead)
 {
     constexpr int lignesAuPlus = 600;

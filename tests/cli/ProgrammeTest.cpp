@@ -1,5 +1,7 @@
 // zelvane-cli as its users run it.
 #include "catalogue/archive/PlaceDuFichier.h"
+#include "catalogue/texte/TypeFichier.h"
+#include "platform/NomsSysteme.h"
 #include "support/ArchiveDeTest.h"
 #include "support/TableDeTest.h"
 
@@ -179,6 +181,24 @@ TEST_F(ZelvaneCli, AFileThatDoesNotExistIsToldByEveryCommand)
         EXPECT_EQ(resultat.erreurs, "msg49: Erreur lors de l'ouverture : le fichier n'existe pas\n");
     }
     EXPECT_FALSE(dossier.Existe("x.qrt"));
+}
+
+TEST_F(ZelvaneCli, NamesMayBeAnyBytes)
+{
+    dossier.Ecrire(CheminDesOctets("\xE9t\xE9.qrt"), Catalogue().Texte());
+    QProcess coquille;
+    coquille.setProcessEnvironment(environnement);
+    coquille.setProgram("/bin/sh");
+    coquille.setArguments({"-ec",
+                           "cd \"$1\"; a=$(printf '\\351t\\351.qrt'); b=$(printf '\\374.qrt'); "
+                           "\"$0\" type \"$a\"; \"$0\" convert \"$a\" \"$b\"; \"$0\" convert \"$a\" \"$b\" --force; "
+                           "\"$0\" type \"$b\"",
+                           ZELVANE_CLI, dossier.Chemin()});
+    coquille.start();
+    ASSERT_TRUE(coquille.waitForFinished());
+    EXPECT_EQ(coquille.readAllStandardOutput(), "1\n2\n");
+    EXPECT_EQ(coquille.readAllStandardError(), "");
+    EXPECT_EQ(TypeFichier(dossier.Fichier(CheminDesOctets("\xFC.qrt"))), 2);
 }
 
 TEST_F(ZelvaneCli, WhatIsNoCatalogueIsRefused)

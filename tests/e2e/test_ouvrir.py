@@ -1,4 +1,5 @@
 """Opening a catalogue from the command line, seen from outside."""
+import os
 import shutil
 import time
 import zipfile
@@ -32,6 +33,16 @@ class OpeningACatalogue(ProgramTest):
         program.close_comments()
 
         self.assertEqual(program.table().titles(), read_catalogue(path)[0])
+
+    def test_a_name_that_is_no_utf8_opens_and_stays_in_the_recent_files(self):
+        path = os.fsdecode(os.fsencode(self.folder()) + b"/mes \xe9t\xe9s.qrt")
+        shutil.copy(EXAMPLES / "bibliotheque.qrt", path)
+        program = self.start(path)
+        program.close_comments()
+        self.assertEqual(program.table().titles(), read_catalogue(path)[0])
+        program.close()
+
+        self.assertIn("\\xe9t\\xe9s.qrt", program.settings()["frecent1"])
 
     def test_a_click_selects_an_entry_and_counts_it(self):
         program = self.start(EXAMPLES / "discotheque.qrt")

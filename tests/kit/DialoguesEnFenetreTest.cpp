@@ -1,5 +1,6 @@
 #include "kit/DialoguesEnFenetre.h"
 
+#include "platform/NomsSysteme.h"
 #include "support/DossierDeTest.h"
 #include "support/GardeModale.h"
 #include "support/Impression.h"
@@ -123,6 +124,18 @@ TEST_F(DialoguesEnFenetreTest, SavingReturnsWhatWasTypedAndAsksNothing)
         ASSERT_TRUE(reponse) << nom.toStdString();
         EXPECT_EQ(reponse->fichiers, QStringList{dossier.Fichier(nom)});
     }
+}
+
+TEST_F(DialoguesEnFenetreTest, AFileWhoseNameTheDialogCannotSpellComesBackByItsBytes)
+{
+    const QString brut = dossier.Ecrire(CheminDesOctets("\xE9t\xE9.qrt"), "x");
+    GardeModale garde([&](QWidget& fenetre) {
+        Nom(fenetre).setText(u"\uFFFDt\uFFFD.qrt"_s);
+        QTest::keyClick(&Nom(fenetre), Qt::Key_Return);
+    });
+    const auto reponse = DialogueEnregistrer(demande);
+    ASSERT_TRUE(reponse);
+    EXPECT_EQ(reponse->fichiers, QStringList{brut});
 }
 
 TEST_F(DialoguesEnFenetreTest, SavingProposesTheFile)

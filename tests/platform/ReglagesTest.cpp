@@ -1,4 +1,6 @@
 #include "platform/Reglages.h"
+
+#include "platform/NomsSysteme.h"
 #include "support/DossierDeTest.h"
 #include "support/Impression.h"
 
@@ -33,6 +35,13 @@ TEST_F(ReglagesFichierTest, KeepsTextsFromRunToRun)
         ReglagesFichier(m_fichier).Ecrire("Options", "k", texte);
         EXPECT_EQ(ReglagesFichier(m_fichier).Lire("Options", "k"), texte);
     }
+}
+
+TEST_F(ReglagesFichierTest, KeepsAPathOfAnyBytes)
+{
+    const QString chemin = CheminDesOctets("/home/\xE9t\xE9, \"1\"/\xC3.qrt");
+    ReglagesFichier(m_fichier).Ecrire("Options", "k", chemin);
+    EXPECT_EQ(ReglagesFichier(m_fichier).Lire("Options", "k"), chemin);
 }
 
 TEST_F(ReglagesFichierTest, TakesAKeyInAnyCase)

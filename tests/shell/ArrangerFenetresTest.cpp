@@ -1,6 +1,7 @@
 // The windows in the frame: how they are arranged, and how they come by a drop.
 #include "CadreEnFenetre.h"
 
+#include "platform/NomsSysteme.h"
 #include "shell/ArrangerFenetres.h"
 
 #include <QDropEvent>
@@ -215,13 +216,22 @@ TEST_F(ArrangerFenetresTest, FilesMayBeDroppedAnywhereOnTheFrame)
     EXPECT_EQ(Titres(), QStringList({u"a.qrt"_s, u"b.qrt"_s, u"c.qrt"_s, u"d.qrt"_s}));
 }
 
+TEST_F(ArrangerFenetresTest, AFileWhoseNameIsNoUtf8MayBeDroppedToo)
+{
+    Montrer();
+    const QString chemin = Fichier(CheminDesOctets("\xE9t\xE9.qrt"));
+    Deposer({QUrl::fromEncoded("file://" + OctetsDuChemin(chemin).toPercentEncoding("/"))});
+    ASSERT_EQ(cadre->Documents().size(), 1);
+    EXPECT_EQ(cadre->Documents().front()->myqrt.CheminReel(), chemin);
+}
+
 TEST_F(ArrangerFenetresTest, OneFileAmongThoseDroppedThatFailsDoesNotKeepTheOthersOut)
 {
     Montrer();
     Deposer({QUrl::fromLocalFile(Fichier(u"a.qrt"_s)), QUrl::fromLocalFile(dossier.Ecrire(u"lettre.txt"_s, "Bonjour")),
              QUrl::fromLocalFile(dossier.Chemin()), QUrl::fromLocalFile(Fichier(u"b.qrt"_s))});
     EXPECT_EQ(Titres(), QStringList({u"a.qrt"_s, u"b.qrt"_s}));
-    EXPECT_EQ(reponses.Cles(), QStringList({u"msg50"_s, u"msg49"_s}));
+    EXPECT_EQ(reponses.Cles(), QStringList({u"msg50"_s, u"msgDossier"_s}));
 }
 
 TEST_F(ArrangerFenetresTest, AFileThatIsNoCatalogueIsToldWhenItIsDropped)

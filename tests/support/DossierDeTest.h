@@ -10,6 +10,12 @@
 class DossierDeTest
 {
 public:
+    DossierDeTest() = default;
+    /// Also what has a name that Qt cannot spell goes.
+    ~DossierDeTest();
+    DossierDeTest(const DossierDeTest&) = delete;
+    DossierDeTest& operator=(const DossierDeTest&) = delete;
+
     /// The folder with a trailing separator.
     QString Chemin() const { return m_dossier.path() + u'/'; }
     QString Fichier(const QString& nom) const { return m_dossier.filePath(nom); }

@@ -3,9 +3,8 @@
 #include "base/ActesDuDossier.h"
 #include "catalogue/archive/PlaceDuFichier.h"
 #include "catalogue/archive/ccZipDescripteur.h"
+#include "platform/NomsSysteme.h"
 #include "platform/Presence.h"
-
-#include <QFileInfo>
 
 #include <cstdio>
 #include <fcntl.h>
@@ -16,8 +15,8 @@ using zipinterne::Descripteur;
 
 std::optional<QByteArray> LireFichier(const QString& chemin)
 {
-    QFile fichier(chemin);
-    if (!fichier.open(QIODevice::ReadOnly))
+    QFile fichier;
+    if (!OuvrirParChemin(fichier, chemin, QIODevice::ReadOnly))
         return std::nullopt;
     // What was read before an error is not the file.
     QByteArray octets = fichier.readAll();
@@ -31,12 +30,12 @@ std::optional<QByteArray> LireSIlExiste(const QString& chemin)
 
 bool ForcerFichier(const QString& chemin)
 {
-    const Descripteur fichier(open(QFile::encodeName(chemin).constData(), O_RDONLY | O_CLOEXEC));
+    const Descripteur fichier(open(OctetsDuChemin(chemin).constData(), O_RDONLY | O_CLOEXEC));
     if (!fichier || fsync(fichier.Numero()) != 0)
         return false;
     // Its name too. Not every file system can do that for a folder, or needs it.
-    const Descripteur dossier(open(QFile::encodeName(QFileInfo(CibleDesLiens(chemin)).absolutePath()).constData(),
-                                   O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const Descripteur dossier(
+        open(OctetsDuChemin(DossierDuChemin(CibleDesLiens(chemin))).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (dossier)
         fsync(dossier.Numero());
     return true;
@@ -67,7 +66,7 @@ bool FichierDuDossier::Valider()
         return false;
     m_fichier.close();
     const bool bon =
-        std::rename(QFile::encodeName(m_fichier.fileName()).constData(), QFile::encodeName(m_chemin).constData()) == 0;
+        std::rename(OctetsDuChemin(m_fichier.fileName()).constData(), OctetsDuChemin(m_chemin).constData()) == 0;
     if (bon)
         NoterEcriture(m_chemin);
     else

@@ -1,10 +1,9 @@
 #include "catalogue/archive/PlaceDuFichier.h"
 
+#include "platform/NomsSysteme.h"
 #include "platform/Presence.h"
 
 #include <QDir>
-#include <QFile>
-#include <QFileInfo>
 
 #include <cerrno>
 #include <fcntl.h>
@@ -68,18 +67,17 @@ QString CibleDesLiens(const QString& chemin)
     constexpr int plusLongueChaine = 40; // as the system's own
     QString cible = chemin;
     for (int i = 0; i < plusLongueChaine; ++i) {
-        const QFileInfo info(cible);
-        if (!info.isSymLink())
+        if (!EstLien(cible))
             return cible;
         std::error_code erreur;
         const QString suite =
-            QFile::decodeName(std::filesystem::read_symlink(QFile::encodeName(cible).toStdString(), erreur).c_str());
-        cible = QDir::isAbsolutePath(suite) ? suite : info.absolutePath() + u'/' + suite;
+            CheminDesOctets(std::filesystem::read_symlink(OctetsDuChemin(cible).toStdString(), erreur).c_str());
+        cible = QDir::isAbsolutePath(suite) ? suite : DossierDuChemin(cible) + u'/' + suite;
     }
     return chemin;
 }
 
-PlaceDuFichier::PlaceDuFichier(const QString& chemin) : m_chemin(chemin), m_octets(QFile::encodeName(chemin)) {}
+PlaceDuFichier::PlaceDuFichier(const QString& chemin) : m_chemin(chemin), m_octets(OctetsDuChemin(chemin)) {}
 
 PlaceDuFichier::~PlaceDuFichier()
 {

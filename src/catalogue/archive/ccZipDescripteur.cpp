@@ -1,6 +1,6 @@
 #include "catalogue/archive/ccZipDescripteur.h"
 
-#include <QFile>
+#include "platform/NomsSysteme.h"
 
 #include <cerrno>
 #include <chrono>
@@ -79,7 +79,7 @@ std::optional<EtatFichier> EtatDe(int descripteur)
 std::optional<EtatFichier> EtatDe(const QString& chemin)
 {
     struct stat fichier;
-    return stat(QFile::encodeName(chemin).constData(), &fichier) == 0 ? std::optional(VersEtat(fichier)) : std::nullopt;
+    return stat(OctetsDuChemin(chemin).constData(), &fichier) == 0 ? std::optional(VersEtat(fichier)) : std::nullopt;
 }
 
 bool EstPasse(const EtatFichier& etat)

@@ -4,17 +4,14 @@
 #include "catalogue/archive/ccZipInterne.h"
 
 #include "base/Evenements.h"
+#include "catalogue/archive/FichierProvisoire.h"
 #include "catalogue/archive/PlaceDuFichier.h"
-
+#include "platform/NomsSysteme.h"
 #include "platform/PageDeCode.h"
 #include "platform/Presence.h"
 
 #include <QElapsedTimer>
 #include <QFile>
-#include <QFileInfo>
-#include <QRandomGenerator>
-
-#include <unistd.h>
 
 #include <cstdio>
 
@@ -39,35 +36,6 @@ ResultatZip ResultatEcriture(const zip_error_t& erreur)
         return ZipEcriture;
     }
 }
-
-/// A file beside the archive that goes unless it takes the archive's place.
-class FichierProvisoire
-{
-public:
-    explicit FichierProvisoire(const QString& definitif) : m_definitif(definitif)
-    {
-        const QString hasard = QString::number(QRandomGenerator::system()->generate64(), 36);
-        m_chemin = QFileInfo(definitif).absolutePath() + QStringLiteral("/.zelvane-") + hasard;
-    }
-    ~FichierProvisoire() { QFile::remove(m_chemin); }
-    FichierProvisoire(const FichierProvisoire&) = delete;
-    FichierProvisoire& operator=(const FichierProvisoire&) = delete;
-
-    const QString& Chemin() const { return m_chemin; }
-    /// Has every byte on the disk first: the folder that they came from may be deleted next.
-    ResultatZip Deposer() const
-    {
-        QFile fichier(m_chemin);
-        if (!fichier.open(QIODevice::ReadOnly) || fsync(fichier.handle()) != 0)
-            return ZipEcriture;
-        const QByteArray de = QFile::encodeName(m_chemin);
-        return std::rename(de.constData(), QFile::encodeName(m_definitif).constData()) == 0 ? ZipFait : ZipCreation;
-    }
-
-private:
-    QString m_definitif;
-    QString m_chemin;
-};
 
 /// What the directory of the finished archive must say.
 struct Attendu
@@ -102,7 +70,7 @@ Provenance ProvenanceDe(zip_t* archive, Ajout& ajout, int niveau, const OrigineZ
     constexpr off_t vautLaPeine = off_t(64) << 10;
     constexpr off_t tientEnMemoire = off_t(512) << 20;
     struct stat fichier;
-    if (stat(QFile::encodeName(ajout.fichier).constData(), &fichier) != 0 || !S_ISREG(fichier.st_mode))
+    if (stat(OctetsDuChemin(ajout.fichier).constData(), &fichier) != 0 || !S_ISREG(fichier.st_mode))
         return {nullptr, ZIP_CM_STORE};
     if (niveau == 0 || fichier.st_size == 0)
         return {CreerSourceFichier(archive, ajout, fichier), ZIP_CM_STORE};
@@ -150,9 +118,9 @@ QByteArray OctetsDuCommentaire(const QString& commentaire)
 /// of the file.
 bool PoserCommentaire(const QString& chemin, const QByteArray& octets)
 {
-    QFile fichier(chemin);
-    return fichier.open(QIODevice::ReadWrite) && fichier.seek(fichier.size() - octets.size()) &&
-           fichier.write(octets) == octets.size() && fichier.flush();
+    QFile fichier;
+    return OuvrirParChemin(fichier, chemin, QIODevice::ReadWrite | QIODevice::ExistingOnly) &&
+           fichier.seek(fichier.size() - octets.size()) && fichier.write(octets) == octets.size() && fichier.flush();
 }
 
 /// Lists the archive as it lies on the disk. Sums were taken of the bytes as they were read, and every write was
@@ -167,7 +135,7 @@ bool EstComplet(const QString& chemin, const std::vector<Attendu>& attendus, con
 /// The copy of an old archive.
 Archive OuvrirCopie(const QString& chemin)
 {
-    return Archive(zip_open(QFile::encodeName(chemin).constData(), 0, nullptr));
+    return Archive(zip_open(OctetsDuChemin(chemin).constData(), 0, nullptr));
 }
 
 /// A new archive, which will take about `volume` bytes (0: not known).
@@ -303,10 +271,12 @@ Ecrit Ecrire(const QString& chemin, std::vector<Ajout> ajouts, const FormeArchiv
     // Where the caller has made the place free, what has come there since is somebody else's.
     if (!forme.place && PeutExister(chemin)) {
         const FichierProvisoire provisoire(chemin);
-        if (!QFile::copy(chemin, provisoire.Chemin()))
+        if (!CopierParChemin(chemin, provisoire.Chemin()))
             return {ZipCreation, nullptr};
         const ResultatZip resultat = ecrivain.Completer(provisoire.Chemin(), ajouts);
-        return {resultat == ZipFait ? provisoire.Deposer() : resultat, nullptr};
+        if (resultat != ZipFait)
+            return {resultat, nullptr};
+        return {provisoire.Deposer() ? ZipFait : ZipCreation, nullptr};
     }
     PlaceDuFichier sienne(chemin);
     PlaceDuFichier& place = forme.place ? *forme.place : sienne;

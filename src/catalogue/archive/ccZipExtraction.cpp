@@ -5,9 +5,8 @@
 
 #include "catalogue/archive/NomsTenables.h"
 #include "catalogue/archive/mZipDLLProc.h"
+#include "platform/NomsSysteme.h"
 #include "platform/PageDeCode.h"
-
-#include <QFile>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -76,7 +75,7 @@ private:
     ResultatZip Copier(zip_file_t* source, int sortie, const Choix& choix);
     ResultatZip EchecDeLecture(zip_error_t& erreur, const Choix& choix);
     void Dire(const QString& nom, const QString& quoi) { m_infos += Ligne(nom, quoi); }
-    void Dire(const Choix& choix, const QString& quoi) { Dire(QFile::decodeName(choix.fichier), quoi); }
+    void Dire(const Choix& choix, const QString& quoi) { Dire(CheminDesOctets(choix.fichier), quoi); }
 
     zip_t* m_archive;
     const LimitesExtraction& m_limites;
@@ -95,7 +94,7 @@ private:
 
 ResultatZip Extraction::Vers(const QString& cible, const std::vector<NomLu>& noms, const QString& masque)
 {
-    m_dossier.emplace(open(QFile::encodeName(cible).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    m_dossier.emplace(open(OctetsDuChemin(cible).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!*m_dossier) {
         Dire(cible, QStringLiteral("not a folder"));
         return ZipDisque;
@@ -118,7 +117,7 @@ ResultatZip Extraction::Vers(const QString& cible, const std::vector<NomLu>& nom
 
 void Extraction::Voulus(const QString& cible, const std::vector<Voulu>& voulus)
 {
-    m_dossier.emplace(open(QFile::encodeName(cible).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    m_dossier.emplace(open(OctetsDuChemin(cible).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!*m_dossier)
         return;
     for (const Voulu& voulu : voulus) {
@@ -154,7 +153,7 @@ ResultatZip Extraction::Choisir(const std::vector<NomLu>& noms, const QString& m
             resultat = ZipAvertissement;
             continue;
         }
-        Choix choix{{}, QFile::encodeName(nu)};
+        Choix choix{{}, OctetsDuChemin(nu)};
         if (zip_stat_index(m_archive, i, 0, &choix.etat) != 0)
             return ZipFormat;
         if (!EstPossible(nu, choix.fichier))
@@ -185,11 +184,11 @@ void Extraction::Renommer(const std::vector<std::pair<size_t, QString>>& impossi
     for (const auto& [i, nom] : impossibles) {
         QByteArray& fichier = donnes[nom];
         if (fichier.isEmpty()) {
-            fichier = QFile::encodeName(noms.Donner(nom));
+            fichier = OctetsDuChemin(noms.Donner(nom));
             m_remplaces.append({nom, PageDeCode::DeUtf8(fichier)});
         }
         m_choisis[i].fichier = fichier;
-        Dire(nom, QStringLiteral("not a name for a file, extracted as ") + QFile::decodeName(fichier));
+        Dire(nom, QStringLiteral("not a name for a file, extracted as ") + CheminDesOctets(fichier));
     }
 }
 

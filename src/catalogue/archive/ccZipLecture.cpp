@@ -2,10 +2,10 @@
 #include "catalogue/archive/ccZipInterne.h"
 #include "catalogue/archive/ccZipSourceArchive.h"
 
+#include "platform/NomsSysteme.h"
 #include "platform/PageDeCode.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 #include <fcntl.h>
 
@@ -18,8 +18,8 @@ constexpr QByteArrayView EnTeteLocal("PK\3\4");
 /// An archive cut at its end has lost its directory; its beginning still shows what it was.
 bool CommenceCommeUneArchive(const QString& chemin)
 {
-    QFile fichier(chemin);
-    return fichier.open(QIODevice::ReadOnly) && fichier.read(EnTeteLocal.size()) == EnTeteLocal;
+    QFile fichier;
+    return OuvrirParChemin(fichier, chemin, QIODevice::ReadOnly) && fichier.read(EnTeteLocal.size()) == EnTeteLocal;
 }
 
 /// Opens an archive that the library refuses for its names alone.
@@ -28,7 +28,7 @@ ArchiveOuverte OuvrirRetouchee(const QString& chemin)
     NomsRefuses refuses = ChercherNomsRefuses(chemin);
     if (refuses.entrees.empty())
         return {};
-    Descripteur fichier(open(QFile::encodeName(chemin).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    Descripteur fichier(open(OctetsDuChemin(chemin).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     const std::optional<EtatFichier> etat = fichier ? EtatDe(fichier.Numero()) : std::nullopt;
     if (!etat)
         return {};
@@ -87,10 +87,10 @@ QString Texte(zip_error_t& erreur)
 
 ArchiveOuverte OuvrirArchive(const QString& chemin)
 {
-    if (!QFileInfo(chemin).isFile())
+    if (!EstFichier(chemin))
         return {nullptr, ZipIntrouvable};
     int code = 0;
-    Archive archive(zip_open(QFile::encodeName(chemin).constData(), ZIP_RDONLY, &code));
+    Archive archive(zip_open(OctetsDuChemin(chemin).constData(), ZIP_RDONLY, &code));
     if (archive)
         return {std::move(archive), ZipFait};
     if (code == ZIP_ER_INCONS) {

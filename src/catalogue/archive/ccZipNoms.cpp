@@ -4,7 +4,6 @@
 
 #include "platform/PageDeCode.h"
 
-#include <QFile>
 #include <QStringDecoder>
 
 #include <algorithm>
@@ -32,9 +31,8 @@ std::optional<std::vector<qsizetype>> ChercherZeros(QByteArrayView repertoire, s
 
 std::vector<qsizetype> ZerosDesNoms(const QString& chemin, size_t nombre)
 {
-    QFile fichier(chemin);
     std::vector<qsizetype> zeros;
-    ChercherRepertoire(fichier, [&](const Repertoire& repertoire) {
+    ChercherRepertoire(chemin, [&](const Repertoire& repertoire) {
         std::optional<std::vector<qsizetype>> trouves = ChercherZeros(repertoire.octets, nombre);
         if (trouves)
             zeros = std::move(*trouves);

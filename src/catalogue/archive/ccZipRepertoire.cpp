@@ -1,6 +1,9 @@
 #include "catalogue/archive/ccZipRepertoire.h"
 
 #include "catalogue/archive/ccZipInterne.h"
+#include "platform/NomsSysteme.h"
+
+#include <QFile>
 
 #include <algorithm>
 
@@ -92,11 +95,12 @@ EntreeDeRepertoire LireEntree(QByteArrayView octets)
             octets.sliced(tailleEnTete + nom + extra, commentaire), taille};
 }
 
-void ChercherRepertoire(QFile& fichier, const std::function<bool(const Repertoire&)>& prendre)
+void ChercherRepertoire(const QString& chemin, const std::function<bool(const Repertoire&)>& prendre)
 {
     constexpr qsizetype tailleFin = 22;
     constexpr qint64 plusLongueQueue = 20 + tailleFin + 65535;
-    if (!fichier.open(QIODevice::ReadOnly))
+    QFile fichier;
+    if (!OuvrirParChemin(fichier, chemin, QIODevice::ReadOnly))
         return;
     const qint64 debut = std::max<qint64>(0, fichier.size() - plusLongueQueue);
     const QByteArray queue = LireA(fichier, debut, fichier.size() - debut);
@@ -109,9 +113,8 @@ void ChercherRepertoire(QFile& fichier, const std::function<bool(const Repertoir
 
 NomsRefuses ChercherNomsRefuses(const QString& chemin)
 {
-    QFile fichier(chemin);
     NomsRefuses refuses;
-    ChercherRepertoire(fichier, [&refuses](const Repertoire& repertoire) {
+    ChercherRepertoire(chemin, [&refuses](const Repertoire& repertoire) {
         std::optional<NomsRefuses> trouves = ChercherRefuses(repertoire);
         if (trouves)
             refuses = std::move(*trouves);

@@ -3,7 +3,7 @@
 
 #include <QByteArray>
 #include <QByteArrayView>
-#include <QFile>
+#include <QString>
 
 #include <cstdint>
 #include <functional>
@@ -28,6 +28,6 @@ struct EntreeDeRepertoire
 EntreeDeRepertoire LireEntree(QByteArrayView octets);
 
 /// Opens the archive and offers each directory that an end record announces, the last first, until one is taken.
-void ChercherRepertoire(QFile& fichier, const std::function<bool(const Repertoire&)>& prendre);
+void ChercherRepertoire(const QString& chemin, const std::function<bool(const Repertoire&)>& prendre);
 
 } // namespace zipinterne

@@ -4,8 +4,7 @@
 #include "catalogue/archive/ccZipRelais.h"
 #include "catalogue/archive/ccZipSource.h"
 #include "catalogue/archive/ccZipSourceArchive.h"
-
-#include <QFile>
+#include "platform/NomsSysteme.h"
 
 #include <fcntl.h>
 
@@ -118,7 +117,7 @@ Origine OuvrirOrigine(std::shared_ptr<const ArchiveConnue> connue)
 {
     if (!connue || connue->fichiers.isEmpty())
         return nullptr;
-    Descripteur fichier(open(QFile::encodeName(connue->chemin).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    Descripteur fichier(open(OctetsDuChemin(connue->chemin).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (!fichier || EtatDe(fichier.Numero()) != connue->etat)
         return nullptr;
     auto [archive, lue] =

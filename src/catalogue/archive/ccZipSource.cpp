@@ -1,6 +1,6 @@
 #include "catalogue/archive/ccZipSource.h"
 
-#include <QFile>
+#include "platform/NomsSysteme.h"
 
 #include <fcntl.h>
 
@@ -16,7 +16,7 @@ zip_int64_t SourceFichier::Echec(int erreur)
 
 zip_int64_t SourceFichier::Ouvrir()
 {
-    m_entree = Descripteur(open(QFile::encodeName(m_ajout.fichier).constData(), O_RDONLY | O_CLOEXEC));
+    m_entree = Descripteur(open(OctetsDuChemin(m_ajout.fichier).constData(), O_RDONLY | O_CLOEXEC));
     if (!m_entree || fstat(m_entree.Numero(), &m_fichier) != 0 || !S_ISREG(m_fichier.st_mode))
         return Echec(ZIP_ER_OPEN);
     return 0;

@@ -7,6 +7,7 @@
 #include "catalogue/texte/LectureQrt.h"
 #include "catalogue/texte/TypeFichier.h"
 #include "extensions/langue/modLang.h"
+#include "platform/NomsSysteme.h"
 #include "platform/Presence.h"
 
 #include <QFile>
@@ -28,7 +29,7 @@ void Dire(const Message& message)
 bool CopierTexte(const QString& chemin, const QString& cible)
 {
     std::error_code erreur;
-    std::filesystem::copy_file(QFile::encodeName(chemin).toStdString(), QFile::encodeName(cible).toStdString(),
+    std::filesystem::copy_file(OctetsDuChemin(chemin).toStdString(), OctetsDuChemin(cible).toStdString(),
                                std::filesystem::copy_options::overwrite_existing, erreur);
     if (erreur) {
         Dire(LangMsg(u"msg51"_s, u"Erreur lors de l'ouverture du fichier. Opération annulée"_s));
@@ -50,6 +51,14 @@ std::optional<FormeFichier> FormeDuFichier(const QString& chemin)
 {
     if (!PeutExister(chemin)) {
         MsgFichierAbsent();
+        return std::nullopt;
+    }
+    if (EstDossier(chemin)) {
+        Dire(LangMsg(u"msgDossier"_s, u"Erreur lors de l'ouverture : c'est un dossier, pas un fichier"_s));
+        return std::nullopt;
+    }
+    if (EtatDuChemin(chemin) && !EstFichier(chemin)) {
+        Dire(LangMsg(u"msgTube"_s, u"Erreur lors de l'ouverture : c'est un tube ou un périphérique, pas un fichier"_s));
         return std::nullopt;
     }
     const auto forme = static_cast<FormeFichier>(TypeFichier(chemin));

@@ -13,7 +13,8 @@ enum FormeFichier { PasUnCatalogue = 0, TexteSeul = 1, Archive = 2 };
 /// Tells that there is no such file ("msg49").
 void MsgFichierAbsent();
 
-/// The form of the file. Nothing, with a message, when it does not exist ("msg49") or is no catalogue ("msg50").
+/// The form of the file. Nothing, with a message, when it does not exist ("msg49"), is a folder ("msgDossier") or
+/// anything else that is no file ("msgTube"), or is no catalogue ("msg50").
 std::optional<FormeFichier> FormeDuFichier(const QString& chemin);
 
 /// Sets CheminReel and FileType, brings the file's text, images and comment into TmpFolder and reads the table. False,

@@ -1,6 +1,7 @@
 #include "catalogue/documents/CopieDeSecours.h"
 
 #include "base/Const_Vrac.h"
+#include "platform/NomsSysteme.h"
 #include "platform/PageDeCode.h"
 #include "platform/Presence.h"
 
@@ -34,7 +35,7 @@ std::optional<QByteArray> Entete(const Categorie& doc, const QString& nom, bool 
         return std::nullopt;
     const auto ligne = [](const char* cle, const QByteArray& valeur) { return cle + ('=' + valeur) + "\r\n"; };
     return s_debut + ligne("Nom", nom.toUtf8().toPercentEncoding()) +
-           ligne("Chemin", doc.CheminConnu().toUtf8().toPercentEncoding()) +
+           ligne("Chemin", OctetsDuChemin(doc.CheminConnu()).toPercentEncoding()) +
            ligne("Type", doc.FileType.toUtf8().toPercentEncoding()) +
            ligne("Processus", QByteArray::number(QCoreApplication::applicationPid())) +
            (doc.FichierVu ? ligne("Fichier", VersMot(*doc.FichierVu)) : QByteArray()) + ligne("Base", *base) +
@@ -109,9 +110,9 @@ std::optional<Ouverte> Lire(QFile& fichier)
     const bool texte = valeurs[5] == "1";
     if (texte && !FinitBien(fichier))
         return std::nullopt;
-    return Ouverte{
-        {lisible(valeurs[0]), lisible(valeurs[1]), lisible(valeurs[2]), valeurs[3].toLongLong(), valeurs[4], texte, vu},
-        octets.size() - reste.size()};
+    return Ouverte{{lisible(valeurs[0]), CheminDesOctets(QByteArray::fromPercentEncoding(valeurs[1])),
+                    lisible(valeurs[2]), valeurs[3].toLongLong(), valeurs[4], texte, vu},
+                   octets.size() - reste.size()};
 }
 
 } // namespace
@@ -140,7 +141,7 @@ std::optional<QByteArray> EmpreinteDuTexte(const QString& dossier)
 {
     const QString chemin = dossier + QStringLiteral("Zelvane.qrt");
     struct stat etat;
-    if (stat(QFile::encodeName(chemin).constData(), &etat) != 0)
+    if (stat(OctetsDuChemin(chemin).constData(), &etat) != 0)
         return EstAbsence(errno) ? std::optional(QByteArray()) : std::nullopt;
     if (!S_ISREG(etat.st_mode))
         return QByteArray();

@@ -12,6 +12,7 @@
 #include "catalogue/texte/TypeFichier.h"
 #include "extensions/langue/modLang.h"
 #include "kit/ManqueDeMemoire.h"
+#include "platform/NomsSysteme.h"
 
 #include <QDir>
 #include <QFile>
@@ -113,8 +114,8 @@ bool CopiePlusRecente(const QString& dossier, const IdentiteDeSecours& identite)
 /// Whether the document's file stands. A save that was cut short leaves none, or half of an archive.
 bool EstEnregistree(const IdentiteDeSecours& identite)
 {
-    const QFileInfo fichier(identite.chemin);
-    return fichier.isFile() && (identite.type != u"2" || (fichier.isReadable() && TypeFichier(identite.chemin) == 2));
+    const bool lisible = access(OctetsDuChemin(identite.chemin).constData(), R_OK) == 0;
+    return EstFichier(identite.chemin) && (identite.type != u"2" || (lisible && TypeFichier(identite.chemin) == 2));
 }
 
 DossierLaisse Decrire(const QString& dossier, VerrouDossier verrou)
@@ -186,14 +187,14 @@ bool EstInacheve(const QString& nom)
 bool PrendreFichiers(const QString& de, const QString& vers)
 {
     std::error_code erreur;
-    const fs::path cible = QFile::encodeName(vers).toStdString();
-    for (fs::directory_iterator it(QFile::encodeName(de).toStdString(), erreur), fin; !erreur && it != fin;
+    const fs::path cible = OctetsDuChemin(vers).toStdString();
+    for (fs::directory_iterator it(OctetsDuChemin(de).toStdString(), erreur), fin; !erreur && it != fin;
          it.increment(erreur)) {
         const fs::path nom = it->path().filename();
         const bool fichier = it->is_regular_file(erreur);
         if (erreur && erreur != std::errc::no_such_file_or_directory)
             return false;
-        if (!fichier || EstInacheve(QFile::decodeName(nom.c_str())))
+        if (!fichier || EstInacheve(CheminDesOctets(nom.c_str())))
             continue;
         if (!PrendreFichier(it->path(), cible / nom))
             return false;
@@ -264,8 +265,8 @@ std::optional<Lecture> Remplir(FenetreDocument& fenetre, const DossierLaisse& la
 void Ceder(const DossierLaisse& laisse, const QString& dossier)
 {
     std::error_code erreur;
-    const fs::path de = QFile::encodeName(FichierDeSecours(laisse.dossier)).toStdString();
-    const fs::path vers = QFile::encodeName(FichierDeSecours(dossier)).toStdString();
+    const fs::path de = OctetsDuChemin(FichierDeSecours(laisse.dossier)).toStdString();
+    const fs::path vers = OctetsDuChemin(FichierDeSecours(dossier)).toStdString();
     fs::rename(de, vers, erreur);
     if (erreur && PrendreFichier(de, vers))
         fs::remove(de, erreur);

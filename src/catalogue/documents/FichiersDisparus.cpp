@@ -8,8 +8,8 @@
 #include "catalogue/documents/Commentaires.h"
 #include "catalogue/texte/Categorie.h"
 #include "extensions/langue/modLang.h"
+#include "platform/NomsSysteme.h"
 
-#include <QFile>
 #include <QSet>
 
 #include <algorithm>
@@ -31,7 +31,7 @@ QList<QByteArray> Disparus(const Categorie& doc, const Actes& actes)
         return {};
     QSet<QByteArray> presents;
     for (const QString& nom : *noms)
-        presents.insert(QFile::encodeName(nom));
+        presents.insert(OctetsDuChemin(nom));
     QList<QByteArray> disparus;
     if (doc.Archive) {
         for (auto fichier = doc.Archive->fichiers.keyBegin(); fichier != doc.Archive->fichiers.keyEnd(); ++fichier) {
@@ -63,12 +63,12 @@ bool EstLeDernier(const ArchiveConnue& archive, const QByteArray& nom, const Act
 /// Those that a category is not whole without: pictures of entries, comments, what the program keeps for printing.
 QList<QByteArray> Attendus(const Categorie& doc, const QList<QByteArray>& noms)
 {
-    QSet<QByteArray> attendus{QFile::encodeName(Commentaires::NomDuFichier()), "print.ini", "print.image"};
+    QSet<QByteArray> attendus{OctetsDuChemin(Commentaires::NomDuFichier()), "print.ini", "print.image"};
     if (!noms.isEmpty()) {
         for (int i = 1; i <= doc.ItemsCount(); ++i) {
             const stockage::Cellule image = doc.MyLV->VueEntree(i).Image();
             if (image.taille > 0)
-                attendus.insert(QFile::encodeName(image.Texte()));
+                attendus.insert(OctetsDuChemin(image.Texte()));
         }
     }
     QList<QByteArray> trouves;
@@ -87,7 +87,7 @@ bool EnregistrerSans(const Categorie& doc, const QList<QByteArray>& perdus)
             .Remplacer(u"%1"_s, QString::number(perdus.size()));
     QString liste;
     for (const QByteArray& nom : perdus.first(qMin(auPlus, perdus.size())))
-        liste += u'\n' + QFile::decodeName(nom);
+        liste += u'\n' + CheminDesOctets(nom);
     if (perdus.size() > auPlus)
         liste += u"\n…"_s;
     return AfficherMsg(question + liste, MsgOuiNon, doc.filename()) == RepOui;

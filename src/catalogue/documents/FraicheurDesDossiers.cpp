@@ -4,10 +4,10 @@
 #include "base/NomsDuDossier.h"
 #include "catalogue/archive/ccZipDescripteur.h"
 #include "catalogue/documents/Cadre.h"
+#include "platform/NomsSysteme.h"
 
 #include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QFileInfo>
 
 #include <fcntl.h>
@@ -48,7 +48,7 @@ std::optional<Etats> Rafraichir(const QString& chemin, qint64 heure)
 {
     constexpr qint64 parSeconde = 1000;
     constexpr timespec dates[2] = {{0, UTIME_NOW}, {0, UTIME_OMIT}};
-    const QByteArray nom = QFile::encodeName(chemin);
+    const QByteArray nom = OctetsDuChemin(chemin);
     struct stat avant, apres;
     if (lstat(nom.constData(), &avant) != 0 || !(S_ISREG(avant.st_mode) || S_ISDIR(avant.st_mode)))
         return std::nullopt;
@@ -107,7 +107,7 @@ bool FraicheurDesDossiers::Avancer(const Cadre& cadre, qint64 heure)
             const QString nom = m_noms.takeLast();
             const std::optional<Etats> etats = Rafraichir(dossier + nom, heure);
             if (etats && doc && doc->Archive)
-                Reconnaitre(*doc->Archive, QFile::encodeName(nom), *etats);
+                Reconnaitre(*doc->Archive, OctetsDuChemin(nom), *etats);
         }
         Rafraichir(dossier.chopped(1), heure);
         Rafraichir(FichierDeSecours(dossier), heure);

@@ -12,8 +12,7 @@
 #include "catalogue/documents/Sauver.h"
 #include "extensions/langue/modLang.h"
 #include "kit/ManqueDeMemoire.h"
-
-#include <QFileInfo>
+#include "platform/Presence.h"
 
 #include <algorithm>
 
@@ -88,7 +87,7 @@ bool OuvrirFichier(Cadre& cadre, const QString& chemin, int type, bool montrerMe
         cadre.AmenerDevant(*dejaLa);
         return false;
     }
-    if (!QFileInfo(chemin).isFile()) {
+    if (!PeutExister(chemin)) {
         MsgFichierAbsent();
         RetirerRecent(chemin);
         return false;

@@ -17,12 +17,12 @@ enum TypeOuverture {
 
 /// Opens `chemin` in a new window of `cadre`. True when a window was opened.
 /// False, with a message: the file is open already ("msg48", only if `montrerMessages`; its window comes to the front),
-/// does not exist ("msg49"), is no catalogue ("msg50"), could not be copied ("msg51") or extracted ("msg51", "msg52").
-/// A file whose text the reader refuses leaves its window open with an empty table, and the result is true.
-/// False without a message: no plug-in goes with `type`.
-/// With the setting commentAtStartup the category's comments, if there are any, are shown before this returns. The
-/// document then has nothing to save, even when the comments were changed.
-/// A file that opened becomes the most recent one; one that does not exist leaves the list.
+/// does not exist ("msg49"), is no file ("msgDossier", "msgTube") or no catalogue ("msg50"), could not be copied
+/// ("msg51") or extracted ("msg51", "msg52"). A file whose text the reader refuses leaves its window open with an empty
+/// table, and the result is true. False without a message: no plug-in goes with `type`. With the setting
+/// commentAtStartup the category's comments, if there are any, are shown before this returns. The document then has
+/// nothing to save, even when the comments were changed. A file that opened becomes the most recent one; one that does
+/// not exist leaves the list.
 bool OuvrirFichier(Cadre& cadre, const QString& chemin, int type, bool montrerMessages);
 
 /// Shows a document that has just been filled, in the view that the settings tell and with its comments where they

@@ -11,11 +11,10 @@
 #include "catalogue/texte/EcritureQrt.h"
 #include "extensions/langue/modLang.h"
 #include "kit/ManqueDeMemoire.h"
+#include "platform/NomsSysteme.h"
 #include "platform/Plateforme.h"
 #include "platform/Presence.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <QScopeGuard>
 
 #include <cstdio>
@@ -49,7 +48,7 @@ void Dire(const QString& cle, const QString& texte)
 
 bool EstLectureSeule(const QString& chemin)
 {
-    return QFileInfo::exists(chemin) && plateforme().attributs->EstLectureSeule(chemin);
+    return plateforme().attributs->EstLectureSeule(chemin);
 }
 
 Issue DireErreurDEnregistrement()
@@ -217,12 +216,10 @@ void CopierEnBak(Categorie& doc)
     // The backup before stays until the new one is whole. The name of the copy is short: the other one may be as long
     // as a name can be.
     const QString copie = doc.CheminReel() + u".bak"_s;
-    const QString neuve = QFileInfo(copie).absolutePath() + u"/.zelvane-bak~"_s;
-    QFile::remove(neuve);
-    const bool faite = QFile::copy(doc.CheminReel(), neuve) &&
-                       std::rename(QFile::encodeName(neuve).constData(), QFile::encodeName(copie).constData()) == 0;
-    if (!faite)
-        QFile::remove(neuve);
+    const QString neuve = DossierDuChemin(copie) + u"/.zelvane-bak~"_s;
+    SupprimerParChemin(neuve);
+    if (!CopierParChemin(doc.CheminReel(), neuve) || !RenommerParChemin(neuve, copie))
+        SupprimerParChemin(neuve);
 }
 
 Issue EnregistrerSurPlace(Categorie& doc)

@@ -5,6 +5,7 @@
 #include "base/Evenements.h"
 #include "base/NomsDuDossier.h"
 #include "catalogue/archive/FichierDuDossier.h"
+#include "catalogue/archive/FichierProvisoire.h"
 #include "catalogue/archive/PlaceDuFichier.h"
 #include "catalogue/archive/ccZip.h"
 #include "catalogue/texte/Categorie.h"
@@ -12,20 +13,25 @@
 #include "catalogue/texte/TexteQrt.h"
 #include "extensions/langue/modLang.h"
 #include "kit/ManqueDeMemoire.h"
+#include "platform/NomsSysteme.h"
 #include "platform/Presence.h"
 #include "platform/Retenue.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QScopeGuard>
 
+#include <cerrno>
 #include <optional>
+#include <sys/stat.h>
+#include <unistd.h>
 #include <utility>
 
 using stockage::Codage;
 
 namespace {
+
+constexpr QIODevice::OpenMode s_aEcrire = QIODevice::WriteOnly | QIODevice::Unbuffered;
 
 class PuitsFichier : public Puits
 {
@@ -137,6 +143,21 @@ bool EcrireTexte14(const QrtClass& doc, bool selection, QFileDevice& fichier)
     return EcrireTexteQrt(doc, "1.4", Entrees(selection), Codage::Cp1252, puits).has_value();
 }
 
+/// The old file stays until the new one is whole, also when the disk is full; where the folder lets no new file in, the
+/// file is written in place.
+bool RemplacerParTexte14(const QrtClass& doc, bool selection, const PlaceDuFichier& place)
+{
+    const FichierProvisoire provisoire(place.Chemin());
+    QFile fichier;
+    if (!OuvrirParChemin(fichier, provisoire.Chemin(), s_aEcrire | QIODevice::NewOnly)) {
+        return errno == EACCES && OuvrirParChemin(fichier, place.Chemin(), s_aEcrire) &&
+               EcrireTexte14(doc, selection, fichier);
+    }
+    if (const std::optional<struct stat> ancien = place.Ancien())
+        TransmettreDroits(fichier.handle(), *ancien);
+    return EcrireTexte14(doc, selection, fichier) && provisoire.Deposer();
+}
+
 bool SelectionVide(const QrtClass& doc, bool selection)
 {
     if (!selection || doc.SelItemsCount() > 0)
@@ -212,20 +233,15 @@ bool EcrireFichier14(Categorie& doc, bool selection)
     PlaceDuFichier place(CibleDesLiens(doc.CheminReel()));
     if (!place.Prendre())
         return false;
-    if (place.Ancien() && !S_ISREG(place.Ancien()->st_mode)) {
+    const std::optional<struct stat> ancien = place.Ancien();
+    if (ancien && !S_ISREG(ancien->st_mode)) {
         // A device or a pipe is written to, never replaced.
-        QFile fichier(doc.CheminReel());
-        return fichier.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && EcrireTexte14(doc, selection, fichier);
+        QFile fichier;
+        return OuvrirParChemin(fichier, doc.CheminReel(), s_aEcrire) && EcrireTexte14(doc, selection, fichier);
     }
-    // The old file stays until the new one is whole, also when the disk is full; where the folder lets no new file in,
-    // the file is written in place.
-    QSaveFile fichier(place.Chemin());
-    fichier.setDirectWriteFallback(true);
-    if (!fichier.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return false;
-    if (const std::optional<struct stat> ancien = place.Ancien())
-        TransmettreDroits(fichier.handle(), *ancien);
-    if (!EcrireTexte14(doc, selection, fichier) || !fichier.commit())
+    if (ancien && access(OctetsDuChemin(place.Chemin()).constData(), W_OK) != 0)
+        return false; // who protected it was asked before
+    if (!RemplacerParTexte14(doc, selection, place))
         return false;
     doc.RegarderFichier();
     doc.AForcer = doc.CheminReel();

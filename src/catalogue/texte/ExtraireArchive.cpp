@@ -8,8 +8,6 @@
 #include "catalogue/texte/NomsDeLArchive.h"
 #include "extensions/langue/modLang.h"
 
-#include <QFileInfo>
-
 #include <new>
 
 bool ExtraireArchive(Categorie& doc)
@@ -25,7 +23,7 @@ bool ExtraireArchive(Categorie& doc)
     doc.Archive.reset();
     archive->Init(doc.CheminReel());
     archive->Limites.accepter = [&doc](uint64_t volume) {
-        return AccepterVolume(volume, static_cast<uint64_t>(QFileInfo(doc.CheminReel()).size()));
+        return AccepterVolume(volume, static_cast<uint64_t>(TraceDe(doc.CheminReel()).taille));
     };
     const int resultat = archive->Decompress(doc.TmpFolder, QString());
     if (resultat == ZipAbandon) {

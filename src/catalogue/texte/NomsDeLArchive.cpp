@@ -9,6 +9,7 @@
 #include "catalogue/texte/QrtClass.h"
 #include "catalogue/texte/TexteExact.h"
 #include "extensions/langue/modLang.h"
+#include "platform/NomsSysteme.h"
 #include "platform/PageDeCode.h"
 
 #include <QDir>
@@ -71,9 +72,9 @@ void Renommer(const QString& dossier, QString& nom, const QString& nouveau, Arch
     if (!QFile::rename(dossier + nom, dossier + nouveau))
         return;
     if (connue) {
-        const ArchiveConnue::Fichier avant = connue->fichiers.take(QFile::encodeName(nom));
+        const ArchiveConnue::Fichier avant = connue->fichiers.take(OctetsDuChemin(nom));
         if (const std::optional<EtatFichier> etat = zipinterne::EtatDe(dossier + nouveau))
-            connue->fichiers.insert(QFile::encodeName(nouveau), {avant.index, *etat});
+            connue->fichiers.insert(OctetsDuChemin(nouveau), {avant.index, *etat});
     }
     nom = nouveau;
 }
@@ -145,7 +146,7 @@ bool AccorderNoms(const QrtClass& doc, ccZip& archive)
         }
         QFile::remove(doc.TmpFolder + fichier);
         if (archive.Connue)
-            archive.Connue->fichiers.remove(QFile::encodeName(fichier));
+            archive.Connue->fichiers.remove(OctetsDuChemin(fichier));
         lignes.append(Montrable(nom));
     }
     Dire(lignes);

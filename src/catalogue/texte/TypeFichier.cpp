@@ -2,8 +2,7 @@
 
 #include "base/AfficherMsg.h"
 #include "catalogue/archive/ccZip.h"
-
-#include <QFile>
+#include "platform/NomsSysteme.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -20,7 +19,7 @@ constexpr QByteArrayView SignatureZip("PK\3\4");
 /// The first bytes of a file, fewer when it is shorter; nothing when it cannot be read. Does not wait for a pipe.
 std::optional<QByteArray> PremiersOctets(const QString& chemin, qsizetype nombre)
 {
-    const int descripteur = open(QFile::encodeName(chemin).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    const int descripteur = open(OctetsDuChemin(chemin).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (descripteur < 0)
         return std::nullopt;
     QByteArray octets(nombre, Qt::Uninitialized);

@@ -17,6 +17,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -146,9 +147,22 @@ TEST_F(OuvrirFichierTest, AFileThatIsNotThereIsTold)
 {
     EXPECT_FALSE(Ouvrir(dossier.Fichier(u"nulle-part.qrt"_s)));
     EXPECT_FALSE(Ouvrir(QString(), TypeQrt2, false));
-    EXPECT_FALSE(Ouvrir(dossier.Chemin()));
-    EXPECT_EQ(reponses.Cles(), QStringList({"msg49", "msg49", "msg49"}));
+    EXPECT_EQ(reponses.Cles(), QStringList({"msg49", "msg49"}));
     EXPECT_EQ(reponses.Affiches()[0].message.texte, "Erreur lors de l'ouverture : le fichier n'existe pas");
+    EXPECT_EQ(cadre.creees, 0);
+}
+
+TEST_F(OuvrirFichierTest, WhatIsThereAndNoFileIsToldAsWhatItIs)
+{
+    const QString tube = dossier.Fichier(u"tube.qrt"_s);
+    ASSERT_EQ(mkfifo(tube.toUtf8().constData(), 0600), 0);
+    EcrireOption("FRecent1", dossier.Chemin());
+    EXPECT_FALSE(Ouvrir(dossier.Chemin()));
+    EXPECT_FALSE(Ouvrir(tube)) << "nobody writes into it: it must not be waited for";
+    EXPECT_FALSE(Ouvrir(u"/dev/null"_s));
+    EXPECT_EQ(reponses.Cles(), QStringList({"msgDossier", "msgTube", "msgTube"}));
+    EXPECT_EQ(reponses.Affiches()[0].message.texte, "Erreur lors de l'ouverture : c'est un dossier, pas un fichier");
+    EXPECT_EQ(LireOption("FRecent1", {}).toString(), dossier.Chemin()) << "something is there";
     EXPECT_EQ(cadre.creees, 0);
 }
 
