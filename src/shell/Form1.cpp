@@ -154,7 +154,6 @@ void Form1::EtatChange(Qt::WindowStates avant, Qt::WindowStates apres)
 void Form1::Activer()
 {
     MajMenuRecents(*this);
-    AccorderMenus();
     RedrawAll(true);
 }
 

@@ -86,6 +86,21 @@ TEST_F(OngletsTest, AWindowThatGoesTakesItsTabAlong)
     EXPECT_EQ(cadre->FenetreActive(), nullptr);
 }
 
+TEST_F(OngletsTest, ATabThatGoesDoesNotRestoreTheReducedWindowOfTheNextOne)
+{
+    Montrer();
+    EcrireOption(u"SizeForm1"_s, int(Normale));
+    const Form1& a = Ouvrir(u"a.qrt"_s);
+    a.parentWidget()->showMinimized();
+    Form1& b = Ouvrir(u"b.qrt"_s);
+    ASSERT_EQ(cadre->FenetreActive(), &b);
+    b.Decharger();
+    Laisser();
+    EXPECT_EQ(Titres(), QStringList{u"a.qrt"_s});
+    EXPECT_TRUE(a.parentWidget()->isMinimized());
+    EXPECT_TRUE(cadre->OngletsActifs);
+}
+
 TEST_F(OngletsTest, ATabCanGetAnotherTitle)
 {
     Montrer();

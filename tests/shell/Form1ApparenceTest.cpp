@@ -59,6 +59,7 @@ TEST_F(Form1Test, AWindowThatComesBackInItsSizeIsLaidOutAnew)
 
 TEST_F(Form1Test, SortingRefreshingAndComingToTheFrontRedoTheLayout)
 {
+    EcrireOption(u"SizeForm1"_s, int(Normale)); // a maximised window comes to the front by a change of its size
     Form1& a = Ouvrir(u"a.qrt"_s);
     Ouvrir(u"b.qrt"_s);
     const std::pair<QString, std::function<void()>> gestes[] = {

@@ -140,6 +140,31 @@ TEST_F(ImagesTest, ADoubleClickOnThePictureEditsTheOneSelectedEntry)
     EXPECT_EQ(ouvertes.fenetres, QStringList{u"frmEditEntree"_s});
 }
 
+TEST_F(ImagesTest, ADoubleClickOnThePictureEditsNothingWhenSeveralEntriesAreSelected)
+{
+    const Form1& fenetre = Ouvrir();
+    const FermeModales ouvertes;
+    fenetre.ListView1().selectAll();
+    QTest::mouseDClick(&Img(fenetre), Qt::LeftButton);
+    EXPECT_TRUE(ouvertes.fenetres.isEmpty());
+    EXPECT_TRUE(reponses.Affiches().isEmpty()) << "not even the question about editing several";
+}
+
+TEST_F(ImagesTest, TheRightButtonOnTheTableShowsThePictureAnew)
+{
+    Form1& fenetre = Ouvrir();
+    MettreImage(fenetre, 1, u"un.png"_s, {40, 40}, Qt::red);
+    CliquerEntree(fenetre, 1);
+    QCoreApplication::processEvents();
+    ASSERT_EQ(CouleurDImg(fenetre), QColor(Qt::red));
+    MettreImage(fenetre, 2, u"un.png"_s, {40, 40}, Qt::blue);
+    QCoreApplication::processEvents();
+    Img(fenetre).Vider();
+    CliquerEntree(fenetre, 1, Qt::RightButton);
+    EXPECT_EQ(CouleurDImg(fenetre), QColor(Qt::blue));
+    EXPECT_EQ(MenuSurgi(), "MenuClickDroit");
+}
+
 TEST_F(ImagesTest, TheRightButtonOnThePanelPopsUpTheMenuOfASelection)
 {
     const Form1& fenetre = Ouvrir();

@@ -75,6 +75,43 @@ TEST_F(Form1Test, TheRecentFilesStandInTheMenuAndOpen)
     Commande(seconde, u"mRecent_1"_s).trigger();
     ASSERT_EQ(cadre.Documents().size(), 2);
     EXPECT_EQ(cadre.Documents()[1]->myqrt.CheminReel(), chemin);
+    EXPECT_EQ(Commande(seconde, u"mRecent_0"_s).data().toString(), chemin) << "at the top also where it was chosen";
+}
+
+TEST_F(Form1Test, TheFocusRefreshesTheRecentFiles)
+{
+    const Form1& fenetre = Ouvrir();
+    fenetre.ListView1().clearFocus();
+    EcrireOption(u"FRecent1"_s, u"/ailleurs.qrt"_s);
+    EXPECT_NE(Commande(fenetre, u"mRecent_0"_s).data().toString(), "/ailleurs.qrt");
+    fenetre.ListView1().setFocus();
+    EXPECT_EQ(Commande(fenetre, u"mRecent_0"_s).data().toString(), "/ailleurs.qrt");
+}
+
+TEST_F(Form1Test, ComingToTheFrontRefreshesTheRecentFiles)
+{
+    Form1& a = Ouvrir(u"a.qrt"_s);
+    Ouvrir(u"b.qrt"_s);
+    QWidget ailleurs; // has the keys, so that the table does not get them with its window
+    ailleurs.show();
+    ailleurs.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&ailleurs));
+    EcrireOption(u"FRecent1"_s, u"/ailleurs.qrt"_s);
+    EXPECT_NE(Commande(a, u"mRecent_0"_s).data().toString(), "/ailleurs.qrt");
+    cadre.AmenerDevant(a);
+    EXPECT_FALSE(a.ListView1().hasFocus());
+    EXPECT_EQ(Commande(a, u"mRecent_0"_s).data().toString(), "/ailleurs.qrt");
+}
+
+TEST_F(Form1Test, TheFrameListsTheRecentFilesWhenItsLastDocumentGoes)
+{
+    Form1& fenetre = Ouvrir();
+    EcrireOption(u"FRecent1"_s, u"/ailleurs.qrt"_s);
+    fenetre.Decharger();
+    Passer();
+    QCoreApplication::processEvents();
+    const auto* recent = cadre.findChild<QAction*>(u"mRecent_0"_s, Qt::FindDirectChildrenOnly);
+    EXPECT_EQ(recent->data().toString(), "/ailleurs.qrt");
 }
 
 TEST_F(Form1Test, CloseAllNeedsTwoDocuments)
@@ -195,11 +232,13 @@ TEST_F(Form1Test, SaveAllWritesEveryDocument)
     Form1& seconde = Ouvrir(u"b.qrt"_s);
     premiere.myqrt.MyLV->ListItems(1).SetText(u"Premier"_s);
     seconde.myqrt.MyLV->ListItems(1).SetText(u"Second"_s);
+    EcrireOption(u"FRecent1"_s, u"/ailleurs.qrt"_s);
     EXPECT_TRUE(Commande(seconde, u"mEnregistrerTout"_s).isEnabled());
     Commande(seconde, u"mEnregistrerTout"_s).trigger();
     EXPECT_TRUE(dossier.Lire(u"a.qrt"_s).contains("Premier"));
     EXPECT_TRUE(dossier.Lire(u"b.qrt"_s).contains("Second"));
-    EXPECT_EQ(Commande(seconde, u"mRecent_0"_s).data().toString(), dossier.Fichier(u"b.qrt"_s));
+    for (const Form1* fenetre : {&premiere, &seconde})
+        EXPECT_EQ(Commande(*fenetre, u"mRecent_0"_s).data().toString(), dossier.Fichier(u"b.qrt"_s));
 }
 
 TEST_F(Form1Test, WithOneDocumentLeftSaveAllAndCloseAllAreDisabledAgain)

@@ -1,6 +1,8 @@
 // A document's table: sorting, counts, clicks and keys.
 #include "Form1EnFenetre.h"
 
+#include "support/GardeModale.h"
+
 #include <QContextMenuEvent>
 #include <QSignalSpy>
 
@@ -81,6 +83,20 @@ TEST_F(Form1Test, KeysOfCommandsOpenTheirWindows)
         QTest::keyClick(&fenetre.ListView1(), touche, avec);
         EXPECT_EQ(ouvertes.fenetres, QStringList{nom}) << int(touche);
     }
+}
+
+TEST_F(Form1Test, ShiftAndEnterShowTheEntryWithTheFocusWhicheverIsSelected)
+{
+    const Form1& fenetre = Ouvrir();
+    CliquerEntree(fenetre, 1);
+    QTest::keyClick(&fenetre.ListView1(), Qt::Key_Down, Qt::ControlModifier);
+    ASSERT_EQ(Panneau(fenetre, 2), u"1 selectionnée(s)"_s);
+    const GardeModale garde([](QWidget& form) {
+        EXPECT_EQ(form.objectName(), "frmView");
+        EXPECT_EQ(form.windowTitle(), "(2 / 3)");
+        form.close();
+    });
+    QTest::keyClick(&fenetre.ListView1(), Qt::Key_Return, Qt::ShiftModifier);
 }
 
 TEST_F(Form1Test, APlusThatIsTypedIsNoCommand)
