@@ -6,7 +6,7 @@
 // tell which text its copy continues.
 #include "Commun.h"
 
-#include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "catalogue/documents/CopieDeSecours.h"
 #include "catalogue/documents/DossiersLaisses.h"
 #include "catalogue/texte/Categorie.h"

@@ -1,6 +1,7 @@
 #include "base/DossiersDeCommande.h"
 
 #include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "base/LieuxTemporaires.h"
 #include "platform/NomsSysteme.h"
 #include "platform/Presence.h"

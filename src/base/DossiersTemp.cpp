@@ -1,7 +1,7 @@
-// The temporary folders of documents: drawing, holding and deleting them.
-#include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 
 #include "base/ActesDuDossier.h"
+#include "base/Const_Vrac.h"
 #include "base/NomsDuDossier.h"
 #include "base/Options.h"
 #include "platform/NomsSysteme.h"

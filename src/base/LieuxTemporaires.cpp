@@ -1,6 +1,7 @@
 #include "base/LieuxTemporaires.h"
 
 #include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,8 +1,8 @@
 #include "cli/Catalogue.h"
 
 #include "base/AfficherMsg.h"
-#include "base/Const_Vrac.h"
 #include "base/DossiersDeCommande.h"
+#include "base/DossiersTemp.h"
 #include "catalogue/documents/ChargerCatalogue.h"
 #include "extensions/langue/modLang.h"
 

@@ -1,6 +1,7 @@
 // zelvane-cli: the catalogue engine without a window.
 #include "base/Const_Vrac.h"
 #include "base/DossiersDeCommande.h"
+#include "base/DossiersTemp.h"
 #include "base/Options.h"
 #include "cli/Commandes.h"
 #include "cli/Console.h"

@@ -1,6 +1,7 @@
 #include "shell/Form1.h"
 
 #include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "base/Options.h"
 #include "catalogue/documents/Sauver.h"
 #include "catalogue/texte/TriDeTable.h"

@@ -1,6 +1,7 @@
 #include "shell/MDIForm1.h"
 
 #include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "base/Options.h"
 #include "catalogue/documents/OuvrirFichiersQrt.h"
 #include "catalogue/documents/Sauver.h"

@@ -1,6 +1,6 @@
 #include "base/DossiersDeCommande.h"
 
-#include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "platform/VerrouDossier.h"
 #include "support/Impression.h"
 #include "support/PlateformeDeTest.h"

@@ -1,3 +1,4 @@
+#include "base/DossiersTemp.h"
 #include "base/ActesDuDossier.h"
 #include "base/Const_Vrac.h"
 #include "platform/VerrouDossier.h"

@@ -1,6 +1,6 @@
 #include "entries/CreerCategorie.h"
 
-#include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "catalogue/documents/OuvrirFichiersQrt.h"
 #include "catalogue/documents/Sauver.h"
 #include "extensions/langue/modLang.h"

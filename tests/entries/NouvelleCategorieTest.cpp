@@ -1,7 +1,7 @@
 // The command that starts a new document, through its dialog.
 #include "entries/NouvelleCategorie.h"
 
-#include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "entries/DialogueDeCategorie.h"
 #include "support/CadreDeTest.h"
 #include "support/FileDeReponses.h"

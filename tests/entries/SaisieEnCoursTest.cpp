@@ -3,7 +3,7 @@
 #include "SelectionDeTest.h"
 #include "entries/mEditLV.h"
 
-#include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "catalogue/documents/CopieDeSecours.h"
 #include "catalogue/documents/SecoursDesDocuments.h"
 #include "catalogue/texte/Categorie.h"

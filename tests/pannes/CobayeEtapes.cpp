@@ -1,6 +1,6 @@
 #include "pannes/CobayeEtapes.h"
 
-#include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "catalogue/documents/DossiersLaisses.h"
 #include "catalogue/documents/OuvrirFichiersQrt.h"
 #include "catalogue/documents/Sauver.h"

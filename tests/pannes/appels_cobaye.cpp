@@ -12,6 +12,7 @@
 #include "base/AfficherMsg.h"
 #include "base/Const_Vrac.h"
 #include "base/DialogueFichier.h"
+#include "base/DossiersTemp.h"
 #include "catalogue/documents/DossiersLaisses.h"
 #include "catalogue/documents/OuvrirFichiersQrt.h"
 #include "catalogue/documents/Sauver.h"

@@ -1,5 +1,6 @@
 // The frame and the document window, with real files.
 #include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "catalogue/documents/OuvrirFichiersQrt.h"
 #include "catalogue/documents/Sauver.h"
 #include "shell/EtapesEnFenetres.h"

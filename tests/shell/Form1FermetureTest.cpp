@@ -1,6 +1,7 @@
 // How a document's window closes.
 #include "Form1EnFenetre.h"
 
+#include "base/DossiersTemp.h"
 #include "catalogue/documents/CopieDeSecours.h"
 #include "catalogue/documents/SecoursDesDocuments.h"
 

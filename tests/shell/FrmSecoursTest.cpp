@@ -1,5 +1,6 @@
 #include "shell/frmSecours.h"
 
+#include "base/DossiersTemp.h"
 #include "catalogue/documents/CopieDeSecours.h"
 #include "extensions/langue/modLang.h"
 #include "shell/CadreEnFenetre.h"

@@ -1,6 +1,7 @@
 // The frame: its menus, tool bars, load and end.
 #include "CadreEnFenetre.h"
 
+#include "base/DossiersTemp.h"
 #include "extensions/dialogues/Aide.h"
 #include "extensions/dialogues/frmTip.h"
 #include "extensions/langue/modLang.h"

@@ -1,5 +1,6 @@
 #include "shell/VeilleSecours.h"
 
+#include "base/DossiersTemp.h"
 #include "catalogue/documents/CopieDeSecours.h"
 #include "shell/CadreEnFenetre.h"
 

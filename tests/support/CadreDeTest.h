@@ -1,7 +1,7 @@
 // A frame and windows without a screen, for tests of the flows.
 #pragma once
 
-#include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "catalogue/documents/Cadre.h"
 
 #include <QStringList>

@@ -1,6 +1,6 @@
 #include "support/PlateformeDeTest.h"
 
-#include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "extensions/langue/modLang.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "catalogue/documents/CopieDeSecours.h"
 
-#include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "platform/NomsSysteme.h"
 #include "platform/PageDeCode.h"
 #include "platform/Presence.h"

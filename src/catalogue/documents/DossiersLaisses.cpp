@@ -1,6 +1,7 @@
 #include "catalogue/documents/DossiersLaisses.h"
 
-#include "base/Const_Vrac.h"
+#include "base/AfficherMsg.h"
+#include "base/DossiersTemp.h"
 #include "base/LieuxTemporaires.h"
 #include "base/NomsDuDossier.h"
 #include "catalogue/documents/Cadre.h"

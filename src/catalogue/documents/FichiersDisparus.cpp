@@ -3,6 +3,7 @@
 #include "base/ActesDuDossier.h"
 #include "base/AfficherMsg.h"
 #include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "base/NomsDuDossier.h"
 #include "catalogue/archive/ccZipReprise.h"
 #include "catalogue/documents/Commentaires.h"

@@ -1,6 +1,6 @@
 #include "catalogue/documents/FraicheurDesDossiers.h"
 
-#include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "base/NomsDuDossier.h"
 #include "catalogue/archive/ccZipDescripteur.h"
 #include "catalogue/documents/Cadre.h"

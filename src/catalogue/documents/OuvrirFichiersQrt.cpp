@@ -3,6 +3,7 @@
 #include "base/AfficherMsg.h"
 #include "base/Const_Vrac.h"
 #include "base/DialogueFichier.h"
+#include "base/DossiersTemp.h"
 #include "base/Options.h"
 #include "catalogue/documents/Cadre.h"
 #include "catalogue/documents/ChargerCatalogue.h"

@@ -1,6 +1,6 @@
 #include "catalogue/documents/SecoursDuDocument.h"
 
-#include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "catalogue/texte/Categorie.h"
 
 #include <QFile>

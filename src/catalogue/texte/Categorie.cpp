@@ -1,6 +1,6 @@
 #include "catalogue/texte/Categorie.h"
 
-#include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "catalogue/archive/FichierDuDossier.h"
 
 #include <utility>

@@ -1,6 +1,6 @@
 #include "catalogue/documents/CopieDeSecours.h"
 
-#include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "catalogue/texte/Categorie.h"
 #include "catalogue/texte/LectureQrt.h"
 #include "support/ArchiveDeTest.h"

@@ -1,6 +1,7 @@
 #include "catalogue/documents/DossiersLaisses.h"
 
 #include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "catalogue/documents/Commentaires.h"
 #include "catalogue/documents/CopieDeSecours.h"
 #include "catalogue/documents/Sauver.h"

@@ -1,4 +1,4 @@
-#include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "catalogue/documents/Sauver.h"
 #include "catalogue/texte/TypeFichier.h"
 #include "support/CadreDeTest.h"

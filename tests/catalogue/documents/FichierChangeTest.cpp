@@ -1,5 +1,6 @@
 // Another program writes the document's file between two saves.
 #include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "base/Options.h"
 #include "catalogue/documents/ChargerCatalogue.h"
 #include "catalogue/documents/CopieDeSecours.h"

@@ -2,7 +2,7 @@
 #include "catalogue/documents/FichiersDisparus.h"
 
 #include "base/ActesDuDossier.h"
-#include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "catalogue/archive/FichierDuDossier.h"
 #include "catalogue/archive/ccZip.h"
 #include "catalogue/archive/ccZipDescripteur.h"

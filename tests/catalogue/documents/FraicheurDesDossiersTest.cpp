@@ -1,7 +1,7 @@
 // A running program keeps its folders from those who delete what has long not been used.
 #include "catalogue/documents/FraicheurDesDossiers.h"
 
-#include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "catalogue/archive/ccZip.h"
 #include "catalogue/archive/ccZipDescripteur.h"
 #include "catalogue/documents/CopieDeSecours.h"

@@ -1,5 +1,6 @@
 // Catalogue files whose names are no UTF-8, as disks of older systems hold them.
 #include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "base/Options.h"
 #include "catalogue/documents/CopieDeSecours.h"
 #include "catalogue/documents/DossiersLaisses.h"

@@ -1,6 +1,7 @@
 #include "catalogue/documents/OuvrirFichiersQrt.h"
 
 #include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "base/Options.h"
 #include "support/ArchiveDeTest.h"
 #include "support/CadreDeTest.h"

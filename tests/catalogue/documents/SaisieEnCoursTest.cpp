@@ -1,7 +1,7 @@
 // What is being typed in an open editor when the session or the process ends.
 #include "catalogue/texte/SaisieEnCours.h"
 
-#include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "catalogue/documents/CopieDeSecours.h"
 #include "catalogue/documents/DossiersLaisses.h"
 #include "catalogue/documents/SecoursDesDocuments.h"

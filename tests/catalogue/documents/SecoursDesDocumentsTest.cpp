@@ -1,6 +1,6 @@
 #include "catalogue/documents/SecoursDesDocuments.h"
 
-#include "base/Const_Vrac.h"
+#include "base/DossiersTemp.h"
 #include "catalogue/documents/Sauver.h"
 #include "catalogue/texte/Categorie.h"
 #include "catalogue/texte/LectureQrt.h"
