@@ -40,7 +40,6 @@ int main(int argc, char** argv)
     const QString jeton = RendezvousLocal::JetonDuLancement();
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"zelvane"_s);
-    QApplication::setApplicationVersion(QStringLiteral(ZELVANE_VERSION));
     QApplication::setDesktopFileName(u"zelvane"_s);
 
     // Numbers, and Qt's own texts in file dialogs say, are French like the program.

@@ -5,7 +5,8 @@ starts the program in it. Widgets are found by role and name over AT-SPI, always
 those of an X server. When a test fails, a picture of the screen and what the program said are kept.
 
 Run with /usr/bin/python3, where python3-pyatspi is installed. The environment names what is tested:
-ZELVANE_E2E_PROGRAM (the executable), ZELVANE_E2E_SOURCES (the root of the sources), ZELVANE_E2E_PICTURES (a folder).
+ZELVANE_E2E_PROGRAM (the executable), ZELVANE_E2E_SOURCES (the root of the sources), ZELVANE_E2E_PICTURES (a folder),
+ZELVANE_E2E_INSTANCE (instance_essai, a small program that meets others as the program does).
 """
 import os
 import pathlib
@@ -20,6 +21,7 @@ import zipfile
 PROGRAM = pathlib.Path(os.environ["ZELVANE_E2E_PROGRAM"]).resolve()
 SOURCES = pathlib.Path(os.environ["ZELVANE_E2E_SOURCES"])
 PICTURES = pathlib.Path(os.environ["ZELVANE_E2E_PICTURES"])
+INSTANCE = os.environ["ZELVANE_E2E_INSTANCE"]
 EXAMPLES = SOURCES / "examples"
 
 #: How long anything may take before the test gives up, in seconds: far longer than a busy machine stands still.
@@ -179,7 +181,7 @@ class Widget:
 class Program:
     """The program, started with a command line, in a home folder of its own or in one where it ran before."""
 
-    def __init__(self, session, *arguments, home=None, runtime=None, environment=None):
+    def __init__(self, session, *arguments, home=None, runtime=None, environment=None, executable=PROGRAM):
         self.session = session
         self.home = home or session.new_home()
         self._runtime = runtime or self.home / "runtime"
@@ -189,7 +191,8 @@ class Program:
         self._ready = False
         self.log = pathlib.Path(tempfile.mkstemp(prefix="said-", suffix=".txt", dir=self.home)[1])
         with self.log.open("wb") as said:
-            self._process = subprocess.Popen([str(PROGRAM), *map(str, arguments)], env=self._environment() | (environment or {}), cwd=self.home,
+            self._process = subprocess.Popen([str(executable), *map(str, arguments)],
+                                             env=self._environment() | (environment or {}), cwd=self.home,
                                              stdin=subprocess.DEVNULL, stdout=said, stderr=said)
 
     def _environment(self):
@@ -470,10 +473,11 @@ class ProgramTest(unittest.TestCase):
         ProgramTest.session.close()
         ProgramTest.session = None
 
-    def start(self, *arguments, home=None, runtime=None, environment=None):
+    def start(self, *arguments, home=None, runtime=None, environment=None, executable=PROGRAM):
         """Starts the program; it is closed when the test ends. `home`: of a run before; `runtime`: of a session;
-        `environment`: variables beside the usual ones."""
-        self.program = Program(self.session, *arguments, home=home, runtime=runtime, environment=environment)
+        `environment`: variables beside the usual ones; `executable`: a link to the program."""
+        self.program = Program(self.session, *arguments, home=home, runtime=runtime, environment=environment,
+                               executable=executable)
         self.addCleanup(self.program.close)
         return self.program
 
