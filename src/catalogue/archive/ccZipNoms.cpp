@@ -41,7 +41,7 @@ std::vector<qsizetype> ZerosDesNoms(const QString& chemin, size_t nombre)
     return zeros;
 }
 
-/// A name that is not what it is marked as; older writers put the mark on names in the code page.
+/// A name that the library refuses, marked as UTF-8. Bytes that are none are read in the code page, mark or not.
 QString NomRefuse(QByteArrayView brut)
 {
     QStringDecoder decodeur(QStringDecoder::Utf8);

@@ -377,7 +377,7 @@ TEST(DecoderTexte, TakesTheEscapesOut)
 
 TEST(DecoderTexte, TakesABackslashBeforeAnRForACarriageReturn)
 {
-    // Translators' files rely on it: the pair of routines is no perfect round trip.
+    // The pair of routines is no perfect round trip. It is meant.
     EXPECT_EQ(DecoderTexte(EncoderTexte("C:\\rock")), "C:\\\rock");
     EXPECT_EQ(DecoderTexte(EncoderTexte("C:\\folk")), "C:\\\nolk");
     EXPECT_EQ(DecoderTexte(EncoderTexte("C:\\jazz")), "C:\\jazz");
