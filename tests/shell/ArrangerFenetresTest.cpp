@@ -62,6 +62,7 @@ TEST_F(ArrangerFenetresTest, MosaicsShareTheWholeAreaOut)
     QRegion couvert;
     for (int i = 0; i < 3; ++i) {
         const QRect ici = fenetres[i]->parentWidget()->geometry();
+        EXPECT_FALSE(fenetres[i]->parentWidget()->isMaximized()) << "as they came";
         EXPECT_EQ(ici.width(), place.width());
         EXPECT_FALSE(couvert.intersects(ici));
         couvert += ici;

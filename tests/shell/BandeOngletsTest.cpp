@@ -1,6 +1,8 @@
 // The strip of tabs in step with the windows, and its menu.
 #include "CadreEnFenetre.h"
 
+#include <QStyleOptionTab>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -99,6 +101,25 @@ TEST_F(OngletsTest, ATabThatGoesDoesNotRestoreTheReducedWindowOfTheNextOne)
     EXPECT_EQ(Titres(), QStringList{u"a.qrt"_s});
     EXPECT_TRUE(a.parentWidget()->isMinimized());
     EXPECT_TRUE(cadre->OngletsActifs);
+}
+
+TEST_F(OngletsTest, ATabIsPressedForAsLongAsTheButtonIs)
+{
+    struct Bande : BandeOnglets
+    {
+        bool Enfonce() const
+        {
+            QStyleOptionTab aspect;
+            initStyleOption(&aspect, 0);
+            return aspect.state & QStyle::State_Sunken;
+        }
+    } bande;
+    bande.Ajouter(u"a"_s, u"a.qrt"_s);
+    bande.show();
+    QTest::mousePress(&bande, Qt::LeftButton, {}, bande.tabRect(0).center());
+    EXPECT_TRUE(bande.Enfonce());
+    QTest::mouseRelease(&bande, Qt::LeftButton, {}, bande.tabRect(0).center());
+    EXPECT_FALSE(bande.Enfonce());
 }
 
 TEST_F(OngletsTest, ATabCanGetAnotherTitle)

@@ -352,6 +352,25 @@ TEST_F(Form1Test, ThreeMenusHaveAPictureInTheBarBesideTheirCaption)
     EXPECT_FALSE(fenetre.findChild<QMenu*>(u"mPlugin"_s)->menuAction()->isVisible()) << "there are no plug-ins";
 }
 
+TEST_F(Form1Test, ThePictureOfAMenuStandsHalfwayUpItsLine)
+{
+    Ouvrir();
+    QAction& menu = *cadre.menuBar()->actions().at(1);
+    QPixmap rouge(64, 64);
+    rouge.fill(Qt::red);
+    menu.setIcon(rouge);
+    const QImage ligne = cadre.menuBar()->grab(cadre.menuBar()->actionGeometry(&menu)).toImage();
+    QRegion peints;
+    for (int y = 0; y < ligne.height(); ++y) {
+        for (int x = 0; x < ligne.width(); ++x) {
+            if (ligne.pixelColor(x, y) == QColor(Qt::red))
+                peints += QRect(x, y, 1, 1);
+        }
+    }
+    ASSERT_FALSE(peints.isEmpty());
+    EXPECT_NEAR(peints.boundingRect().center().y(), ligne.rect().center().y(), 1);
+}
+
 TEST_F(Form1Test, TheWindowSpeaksTheLanguageInForce)
 {
     dossier.Ecrire(u"en.ini"_s, "[Form1]\r\nmFichier_C=&File\r\nmEntree_C=&Add an entry\r\n"
