@@ -19,6 +19,7 @@ TEST_F(OngletsTest, EachWindowHasItsTabAndTheActiveOneIsSelected)
     const Form1& b = Ouvrir(u"R&B.qrt"_s);
     EXPECT_EQ(Titres(), QStringList({u"a.qrt"_s, u"R&B.qrt"_s}));
     EXPECT_EQ(Onglets().tabText(1), "R&&B.qrt");
+    EXPECT_TRUE(a.Tag.startsWith(u'a'));
     EXPECT_EQ(Onglets().Cle(1), a.Tag);
     EXPECT_EQ(Onglets().Cle(2), b.Tag);
     EXPECT_EQ(Onglets().currentIndex(), 1);

@@ -79,6 +79,9 @@ TEST_F(FrmPopupTest, TheMenusOfDialogsHaveTheirItemsInOrder)
     EXPECT_EQ(Lignes(u"mMenuSupprimer"_s),
               QStringList({u"mCocher=Cocher"_s, u"mDecocher=Decocher"_s, u"mToutCocher=Tout Cocher"_s,
                            u"mToutDecocher=Tout Decocher"_s, u"mInverser=Inverser"_s}));
+    for (const QString& nom :
+         {u"mSeclectAll"_s, u"mSelectRien"_s, u"mSelectInvert"_s, u"mCocher"_s, u"mDecocher"_s, u"mInverser"_s})
+        EXPECT_FALSE(Item(nom).icon().isNull()) << nom.toStdString();
 }
 
 TEST_F(FrmPopupTest, AnItemRunsTheCommandOfItsName)
