@@ -51,6 +51,7 @@ class MakingACategory(ProgramTest):
         dialog.find(role="push button", name="Creer").click()
         program.find(name="Une Colonne n'a pas de nom, donnez lui un nom ou supprimer là avant de poursuivre")
         program.key("Return")
+        program.find(role="dialog", name="Creer une categorie")
         program.key("Escape")
 
         wait_until(lambda: not program.find_all(role="dialog"), "the end of the dialog")

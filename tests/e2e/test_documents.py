@@ -186,6 +186,7 @@ class Closing(DocumentTest):
         program.find(name=QUESTION)
         program.find(role="push button", name="Annuler").click()
         wait_until(lambda: not program.find_all(name=QUESTION), "the end of the question")
+        program.await_frame()
         self.wait_for_order("Blue Train", "Kind of Blue", "Aja")
 
         program.key("ctrl+F4")

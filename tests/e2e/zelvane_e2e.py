@@ -307,6 +307,17 @@ class Program:
         wait_until(lambda: xdotool("getactivewindow", "getwindowname", check=False).strip() == title,
                    f"the window '{title}'")
 
+    def await_frame(self):
+        """Waits until the program knows that keys go to its frame: the last dialog goes a moment before that."""
+        wait_until(self._frame_has_the_keys, "the frame to have the keys")
+
+    def _frame_has_the_keys(self):
+        root = self._root()
+        try:
+            return root and any(window.role == "frame" and window.has("active") for window in root.children())
+        except self._gone():
+            return False
+
     def await_ready(self):
         """Waits until the program is ready for the first key or click: its start is over, or a dialog of it waits for
         an answer. Its windows are on the screen, and the window manager calls one of them active, a moment before they
@@ -351,6 +362,7 @@ class Program:
         text = self.comments().find(role="text").text
         self.key("Escape")
         wait_until(lambda: not self.find_all(role="dialog"), "the end of the comments")
+        self.await_frame()
         return text
 
     def settings(self):
