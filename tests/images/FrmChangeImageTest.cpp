@@ -6,6 +6,7 @@
 #include "images/PanneauImage.h"
 #include "support/Accessibilite.h"
 #include "support/DossierDeTest.h"
+#include "support/FermeModales.h"
 #include "support/FileDeFichiers.h"
 #include "support/FileDeReponses.h"
 #include "support/GardeModale.h"
@@ -306,6 +307,17 @@ TEST_F(FrmChangeImageTest, AnImageThatIsKeptKeepsItsLine)
     const GardeModale garde([](QWidget& question) { question.close(); });
     QTest::keyClick(&List1(), Qt::Key_Delete);
     EXPECT_EQ(Lignes(), QStringList("photo.jpg"));
+    EXPECT_EQ(Fichiers(), QStringList("photo.jpg"));
+}
+
+TEST_F(FrmChangeImageTest, TheDeleteKeyActsInTheListAlone)
+{
+    Montrer();
+    Cliquer("photo.jpg");
+    Bouton("btOK").setFocus();
+    const FermeModales ouvertes;
+    QTest::keyClick(&Bouton("btOK"), Qt::Key_Delete);
+    EXPECT_EQ(ouvertes.fenetres, QStringList());
     EXPECT_EQ(Fichiers(), QStringList("photo.jpg"));
 }
 

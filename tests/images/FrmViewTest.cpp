@@ -293,6 +293,18 @@ TEST_F(FrmViewTest, ALongTitleIsReadWholeAndDoesNotFillTheWindow)
     }
 }
 
+TEST_F(FrmViewTest, ATitleGetsMoreLinesInANarrowerWindow)
+{
+    table.ListItems(1).SetText(u"mot "_s.repeated(30));
+    Montrer(1);
+    form.resize(1200, form.height());
+    QCoreApplication::processEvents();
+    const int large = Defilement().height();
+    form.resize(500, form.height());
+    QCoreApplication::processEvents();
+    EXPECT_GT(Defilement().height(), large);
+}
+
 TEST_F(FrmViewTest, ATitleThatIsSeenWholeIsNoStopOfTab)
 {
     Montrer(1);

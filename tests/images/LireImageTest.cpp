@@ -198,14 +198,14 @@ TEST_F(LireImageTest, ABitmapTooLargeToHoldIsReducedWhileItIsRead)
     {
         QFile bord(fichier);
         ASSERT_TRUE(bord.open(QIODevice::ReadWrite) && bord.seek(54));
-        bord.write(QByteArray(30000 * 2500, '\xFF')); // the lowest quarter is white
+        bord.write(QByteArray("\xF0\x90\x30").repeated(10000 * 2500)); // the lowest quarter, in blue, green and red
     }
     QImage image;
     EXPECT_LT(PicDeMemoire([&] { image = LireImage(fichier, Place); }), 32);
     ASSERT_EQ(image.size(), QSize(200, 200));
     EXPECT_EQ(image.pixelColor(100, 20), QColor(Qt::black));
     EXPECT_EQ(image.pixelColor(100, 140), QColor(Qt::black));
-    EXPECT_EQ(image.pixelColor(100, 160), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(100, 160), QColor(0x30, 0x90, 0xF0));
 }
 
 TEST_F(LireImageTest, ALargeBitmapThatIsCutIsNone)
