@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QTest>
+#include <QtEndian>
 
 #include <gtest/gtest.h>
 
@@ -83,6 +84,22 @@ TEST_F(PanneauImageTest, APictureThatSaysItIsHugeTakesNoMemory)
     fichier.close();
     EXPECT_FALSE(panneau.Charger(fichier.fileName()));
     EXPECT_TRUE(panneau.Image().isNull());
+}
+
+TEST_F(PanneauImageTest, APanelWithoutRoomTakesAPictureThatIsReducedToIt)
+{
+    // Too large to be held, so it is reduced as it is read: by what its side is divided by that of the panel.
+    const QString chemin = Image(u"grande.bmp"_s, {10000, 1}, Qt::red, "BMP");
+    QFile fichier(chemin);
+    ASSERT_TRUE(fichier.open(QIODevice::ReadWrite));
+    QByteArray tete = fichier.read(54);
+    const qint32 hauteur = 10000;
+    qToLittleEndian(hauteur, tete.data() + 22);
+    ASSERT_TRUE(fichier.seek(0) && fichier.write(tete) == tete.size() && fichier.resize(54 + 40000LL * hauteur));
+    fichier.close();
+    panneau.resize(108, 8); // its margins
+    EXPECT_TRUE(panneau.Charger(chemin));
+    EXPECT_EQ(panneau.Image().size(), QSize(1, 1));
 }
 
 TEST_F(PanneauImageTest, AFileThatChangedIsReadAgain)
