@@ -43,6 +43,7 @@ TEST_F(FrmRemplacerImgTest, ShowsTheCategorysImageLeftAndTheNewOneRight)
     EXPECT_EQ(form.windowTitle(), "Remplacer une image");
     EXPECT_EQ(form.findChild<QLabel*>("Label1")->text(),
               "Voulez-vous remplacer l'image de gauche par celle de droite ?");
+    EXPECT_EQ(form.accessibleDescription(), form.findChild<QLabel*>("Label1")->text()) << "read out with the window";
     EXPECT_EQ(gauche->Image().size(), QSize(40, 30));
     EXPECT_EQ(droite->Image().size(), QSize(20, 50));
     EXPECT_LT(gauche->mapToGlobal(QPoint()).x(), droite->mapToGlobal(QPoint()).x());

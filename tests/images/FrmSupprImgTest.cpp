@@ -50,6 +50,7 @@ TEST_F(FrmSupprImgTest, ShowsTheImageAndItsQuestion)
     Demander([](QWidget& form) {
         EXPECT_EQ(form.windowTitle(), "Suppression d'une image");
         EXPECT_EQ(form.findChild<QLabel*>("Label1")->text(), u"Voulez-vous supprimer cette image de la catégorie?"_s);
+        EXPECT_EQ(form.accessibleDescription(), form.findChild<QLabel*>("Label1")->text()) << "read out with it";
         EXPECT_EQ(form.findChild<QPushButton*>("btOuiAll")->text().remove(u'&'), "Oui pour tous");
         EXPECT_EQ(form.findChild<QPushButton*>("btNonAll")->text().remove(u'&'), "Non pour tous");
         EXPECT_EQ(form.findChild<PanneauImage*>("Img")->Image().size(), QSize(40, 30));
