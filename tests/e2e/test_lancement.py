@@ -7,6 +7,10 @@ from zelvane_e2e import INSTANCE, PROGRAM, ProgramTest, wait_until, write_catalo
 
 class Launching(ProgramTest):
 
+    def catalogue(self):
+        """Opens without a word, and without the start-up window, which would take the keys for a moment."""
+        return write_catalogue(self.folder() / "disques.qrt", ["Titre", "Prêté"], [["Aja", ""]])
+
     def test_a_path_below_the_current_folder_is_kept_whole_among_the_recent_files(self):
         home = self.session.new_home()
         path = write_catalogue(home / "mes disques.qrt", ["Titre", "Prêté"], [["Aja", ""]])
@@ -50,7 +54,8 @@ class Launching(ProgramTest):
         opener = home / "xdg-open"
         opener.write_text(f'#!/bin/sh\nprintf %s "$1" > "{opened}.tmp"\nmv "{opened}.tmp" "{opened}"\n')
         opener.chmod(0o755)
-        program = self.start(home=home, environment={"PATH": f"{home}:{os.environ['PATH']}"})
+        program = self.start(self.catalogue(), home=home, environment={"PATH": f"{home}:{os.environ['PATH']}"})
+        program.table()
 
         program.menu("Aide", "Zelvane sur le Web")
 
@@ -71,7 +76,8 @@ class Launching(ProgramTest):
         self.assertEqual(again.find(role="tree").row(0)[3], "1\u202f200")
 
     def test_a_dialog_that_is_larger_than_the_screen_is_made_smaller(self):
-        program = self.start(environment={"QT_SCALE_FACTOR": "2"})
+        program = self.start(self.catalogue(), environment={"QT_SCALE_FACTOR": "2"})
+        program.table()
 
         program.key("ctrl+o")
 
