@@ -10,7 +10,7 @@
 #include "catalogue/texte/LectureQrt.h"
 #include "entries/ModeleASupprimer.h"
 #include "entries/OperationsEntrees.h"
-#include "vue/VueDeListe.h"
+#include "vue/VueDesLignes.h"
 
 #include <QApplication>
 #include <QFile>
@@ -101,7 +101,7 @@ void ImageDeLaListe(benchmark::State& etat)
     Mesurer(etat, [](Fenetre& fenetre) {
         ListeASupprimer liste(fenetre.myqrt);
         ModeleASupprimer modele(liste, fenetre.myqrt.MyLV->ColumnHeaders);
-        VueDeListe vue;
+        VueDesLignes vue;
         vue.Afficher(modele, fenetre.myqrt.MyLV->ColumnHeaders);
         modele.Remplir(false);
         vue.resize(760, 480);

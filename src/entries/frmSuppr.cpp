@@ -65,7 +65,7 @@ void frmSuppr::Brancher()
         RemplirListe();
         EcrireOption(Options::SupprDependant, cochee);
     });
-    connect(m_ui->ListView1, &VueDeListe::EnteteCliquee, this,
+    connect(m_ui->ListView1, &VueDesLignes::EnteteCliquee, this,
             [this](int colonne) { m_ui->ListView1->SuivreOrdre(m_modele->Trier(colonne)); });
     connect(m_ui->ListView1, &QWidget::customContextMenuRequested, this, &frmSuppr::MontrerMenu);
 }
@@ -77,7 +77,7 @@ void frmSuppr::RemplirListe()
 
 void frmSuppr::CocherSurlignees(bool cochees)
 {
-    for (const auto& [premiere, derniere] : m_ui->ListView1->Surlignees())
+    for (const auto& [premiere, derniere] : m_ui->ListView1->PlagesChoisies())
         m_modele->Cocher(premiere, derniere, cochees);
 }
 

@@ -13,8 +13,6 @@
 #include "extensions/dialogues/frmTip.h"
 #include "kit/FenetreDessous.h"
 #include "shell/MDIForm1.h"
-#include "vue/MesuresDeVue.h"
-#include "vue/mAjustColListView.h"
 
 #include <algorithm>
 
@@ -110,13 +108,12 @@ void Actualiser(Lieu lieu)
 
 void Ajuster(Lieu lieu)
 {
-    AjusterColonnes(TableDe(lieu), MesuresDeVue(lieu.document->ListView1(), *lieu.document));
+    lieu.document->ListView1().AjusterColonnes(*lieu.document);
 }
 
 void Redimensionner(Lieu lieu)
 {
-    const VueTable& vue = lieu.document->ListView1();
-    RedimensionnerColonnes(TableDe(lieu), vue.UnitesDe(vue.width()));
+    lieu.document->ListView1().RedimensionnerColonnes();
 }
 
 // ---- oddities, which are meant

@@ -2,6 +2,8 @@
 
 #include "catalogue/table/MyLV.h"
 
+#include <QAbstractItemModel>
+
 #include <algorithm>
 
 namespace {
@@ -37,7 +39,20 @@ int ChercherDebut(const MyLV& table, const QString& debut, int apres)
     return 0;
 }
 
-int SaisieRapide::Taper(const MyLV& table, const QString& lettres, int courante, Instant instant,
+int ChercherDebut(const QAbstractItemModel& liste, const QString& debut, int apres)
+{
+    const int nombre = liste.rowCount();
+    if (debut.isEmpty() || nombre == 0 || liste.columnCount() == 0)
+        return 0;
+    for (int pas = 0; pas < nombre; ++pas) {
+        const int ligne = (apres + pas) % nombre + 1;
+        if (liste.index(ligne - 1, 0).data().toString().startsWith(debut, Qt::CaseInsensitive))
+            return ligne;
+    }
+    return 0;
+}
+
+int SaisieRapide::Taper(const Recherche& chercher, const QString& lettres, int courante, Instant instant,
                         std::chrono::milliseconds delai)
 {
     const bool suite = EnCours(instant, delai);
@@ -46,12 +61,12 @@ int SaisieRapide::Taper(const MyLV& table, const QString& lettres, int courante,
     const bool repetee = m_texte.size() > 1 && std::ranges::all_of(m_texte, [&](QChar c) { return c == m_texte[0]; });
     // A text that grows may still fit the entry it has led to.
     if (suite && courante > 0) {
-        if (const int ligne = ChercherDebut(table, m_texte, courante - 1); ligne > 0)
+        if (const int ligne = chercher(m_texte, courante - 1); ligne > 0)
             return ligne;
     }
     if (repetee)
-        return ChercherDebut(table, m_texte.left(1), courante);
-    return suite ? 0 : ChercherDebut(table, m_texte, courante);
+        return chercher(m_texte.left(1), courante);
+    return suite ? 0 : chercher(m_texte, courante);
 }
 
 bool SaisieRapide::EnCours(Instant instant, std::chrono::milliseconds delai) const

@@ -21,11 +21,6 @@ void AjusterColonnes(ColumnHeaders& colonnes, const MesuresDeColonnes& mesures)
     }
 }
 
-void AjusterColonnes(MyLV& table, const MesuresDeColonnes& mesures)
-{
-    AjusterColonnes(table.ColumnHeaders, mesures);
-}
-
 void RedimensionnerColonnes(ColumnHeaders& colonnes, int lignes, double largeur)
 {
     if (lignes == 0)
@@ -40,9 +35,4 @@ void RedimensionnerColonnes(ColumnHeaders& colonnes, int lignes, double largeur)
         ColumnHeader& colonne = colonnes(i);
         colonne.SetWidth(static_cast<float>(colonne.Width() * facteur));
     }
-}
-
-void RedimensionnerColonnes(MyLV& table, double largeur)
-{
-    RedimensionnerColonnes(table.ColumnHeaders, table.ListItems.Count(), largeur);
 }

@@ -1,4 +1,4 @@
-// The widths of a table's columns, adapted at the user's request. A width alone is no change of a document.
+// The widths of a list's columns, adapted at the user's request. A width alone is no change of a document.
 #pragma once
 
 #include <QString>
@@ -6,9 +6,8 @@
 #include <vector>
 
 class ColumnHeaders;
-class MyLV;
 
-/// Measures for the columns of a table, in units of 1/1440 inch. The list that shows the table implements it.
+/// Measures for the columns of a list, in units of 1/1440 inch. The view of the list implements it.
 class MesuresDeColonnes
 {
 public:
@@ -22,10 +21,8 @@ public:
 
 /// Fits each column to its contents; a title gets room around it.
 void AjusterColonnes(ColumnHeaders& colonnes, const MesuresDeColonnes& mesures);
-void AjusterColonnes(MyLV& table, const MesuresDeColonnes& mesures);
 
 /// Scales all columns of a list with `lignes` rows by one factor, so that together they fill a control of the width
 /// `largeur` (1/1440 inch) less the room of its scroll bar. Nothing happens in a list without rows, or when there is
 /// nothing to scale.
 void RedimensionnerColonnes(ColumnHeaders& colonnes, int lignes, double largeur);
-void RedimensionnerColonnes(MyLV& table, double largeur);

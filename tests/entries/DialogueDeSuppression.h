@@ -5,7 +5,7 @@
 #include "support/GardeModale.h"
 #include "support/PlateformeDeTest.h"
 #include "support/TableDeTest.h"
-#include "vue/VueDeListe.h"
+#include "vue/VueDesLignes.h"
 
 #include <QCheckBox>
 #include <QHeaderView>
@@ -18,9 +18,9 @@
 
 #include <functional>
 
-inline VueDeListe& Liste(const QWidget& form)
+inline VueDesLignes& Liste(const QWidget& form)
 {
-    return *form.findChild<VueDeListe*>("ListView1");
+    return *form.findChild<VueDesLignes*>("ListView1");
 }
 inline QPushButton& Bouton(const QWidget& form, const char* nom)
 {

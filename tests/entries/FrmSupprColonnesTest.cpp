@@ -1,10 +1,6 @@
 // Order and widths of the columns in the list of what is to be deleted.
 #include "entries/DialogueDeSuppression.h"
 
-#include <QStyledItemDelegate>
-
-#include <set>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -47,38 +43,16 @@ TEST_F(FrmSupprTest, HighlightAndFocusGoWithTheirRowsWhenSorted)
         CliquerSurLigne(form, 4, Qt::ControlModifier);
         CliquerSurTitre(form, 1);
         const std::vector<std::pair<int, int>> attendues{{2, 2}, {4, 4}};
-        EXPECT_EQ(Liste(form).Surlignees(), attendues);
+        EXPECT_EQ(Liste(form).PlagesChoisies(), attendues);
         EXPECT_EQ(Liste(form).currentIndex().row(), 1);
     });
-}
-
-TEST_F(FrmSupprTest, ColumnsWithoutWidthAreNotDrawn)
-{
-    struct DelegueNote : QStyledItemDelegate
-    {
-        void paint(QPainter*, const QStyleOptionViewItem&, const QModelIndex& index) const override
-        {
-            dessinees.insert(index.column() + 1);
-        }
-        mutable std::set<int> dessinees;
-    } delegue;
-    Entrees({"a", "b"});
-    table.ColumnHeaders(2).SetWidth(0);
-    Lancer([&delegue](QWidget& form) {
-        VueDeListe& liste = Liste(form);
-        liste.setItemDelegate(&delegue);
-        liste.viewport()->repaint();
-        liste.setItemDelegate(nullptr);
-    });
-    EXPECT_TRUE(delegue.dessinees.contains(1));
-    EXPECT_FALSE(delegue.dessinees.contains(2));
 }
 
 TEST_F(FrmSupprTest, CtrlDScalesTheColumnsOfTheDialogToItsWidth)
 {
     Entrees({"a", "b"});
     Lancer([](QWidget& form) {
-        VueDeListe& liste = Liste(form);
+        VueDesLignes& liste = Liste(form);
         QTest::keyClick(&liste, Qt::Key_D, Qt::ControlModifier);
         const int somme = liste.columnWidth(0) + liste.columnWidth(1) + liste.columnWidth(2);
         const int place = liste.width() - qRound(340.0 * liste.logicalDpiX() / 1440);
@@ -92,7 +66,7 @@ TEST_F(FrmSupprTest, CtrlRFitsTheColumnsToTheirContents)
 {
     Entrees({QString(60, u'm'), "b"});
     Lancer([](QWidget& form) {
-        VueDeListe& liste = Liste(form);
+        VueDesLignes& liste = Liste(form);
         const QFontMetrics mesures = liste.fontMetrics();
         QTest::keyClick(&liste, Qt::Key_R, Qt::ControlModifier);
         EXPECT_GT(liste.columnWidth(0), mesures.horizontalAdvance(QString(60, u'm')));
@@ -107,7 +81,7 @@ TEST_F(FrmSupprTest, WithoutCtrlOrWithMoreThanThatTheKeysChangeNoWidth)
 {
     Entrees({QString(60, u'm'), "b"});
     Lancer([](QWidget& form) {
-        VueDeListe& liste = Liste(form);
+        VueDesLignes& liste = Liste(form);
         const int avant = liste.columnWidth(0);
         for (const Qt::Key touche : {Qt::Key_R, Qt::Key_D}) {
             for (const Qt::KeyboardModifiers avec :
@@ -136,7 +110,7 @@ TEST_F(FrmSupprTest, AColumnThatTheUserDragsIsScaledFromThere)
 {
     Entrees({"a", "b"});
     Lancer([](QWidget& form) {
-        VueDeListe& liste = Liste(form);
+        VueDesLignes& liste = Liste(form);
         liste.horizontalHeader()->resizeSection(0, 50);
         liste.horizontalHeader()->resizeSection(1, 50);
         QTest::keyClick(&liste, Qt::Key_D, Qt::ControlModifier);

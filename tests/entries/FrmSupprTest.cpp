@@ -13,7 +13,6 @@
 #include <QHeaderView>
 #include <QImage>
 #include <QLabel>
-#include <QPaintEvent>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
@@ -117,60 +116,6 @@ TEST_F(FrmSupprTest, TheSpaceBarFlipsTheMarkOfTheRowWithTheFocus)
         QTest::keyClick(&Liste(form), Qt::Key_Down);
         QTest::keyClick(&Liste(form), Qt::Key_Space);
         EXPECT_EQ(Coches(form), "x--");
-    });
-}
-
-TEST_F(FrmSupprTest, TheFocusIsALineAroundTheWholeRowAndNoHighlight)
-{
-    Entrees({"Bleu", "Rouge", "Vert"}, {"A", "B", "C"});
-    Lancer([](QWidget& form) {
-        VueDeListe& liste = Liste(form);
-        const auto image = [&liste] { return liste.viewport()->grab().toImage(); };
-        liste.setFocus();
-        liste.selectionModel()->clear();
-        QTest::keyClick(&liste, Qt::Key_Down);
-        const QRect rangee(0, liste.rowViewportPosition(2), liste.horizontalHeader()->length(), liste.rowHeight(2));
-        const QRect dedans = rangee.adjusted(1, 1, -1, -1);
-        const QImage avant = image();
-        QTest::keyClick(&liste, Qt::Key_Down, Qt::ControlModifier);
-        QTest::keyClick(&liste, Qt::Key_Down, Qt::ControlModifier);
-        ASSERT_EQ(liste.currentIndex().row(), 2);
-        ASSERT_FALSE(liste.selectionModel()->isRowSelected(2));
-        const QImage apres = image();
-        EXPECT_EQ(apres.copy(dedans), avant.copy(dedans));
-        const QRgb trait = liste.palette().color(QPalette::Highlight).rgb();
-        for (const QPoint& point :
-             {rangee.topLeft(), rangee.topRight(), rangee.bottomLeft(), QPoint(rangee.center().x(), rangee.top())})
-            EXPECT_EQ(apres.pixel(point), trait) << point.x() << ' ' << point.y();
-    });
-}
-
-TEST_F(FrmSupprTest, TheFocusIsDrawnAnewWhereItWasAndWhereItIs)
-{
-    Entrees({"Bleu", "Rouge", "Vert"}, {"A", "B", "C"});
-    Lancer([](QWidget& form) {
-        VueDeListe& liste = Liste(form);
-        liste.setFocus();
-        QTest::keyClick(&liste, Qt::Key_Down);
-        QCoreApplication::processEvents();
-        struct Peint : QObject
-        {
-            bool eventFilter(QObject*, QEvent* event) override
-            {
-                if (event->type() == QEvent::Paint)
-                    zone += static_cast<QPaintEvent*>(event)->region();
-                return false;
-            }
-            QRegion zone;
-        } peint;
-        liste.viewport()->installEventFilter(&peint);
-        const int avant = liste.currentIndex().row();
-        QTest::keyClick(&liste, Qt::Key_Down, Qt::ControlModifier);
-        QCoreApplication::processEvents();
-        for (const int ligne : {avant, liste.currentIndex().row()})
-            for (int colonne = 0; colonne < 2; ++colonne)
-                EXPECT_TRUE(peint.zone.contains(liste.visualRect(liste.model()->index(ligne, colonne)) &
-                                                liste.viewport()->rect()));
     });
 }
 
@@ -419,7 +364,7 @@ TEST_F(FrmSupprTest, AHundredThousandRowsAreListedHighlightedSortedAndDeleted)
         QTest::keyClick(&Liste(form), Qt::Key_A, Qt::ControlModifier);
         CliquerSurTitre(form, 1);
         const std::vector<std::pair<int, int>> toutes{{1, Combien - 1}};
-        EXPECT_EQ(Liste(form).Surlignees(), toutes);
+        EXPECT_EQ(Liste(form).PlagesChoisies(), toutes);
         Cliquer(form, "btUSel");
         EXPECT_EQ(Compte(form), "0 / 99999");
         Cliquer(form, "btInverser");

@@ -24,7 +24,8 @@ protected:
 
     int Taper(const QString& lettres, int courante, std::chrono::milliseconds quand)
     {
-        return saisie.Taper(table, lettres, courante, SaisieRapide::Instant() + quand, 400ms);
+        const auto chercher = [this](const QString& debut, int apres) { return ChercherDebut(table, debut, apres); };
+        return saisie.Taper(chercher, lettres, courante, SaisieRapide::Instant() + quand, 400ms);
     }
 
     MyLV table;

@@ -1,4 +1,4 @@
-// A table view on the offscreen screen, for tests of what a user sees and does.
+// A list view with a table on the offscreen screen, for tests of what a user sees and does.
 #pragma once
 
 #include "support/TableDeTest.h"
@@ -10,7 +10,7 @@
 
 #include <gtest/gtest.h>
 
-class VueDeTest : public testing::Test
+template<class Vue> class VueAvecTable : public testing::Test
 {
 protected:
     /// Shows a table of two columns with `entrees` entries "Titre 001" and so on.
@@ -51,5 +51,10 @@ protected:
     int Focus() const { return table.SelectedItem() ? table.SelectedItem().Index() : 0; }
 
     MyLV table;
-    VueTable vue;
+    Vue vue;
 };
+
+/// The view of a document.
+using VueDeTest = VueAvecTable<VueTable>;
+/// The view of a dialog.
+using LignesDeTest = VueAvecTable<VueDesLignes>;

@@ -48,21 +48,21 @@ protected:
 
 TEST_F(Colonnes, ATitleLongerThanItsCellsGetsRoomAroundIt)
 {
-    AjusterColonnes(table, MesuresPreparees({520, 300}));
+    AjusterColonnes(table.ColumnHeaders, MesuresPreparees({520, 300}));
     EXPECT_EQ(Largeur(1), 500 + 550);
     EXPECT_EQ(Largeur(2), 700 + 550);
 }
 
 TEST_F(Colonnes, LongCellsGetTheirWidthAndNoRoomMore)
 {
-    AjusterColonnes(table, MesuresPreparees({4000, 1251}));
+    AjusterColonnes(table.ColumnHeaders, MesuresPreparees({4000, 1251}));
     EXPECT_EQ(Largeur(1), 4000);
     EXPECT_EQ(Largeur(2), 1251);
 }
 
 TEST_F(Colonnes, AContentAsWideAsTheTitleWithItsRoomStays)
 {
-    AjusterColonnes(table, MesuresPreparees({1050, 1250}));
+    AjusterColonnes(table.ColumnHeaders, MesuresPreparees({1050, 1250}));
     EXPECT_EQ(Largeur(1), 1050);
     EXPECT_EQ(Largeur(2), 1250);
 }
@@ -70,14 +70,14 @@ TEST_F(Colonnes, AContentAsWideAsTheTitleWithItsRoomStays)
 TEST_F(Colonnes, TheEntriesAreGoneThroughOnceForAllColumns)
 {
     const MesuresPreparees mesures({1050, 1250});
-    AjusterColonnes(table, mesures);
+    AjusterColonnes(table.ColumnHeaders, mesures);
     EXPECT_EQ(mesures.passages, 1);
 }
 
 TEST_F(Colonnes, ATableWithoutEntriesIsFittedToItsTitles)
 {
     table.ListItems.Clear();
-    AjusterColonnes(table, MesuresPreparees({0, 0}));
+    AjusterColonnes(table.ColumnHeaders, MesuresPreparees({0, 0}));
     EXPECT_EQ(Largeur(1), 1050);
     EXPECT_EQ(Largeur(2), 1250);
 }
@@ -85,7 +85,7 @@ TEST_F(Colonnes, ATableWithoutEntriesIsFittedToItsTitles)
 TEST_F(Colonnes, ScaledColumnsFillTheControlAndKeepTheirProportions)
 {
     MettreLargeurs(1000, 3000);
-    RedimensionnerColonnes(table, 8340);
+    RedimensionnerColonnes(table.ColumnHeaders, table.ListItems.Count(), 8340);
     EXPECT_FLOAT_EQ(Largeur(1), 2000);
     EXPECT_FLOAT_EQ(Largeur(2), 6000);
 }
@@ -93,7 +93,7 @@ TEST_F(Colonnes, ScaledColumnsFillTheControlAndKeepTheirProportions)
 TEST_F(Colonnes, WideColumnsAreScaledDown)
 {
     MettreLargeurs(6000, 2000);
-    RedimensionnerColonnes(table, 4340);
+    RedimensionnerColonnes(table.ColumnHeaders, table.ListItems.Count(), 4340);
     EXPECT_FLOAT_EQ(Largeur(1), 3000);
     EXPECT_FLOAT_EQ(Largeur(2), 1000);
 }
@@ -101,10 +101,10 @@ TEST_F(Colonnes, WideColumnsAreScaledDown)
 TEST_F(Colonnes, ScalingTwiceChangesNothingMore)
 {
     MettreLargeurs(777, 1234.5F);
-    RedimensionnerColonnes(table, 10000);
+    RedimensionnerColonnes(table.ColumnHeaders, table.ListItems.Count(), 10000);
     const float premiere = Largeur(1);
     const float seconde = Largeur(2);
-    RedimensionnerColonnes(table, 10000);
+    RedimensionnerColonnes(table.ColumnHeaders, table.ListItems.Count(), 10000);
     EXPECT_FLOAT_EQ(Largeur(1), premiere);
     EXPECT_FLOAT_EQ(Largeur(2), seconde);
     EXPECT_FLOAT_EQ(premiere + seconde, 9660);
@@ -114,7 +114,7 @@ TEST_F(Colonnes, ATableWithoutEntriesIsNotScaled)
 {
     table.ListItems.Clear();
     MettreLargeurs(1000, 3000);
-    RedimensionnerColonnes(table, 8340);
+    RedimensionnerColonnes(table.ColumnHeaders, table.ListItems.Count(), 8340);
     EXPECT_EQ(Largeur(1), 1000);
     EXPECT_EQ(Largeur(2), 3000);
 }
@@ -122,7 +122,7 @@ TEST_F(Colonnes, ATableWithoutEntriesIsNotScaled)
 TEST_F(Colonnes, ColumnsWithoutWidthAreNotScaled)
 {
     MettreLargeurs(0, 0);
-    RedimensionnerColonnes(table, 8340);
+    RedimensionnerColonnes(table.ColumnHeaders, table.ListItems.Count(), 8340);
     EXPECT_EQ(Largeur(1), 0);
     EXPECT_EQ(Largeur(2), 0);
 }
@@ -130,8 +130,8 @@ TEST_F(Colonnes, ColumnsWithoutWidthAreNotScaled)
 TEST_F(Colonnes, AControlWithoutRoomScalesNothing)
 {
     MettreLargeurs(1000, 3000);
-    RedimensionnerColonnes(table, 340);
-    RedimensionnerColonnes(table, 0);
+    RedimensionnerColonnes(table.ColumnHeaders, table.ListItems.Count(), 340);
+    RedimensionnerColonnes(table.ColumnHeaders, table.ListItems.Count(), 0);
     EXPECT_EQ(Largeur(1), 1000);
     EXPECT_EQ(Largeur(2), 3000);
 }

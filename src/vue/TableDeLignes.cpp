@@ -1,4 +1,4 @@
-#include "kit/TableDeLignes.h"
+#include "vue/TableDeLignes.h"
 
 #include <QHeaderView>
 #include <QItemSelectionModel>

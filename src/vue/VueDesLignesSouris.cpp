@@ -1,6 +1,6 @@
-// The mouse in a document's table.
-#include "vue/ModeleTable.h"
-#include "vue/VueTable.h"
+// The mouse in a list of rows.
+#include "vue/LignesChoisies.h"
+#include "vue/VueDesLignes.h"
 
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -20,18 +20,18 @@ int SensVers(double y, int hauteur)
 
 } // namespace
 
-void VueTable::mousePressEvent(QMouseEvent* event)
+void VueDesLignes::mousePressEvent(QMouseEvent* event)
 {
-    m_modele->Rafraichir();
+    MettreAJour();
     // With any other button the base would move the focus, and leave the selection behind.
     if (event->button() != Qt::LeftButton && event->button() != Qt::RightButton)
         return;
-    // Where the focus is before the base takes it to the entry that was pressed.
+    // Where the focus is before the base takes it to the row that was pressed.
     if (m_ancre == 0)
         m_ancre = LigneCourante();
     QTableView::mousePressEvent(event);
     const int ligne = LigneSous(event->position().toPoint());
-    const bool dejaChoisie = ligne > 0 && m_modele->Table().EstSelectionnee(ligne);
+    const bool dejaChoisie = ligne > 0 && m_choix->EstChoisie(ligne);
     m_ligneALaisser = 0;
     m_ligneTiree = 0;
     if (event->button() == Qt::RightButton && !dejaChoisie)
@@ -48,7 +48,7 @@ void VueTable::mousePressEvent(QMouseEvent* event)
     }
 }
 
-void VueTable::mouseMoveEvent(QMouseEvent* event)
+void VueDesLignes::mouseMoveEvent(QMouseEvent* event)
 {
     m_touchesEnTirant = event->modifiers();
     if (TireDehors(*event))
@@ -60,9 +60,9 @@ void VueTable::mouseMoveEvent(QMouseEvent* event)
     TirerJusque(ligne > 0 ? ligne : DerniereVisible());
 }
 
-/// Above or below the entries they scroll by for as long as the pointer stays there, and are selected as they come.
-/// The base would scroll only while the pointer moves: to it, entries that are not seen yet lie under the pointer.
-bool VueTable::TireDehors(const QMouseEvent& event)
+/// Above or below the rows they scroll by for as long as the pointer stays there, and are selected as they come.
+/// The base would scroll only while the pointer moves: to it, rows that are not seen yet lie under the pointer.
+bool VueDesLignes::TireDehors(const QMouseEvent& event)
 {
     const bool tire = (event.buttons() & Qt::LeftButton) && m_ligneTiree > 0;
     m_sensDuDefilement = tire ? SensVers(event.position().y(), viewport()->height()) : 0;
@@ -79,7 +79,7 @@ bool VueTable::TireDehors(const QMouseEvent& event)
     return true;
 }
 
-void VueTable::timerEvent(QTimerEvent* event)
+void VueDesLignes::timerEvent(QTimerEvent* event)
 {
     if (event->timerId() == m_defilement.timerId())
         Defiler();
@@ -88,7 +88,7 @@ void VueTable::timerEvent(QTimerEvent* event)
 }
 
 /// Slowly at first, then faster and faster, a screenful at a time at most.
-void VueTable::Defiler()
+void VueDesLignes::Defiler()
 {
     QScrollBar& barre = *verticalScrollBar();
     m_pasDuDefilement = qMin(m_pasDuDefilement + Acceleration, qMax(barre.pageStep(), Acceleration));
@@ -96,7 +96,7 @@ void VueTable::Defiler()
     TirerJusque(m_sensDuDefilement < 0 ? qMax(LigneSous(QPoint(0, 0)), 1) : DerniereVisible());
 }
 
-void VueTable::TirerJusque(int ligne)
+void VueDesLignes::TirerJusque(int ligne)
 {
     if (ligne == m_ligneTiree)
         return;
@@ -105,11 +105,9 @@ void VueTable::TirerJusque(int ligne)
     Faire(m_touchesEnTirant & Qt::ControlModifier ? Geste::Ajouter : Geste::Etendre, ligne);
 }
 
-void VueTable::mouseReleaseEvent(QMouseEvent* event)
+void VueDesLignes::mouseReleaseEvent(QMouseEvent* event)
 {
     QTableView::mouseReleaseEvent(event);
-    if (event->button() == Qt::RightButton)
-        emit ClicDroit(event->globalPosition().toPoint());
     if (event->button() != Qt::LeftButton)
         return;
     if (m_ligneALaisser > 0)
@@ -117,13 +115,4 @@ void VueTable::mouseReleaseEvent(QMouseEvent* event)
     m_defilement.stop();
     m_ligneALaisser = 0;
     m_ligneTiree = 0;
-    if (LigneSous(event->position().toPoint()) > 0)
-        emit EntreeCliquee();
-}
-
-void VueTable::mouseDoubleClickEvent(QMouseEvent* event)
-{
-    QTableView::mouseDoubleClickEvent(event);
-    if (event->button() == Qt::LeftButton && LigneSous(event->position().toPoint()) > 0)
-        emit EntreeDoubleCliquee();
 }

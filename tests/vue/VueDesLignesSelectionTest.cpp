@@ -2,7 +2,7 @@
 #include "VueDeTest.h"
 
 #include "support/Impression.h"
-#include "vue/SelectionTable.h"
+#include "vue/SelectionDesLignes.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class VueTableSelection : public VueDeTest
+class VueDesLignesSelection : public LignesDeTest
 {
 protected:
     /// Moves the pointer with the left button held.
@@ -29,7 +29,7 @@ using Positions = std::vector<int>;
 
 } // namespace
 
-TEST_F(VueTableSelection, AClickSelectsOneEntryAndGivesItTheFocus)
+TEST_F(VueDesLignesSelection, AClickSelectsOneEntryAndGivesItTheFocus)
 {
     Montrer(5);
     Cliquer(2);
@@ -40,14 +40,14 @@ TEST_F(VueTableSelection, AClickSelectsOneEntryAndGivesItTheFocus)
     EXPECT_EQ(Focus(), 4);
 }
 
-TEST_F(VueTableSelection, AClickInAnyColumnSelectsTheEntry)
+TEST_F(VueDesLignesSelection, AClickInAnyColumnSelectsTheEntry)
 {
     Montrer(5);
     QTest::mouseClick(vue.viewport(), Qt::LeftButton, Qt::NoModifier, Milieu(3, 2));
     EXPECT_EQ(Choisies(), Positions({3}));
 }
 
-TEST_F(VueTableSelection, CtrlAndAClickTurnOneEntryOnAndOff)
+TEST_F(VueDesLignesSelection, CtrlAndAClickTurnOneEntryOnAndOff)
 {
     Montrer(5);
     Cliquer(1);
@@ -58,7 +58,7 @@ TEST_F(VueTableSelection, CtrlAndAClickTurnOneEntryOnAndOff)
     EXPECT_EQ(Focus(), 1);
 }
 
-TEST_F(VueTableSelection, ShiftAndAClickSelectFromTheAnchor)
+TEST_F(VueDesLignesSelection, ShiftAndAClickSelectFromTheAnchor)
 {
     Montrer(8);
     Cliquer(3);
@@ -68,7 +68,7 @@ TEST_F(VueTableSelection, ShiftAndAClickSelectFromTheAnchor)
     EXPECT_EQ(Choisies(), Positions({1, 2, 3}));
 }
 
-TEST_F(VueTableSelection, CtrlAndShiftAddARun)
+TEST_F(VueDesLignesSelection, CtrlAndShiftAddARun)
 {
     Montrer(8);
     Cliquer(1);
@@ -77,7 +77,7 @@ TEST_F(VueTableSelection, CtrlAndShiftAddARun)
     EXPECT_EQ(Choisies(), Positions({1, 4, 5, 6}));
 }
 
-TEST_F(VueTableSelection, AClickBelowTheEntriesSelectsNone)
+TEST_F(VueDesLignesSelection, AClickBelowTheEntriesSelectsNone)
 {
     Montrer(3);
     Cliquer(2);
@@ -86,7 +86,7 @@ TEST_F(VueTableSelection, AClickBelowTheEntriesSelectsNone)
     EXPECT_EQ(Focus(), 2);
 }
 
-TEST_F(VueTableSelection, AClickBelowTheEntriesWithCtrlOrShiftChangesNothing)
+TEST_F(VueDesLignesSelection, AClickBelowTheEntriesWithCtrlOrShiftChangesNothing)
 {
     Montrer(3);
     Cliquer(2);
@@ -96,7 +96,7 @@ TEST_F(VueTableSelection, AClickBelowTheEntriesWithCtrlOrShiftChangesNothing)
     EXPECT_EQ(Choisies(), Positions({2}));
 }
 
-TEST_F(VueTableSelection, AClickOnOneOfSeveralLetsTheOthersGoOnlyAtRelease)
+TEST_F(VueDesLignesSelection, AClickOnOneOfSeveralLetsTheOthersGoOnlyAtRelease)
 {
     Montrer(5);
     Cliquer(1);
@@ -107,7 +107,7 @@ TEST_F(VueTableSelection, AClickOnOneOfSeveralLetsTheOthersGoOnlyAtRelease)
     EXPECT_EQ(Choisies(), Positions({2}));
 }
 
-TEST_F(VueTableSelection, TheRightButtonKeepsASelectionItPointsInto)
+TEST_F(VueDesLignesSelection, TheRightButtonKeepsASelectionItPointsInto)
 {
     Montrer(5);
     Cliquer(1);
@@ -118,7 +118,7 @@ TEST_F(VueTableSelection, TheRightButtonKeepsASelectionItPointsInto)
     EXPECT_EQ(Choisies(), Positions({5}));
 }
 
-TEST_F(VueTableSelection, DraggingSelectsTheEntriesPassed)
+TEST_F(VueDesLignesSelection, DraggingSelectsTheEntriesPassed)
 {
     Montrer(8);
     QTest::mousePress(vue.viewport(), Qt::LeftButton, Qt::NoModifier, Milieu(2));
@@ -128,7 +128,7 @@ TEST_F(VueTableSelection, DraggingSelectsTheEntriesPassed)
     EXPECT_EQ(Choisies(), Positions({2, 3, 4, 5}));
 }
 
-TEST_F(VueTableSelection, DraggingBelowOrAboveTheViewScrollsForAsLongAsThePointerStays)
+TEST_F(VueDesLignesSelection, DraggingBelowOrAboveTheViewScrollsForAsLongAsThePointerStays)
 {
     Montrer(300);
     const QRect vu = vue.viewport()->rect();
@@ -154,7 +154,7 @@ TEST_F(VueTableSelection, DraggingBelowOrAboveTheViewScrollsForAsLongAsThePointe
     EXPECT_EQ(vue.verticalScrollBar()->value(), place) << "the release ends it";
 }
 
-TEST_F(VueTableSelection, ShiftAndAClickSelectFromTheFocusWhenTheEntriesWereSorted)
+TEST_F(VueDesLignesSelection, ShiftAndAClickSelectFromTheFocusWhenTheEntriesWereSorted)
 {
     Montrer(8);
     Cliquer(2);
@@ -166,7 +166,7 @@ TEST_F(VueTableSelection, ShiftAndAClickSelectFromTheFocusWhenTheEntriesWereSort
     EXPECT_EQ(Choisies(), Positions({5, 6, 7}));
 }
 
-TEST_F(VueTableSelection, TheMiddleButtonMovesNeitherSelectionNorFocus)
+TEST_F(VueDesLignesSelection, TheMiddleButtonMovesNeitherSelectionNorFocus)
 {
     Montrer(5);
     Cliquer(2);
@@ -175,7 +175,7 @@ TEST_F(VueTableSelection, TheMiddleButtonMovesNeitherSelectionNorFocus)
     EXPECT_EQ(Focus(), 2);
 }
 
-TEST_F(VueTableSelection, ArrowKeysMoveTheSelection)
+TEST_F(VueDesLignesSelection, ArrowKeysMoveTheSelection)
 {
     Montrer(5);
     Cliquer(2);
@@ -195,7 +195,7 @@ TEST_F(VueTableSelection, ArrowKeysMoveTheSelection)
     EXPECT_EQ(Focus(), 1);
 }
 
-TEST_F(VueTableSelection, TheFirstArrowKeySelectsTheEntryWithTheFocus)
+TEST_F(VueDesLignesSelection, TheFirstArrowKeySelectsTheEntryWithTheFocus)
 {
     Montrer(5);
     ASSERT_EQ(Focus(), 1);
@@ -205,7 +205,7 @@ TEST_F(VueTableSelection, TheFirstArrowKeySelectsTheEntryWithTheFocus)
     EXPECT_EQ(Choisies(), Positions({2}));
 }
 
-TEST_F(VueTableSelection, ShiftAndArrowKeysExtendAndTakeBack)
+TEST_F(VueDesLignesSelection, ShiftAndArrowKeysExtendAndTakeBack)
 {
     Montrer(8);
     Cliquer(4);
@@ -220,7 +220,7 @@ TEST_F(VueTableSelection, ShiftAndArrowKeysExtendAndTakeBack)
     EXPECT_EQ(Choisies(), Positions({4, 5, 6, 7, 8}));
 }
 
-TEST_F(VueTableSelection, CtrlMovesTheFocusAloneAndTheBlankTurnsAnEntryOn)
+TEST_F(VueDesLignesSelection, CtrlMovesTheFocusAloneAndTheBlankTurnsAnEntryOn)
 {
     Montrer(5);
     Cliquer(1);
@@ -236,7 +236,7 @@ TEST_F(VueTableSelection, CtrlMovesTheFocusAloneAndTheBlankTurnsAnEntryOn)
     EXPECT_EQ(Choisies(), Positions({3}));
 }
 
-TEST_F(VueTableSelection, PageKeysMoveByAScreenfulAndShowWhereTheyLead)
+TEST_F(VueDesLignesSelection, PageKeysMoveByAScreenfulAndShowWhereTheyLead)
 {
     Montrer(200);
     Cliquer(1);
@@ -250,14 +250,14 @@ TEST_F(VueTableSelection, PageKeysMoveByAScreenfulAndShowWhereTheyLead)
     EXPECT_EQ(vue.verticalScrollBar()->value(), 0);
 }
 
-TEST_F(VueTableSelection, CtrlASelectsEveryEntry)
+TEST_F(VueDesLignesSelection, CtrlASelectsEveryEntry)
 {
     Montrer(40);
     Taper(Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(table.NombreDeSelectionnees(), 40);
 }
 
-TEST_F(VueTableSelection, TypingLettersJumpsToAnEntry)
+TEST_F(VueDesLignesSelection, TypingLettersJumpsToAnEntry)
 {
     Montrer(200);
     table.ListItems(150).SetText(u"Zénith"_s);
@@ -268,7 +268,7 @@ TEST_F(VueTableSelection, TypingLettersJumpsToAnEntry)
     EXPECT_TRUE(vue.viewport()->rect().contains(Milieu(150)));
 }
 
-TEST_F(VueTableSelection, ABlankInATypedTextBelongsToIt)
+TEST_F(VueDesLignesSelection, ABlankInATypedTextBelongsToIt)
 {
     Montrer(200);
     Cliquer(1);
@@ -276,7 +276,7 @@ TEST_F(VueTableSelection, ABlankInATypedTextBelongsToIt)
     EXPECT_EQ(Choisies(), Positions({123}));
 }
 
-TEST_F(VueTableSelection, SelectedOfTheEntriesIsTheTruth)
+TEST_F(VueDesLignesSelection, SelectedOfTheEntriesIsTheTruth)
 {
     Montrer(5);
     table.ListItems(2).SetSelected(true);
@@ -292,17 +292,17 @@ TEST_F(VueTableSelection, SelectedOfTheEntriesIsTheTruth)
     EXPECT_FALSE(choisie(2));
 }
 
-TEST_F(VueTableSelection, ASelectionInPiecesIsNotCopiedWhole)
+TEST_F(VueDesLignesSelection, ASelectionInPiecesIsNotCopiedWhole)
 {
     Montrer(2000);
     for (int i = 1; i <= 2000; i += 2)
         table.ListItems(i).SetSelected(true);
     QCoreApplication::processEvents();
-    EXPECT_EQ(vue.selectionModel()->selection().size(), SelectionTable::PlagesAuPlus);
+    EXPECT_EQ(vue.selectionModel()->selection().size(), SelectionDesLignes::PlagesAuPlus);
     EXPECT_EQ(table.NombreDeSelectionnees(), 1000);
 }
 
-TEST_F(VueTableSelection, AnAssistiveTechnologySelectsEntriesOfTheTable)
+TEST_F(VueDesLignesSelection, AnAssistiveTechnologySelectsEntriesOfTheTable)
 {
     Montrer(5);
     QAccessibleInterface* acces = QAccessible::queryAccessibleInterface(&vue);
@@ -315,7 +315,7 @@ TEST_F(VueTableSelection, AnAssistiveTechnologySelectsEntriesOfTheTable)
     EXPECT_FALSE(acces->tableInterface()->cellAt(1, 0)->state().selected);
 }
 
-TEST_F(VueTableSelection, TheFocusGoesWhereTheProgramPutsIt)
+TEST_F(VueDesLignesSelection, TheFocusGoesWhereTheProgramPutsIt)
 {
     Montrer(5);
     Cliquer(1);
@@ -325,7 +325,7 @@ TEST_F(VueTableSelection, TheFocusGoesWhereTheProgramPutsIt)
     EXPECT_EQ(Choisies(), Positions({1}));
 }
 
-TEST_F(VueTableSelection, TheFocusStaysOnItsEntryWhenOthersGo)
+TEST_F(VueDesLignesSelection, TheFocusStaysOnItsEntryWhenOthersGo)
 {
     Montrer(6);
     Cliquer(5);
@@ -336,7 +336,7 @@ TEST_F(VueTableSelection, TheFocusStaysOnItsEntryWhenOthersGo)
     EXPECT_EQ(Choisies(), Positions({3}));
 }
 
-TEST_F(VueTableSelection, SortingKeepsSelectionAndFocusOnTheirEntries)
+TEST_F(VueDesLignesSelection, SortingKeepsSelectionAndFocusOnTheirEntries)
 {
     Montrer(6);
     Cliquer(2);
@@ -348,7 +348,7 @@ TEST_F(VueTableSelection, SortingKeepsSelectionAndFocusOnTheirEntries)
     EXPECT_EQ(vue.currentIndex().row(), 4);
 }
 
-TEST_F(VueTableSelection, AnEmptyTableTakesEveryKey)
+TEST_F(VueDesLignesSelection, AnEmptyTableTakesEveryKey)
 {
     Montrer(0);
     for (const Qt::Key touche : {Qt::Key_Down, Qt::Key_End, Qt::Key_PageUp, Qt::Key_Space, Qt::Key_X})
@@ -358,10 +358,20 @@ TEST_F(VueTableSelection, AnEmptyTableTakesEveryKey)
     EXPECT_EQ(Focus(), 0);
 }
 
-TEST_F(VueTableSelection, EntriesAddedAMomentAgoCanBeReached)
+TEST_F(VueDesLignesSelection, EntriesAddedAMomentAgoCanBeReached)
 {
     Montrer(3);
     AjouterEntrees(table, {{u"Dernier"_s, u"Artiste"_s}});
     Taper(Qt::Key_End);
     EXPECT_EQ(Choisies(), Positions({4}));
+}
+
+TEST_F(VueDesLignesSelection, AClickOnTheFirstEntryGivesItTheFocusForGood)
+{
+    Montrer(3);
+    Cliquer(1);
+    AjouterEntrees(table, {{u"Derniere"_s, u"Artiste"_s}});
+    table.SetSortOrder(1);
+    table.SetSorted(true);
+    EXPECT_EQ(table.SelectedItem().Text(), "Titre 001");
 }
