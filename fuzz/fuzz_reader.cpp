@@ -43,7 +43,7 @@ void VerifierTable(const Categorie& doc)
     Verifier(table.View() == 3, "not in details");
     const int colonnes = std::min(table.ColumnHeaders.Count(), 40);
     for (int i = 1; i <= std::min(table.ListItems.Count(), 200); ++i) {
-        const ListItem entree = table.ListItems(i);
+        const ListItemLu entree = table.ListItems(i);
         Verifier(entree.Index() == i, "a position is wrong");
         Verifier(table.ListItems(entree.Key()) == entree, "a key leads elsewhere");
         for (int c = 1; c <= colonnes; ++c) {

@@ -96,7 +96,7 @@ void EcrireCellule(Json& json, const stockage::Cellule& cellule, QByteArray& tam
 
 void EcrireEntree(Json& json, const MyLV& table, int place, QByteArray& tampon)
 {
-    const ListItem entree = table.ListItems(place);
+    const ListItemLu entree = table.ListItems(place);
     json.Debut('{').Cle("key").Texte(entree.Key()).Cle("values").Debut('[');
     const stockage::Vue vue = table.VueEntree(place);
     const int colonnes = table.ColumnHeaders.Count();

@@ -80,7 +80,7 @@ void ListeASupprimer::Vider()
     m_nbCoches = 0;
 }
 
-ListItem ListeASupprimer::Entree(int ligne) const
+ListItemLu ListeASupprimer::Entree(int ligne) const
 {
     return m_doc->MyLV->ListItems(m_lignes[static_cast<size_t>(ligne - 1)].position);
 }
@@ -134,7 +134,7 @@ void SupprimerCochees(QrtClass& doc, const ListeASupprimer& liste,
         avancement.Avancer(ligne, liste.Count());
         if (!liste.EstCochee(ligne))
             continue;
-        const ListItem entree = liste.Entree(ligne);
+        const ListItemLu entree = liste.Entree(ligne);
         if (const QString fichier = FichierImage(doc.TmpFolder, entree.Tag()); !fichier.isEmpty())
             supprimerImage(fichier);
         positions.push_back(entree.Index());

@@ -28,7 +28,7 @@ public:
     int Count() const { return static_cast<int>(m_lignes.size()); }
     int NbCoches() const { return m_nbCoches; }
     /// The entry in row 1 to Count.
-    ListItem Entree(int ligne) const;
+    ListItemLu Entree(int ligne) const;
 
     bool EstCochee(int ligne) const { return m_lignes[static_cast<size_t>(ligne - 1)].cochee; }
     void Cocher(int premiere, int derniere, bool cochees);

@@ -174,7 +174,7 @@ void frmEditEntree::ChargerEntree()
 {
     if (!Table || !Table->ListItems.Existe(IndexEntree))
         return;
-    const ListItem entree = Table->ListItems(IndexEntree);
+    const ListItemLu entree = Table->ListItems(IndexEntree);
     const QStringList valeurs = entree.Valeurs();
     {
         const QSignalBlocker muet(m_ui->LV);

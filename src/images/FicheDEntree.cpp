@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 QString FicheDEntree(const MyLV& table, int numero)
 {
-    const ListItem entree = table.ListItems(numero);
+    const ListItemLu entree = table.ListItems(numero);
     if (!entree)
         return {};
     QString fiche;

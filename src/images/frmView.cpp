@@ -55,7 +55,7 @@ frmView::~frmView() = default;
 void frmView::Redraw()
 {
     setWindowTitle(u"(%1 / %2)"_s.arg(Numero).arg(Nombre()));
-    const ListItem entree = MyLV ? MyLV->ListItems(Numero) : ListItem();
+    const ListItemLu entree = MyLV ? MyLV->ListItems(Numero) : ListItemLu();
     MontrerTitre(entree ? entree.Text() : QString());
     MontrerFiche(MyLV ? FicheDEntree(*MyLV, Numero) : QString());
     m_ui->Img->ChargerOuVider(entree ? FichierImage(Dossier, entree.Tag()) : QString());

@@ -101,7 +101,7 @@ void BasculerIcones(Lieu lieu)
 void Actualiser(Lieu lieu)
 {
     Retrier(TableDe(lieu));
-    if (const ListItem entree = TableDe(lieu).SelectedItem())
+    if (const ListItemLu entree = TableDe(lieu).SelectedItem())
         lieu.document->RendreVisible(entree.Index());
     lieu.document->RedrawAll(true);
 }

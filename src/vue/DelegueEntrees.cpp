@@ -92,7 +92,7 @@ void DelegueEntrees::paint(QPainter* painter, const QStyleOptionViewItem& option
     if (!table.ListItems.Existe(ligne) || !table.ColumnHeaders.Existe(index.column() + 1))
         return;
 
-    const ListItem entree = table.ListItems(ligne);
+    const ListItemLu entree = table.ListItems(ligne);
     const bool choisie = entree.Selected();
     if (choisie) {
         QStyleOptionViewItem fond(option);

@@ -43,7 +43,7 @@ void ChoixDansTable::Choisir(int premiere, int derniere, bool choisies)
 
 int ChoixDansTable::Courante() const
 {
-    const ListItem entree = m_modele.Table().SelectedItem();
+    const ListItemLu entree = m_modele.Table().SelectedItem();
     return entree ? entree.Index() : 0;
 }
 

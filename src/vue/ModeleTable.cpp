@@ -106,7 +106,7 @@ int ModeleTable::columnCount(const QModelIndex& parent) const
 
 QVariant ModeleTable::data(const QModelIndex& index, int role) const
 {
-    const ListItem entree = m_table.ListItems(index.row() + 1);
+    const ListItemLu entree = m_table.ListItems(index.row() + 1);
     const int colonne = index.column() + 1;
     if (!entree || !m_table.ColumnHeaders.Existe(colonne))
         return {};

@@ -70,7 +70,7 @@ private:
     {
         QStringList lignes;
         for (int i = 1; i <= table.ListItems.Count(); ++i) {
-            const ListItem entree = table.ListItems(i);
+            const ListItemLu entree = table.ListItems(i);
             lignes.append(QString(entree.Valeur(1) + u'/' + entree.Valeur(2) + u'/' + entree.Tag()));
         }
         return lignes;

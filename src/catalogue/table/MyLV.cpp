@@ -102,11 +102,16 @@ void MyLV::SetGridLines(bool grille)
     Change(&ChangementsTable::aspect);
 }
 
-ListItem MyLV::SelectedItem() const
+ListItem MyLV::SelectedItem()
 {
-    if (m_focus || m_ordre.empty())
+    return m_focus ? m_focus : ListItems(1);
+}
+
+ListItemLu MyLV::SelectedItem() const
+{
+    if (m_focus)
         return m_focus;
-    return ListItem(const_cast<MyLV*>(this), m_ordre.front());
+    return ListItems(1);
 }
 
 void MyLV::SetSelectedItem(const ListItem& entree)

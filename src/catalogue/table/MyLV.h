@@ -82,67 +82,79 @@ private:
     std::vector<std::unique_ptr<ColumnHeader>> m_colonnes;
 };
 
-/// A handle on an entry; cheap to copy, valid until the entry is removed. A default handle is nothing.
-class ListItem
+/// A handle on an entry, for reading: what a const table gives. Cheap to copy, valid until the entry is removed. A
+/// default handle is nothing.
+class ListItemLu
 {
 public:
-    ListItem() = default;
+    ListItemLu() = default;
     explicit operator bool() const { return m_table != nullptr; }
-    friend bool operator==(const ListItem& a, const ListItem& b)
+    friend bool operator==(const ListItemLu& a, const ListItemLu& b)
     {
         return a.m_table == b.m_table && (!a.m_table || a.m_rang == b.m_rang);
     }
 
     QString Text() const;
-    void SetText(const QString& texte);
-
     /// The value of column i + 1; empty for a cell that was never written. i from 1 to the column count less 1.
     QString SubItems(int i) const;
-    /// False when i is outside its range.
-    bool SetSubItems(int i, const QString& texte);
-
     /// The cell behind SubItems(i); nothing when it was never written.
     std::optional<QString> ListSubItems(int i) const;
-    /// Takes the cell i out; those behind it move one to the left. False when it was never written.
-    bool RetirerCellule(int i);
-    /// Puts a cell in at i; those from there on move one to the right.
-    void InsererCellule(int i, const QString& texte);
 
     /// The value of column `colonne` (from 1): Text for the first, SubItems otherwise.
     QString Valeur(int colonne) const;
     /// All values, one for each column of the table.
     QStringList Valeurs() const;
+
+    QString Key() const;
+    /// The image: a bare file name, or empty.
+    QString Tag() const;
+    /// "noico", "ico", "icoerror" or empty.
+    QString SmallIcon() const;
+    bool Selected() const;
+    /// 1-based position.
+    int Index() const;
+
+private:
+    friend class MyLV;
+    friend class ListItem;
+    friend class ListItems;
+    ListItemLu(MyLV* table, uint32_t rang) : m_table(table), m_rang(rang) {}
+
+    MyLV* m_table = nullptr;
+    uint32_t m_rang = 0;
+};
+
+/// The same handle, for reading and writing.
+class ListItem : public ListItemLu
+{
+public:
+    ListItem() = default;
+
+    void SetText(const QString& texte);
+    /// False when i is outside its range.
+    bool SetSubItems(int i, const QString& texte);
+
+    /// Takes the cell i out; those behind it move one to the left. False when it was never written.
+    bool RetirerCellule(int i);
+    /// Puts a cell in at i; those from there on move one to the right.
+    void InsererCellule(int i, const QString& texte);
+
     /// Writes one value a column, from the first, at once.
     void EcrireValeurs(const QStringList& valeurs);
     /// Writes the values that are given, from the first column, and the image if one is given, at once; the others
     /// stay.
     void Modifier(const std::vector<std::optional<QString>>& valeurs, const std::optional<QString>& image);
 
-    QString Key() const;
     /// False when another entry has the key; it stays then.
     bool SetKey(const QString& cle);
-
-    /// The image: a bare file name, or empty.
-    QString Tag() const;
     void SetTag(const QString& marque);
-
-    /// "noico", "ico", "icoerror" or empty.
-    QString SmallIcon() const;
     void SetSmallIcon(const QString& icone);
-
-    bool Selected() const;
     void SetSelected(bool choisie);
-
-    /// 1-based position.
-    int Index() const;
 
 private:
     friend class MyLV;
     friend class ListItems;
-    ListItem(MyLV* table, uint32_t rang) : m_table(table), m_rang(rang) {}
-
-    MyLV* m_table = nullptr;
-    uint32_t m_rang = 0;
+    using ListItemLu::ListItemLu;
 };
 
 /// The entries of a table in display order, from 1, and by key.
@@ -165,11 +177,15 @@ public:
     void Clear();
     bool Existe(int index) const { return index >= 1 && index <= Count(); }
     /// Entry 1 to Count; nothing outside.
-    ListItem operator()(int index) const;
+    ListItem operator()(int index);
+    ListItemLu operator()(int index) const;
     /// The entry with the key; nothing when there is none.
-    ListItem operator()(const QString& cle) const;
+    ListItem operator()(const QString& cle);
+    ListItemLu operator()(const QString& cle) const;
 
 private:
+    std::optional<uint32_t> Rang(int index) const;
+
     MyLV& m_table;
 };
 
@@ -230,7 +246,8 @@ public:
     void SetGridLines(bool grille);
 
     /// The entry with the focus: the first one until another gets it; nothing in an empty table only.
-    ListItem SelectedItem() const;
+    ListItem SelectedItem();
+    ListItemLu SelectedItem() const;
     void SetSelectedItem(const ListItem& entree);
 
     /// Number of entries with Selected, and the position of the first of them (0: none).
@@ -266,6 +283,7 @@ private:
     friend class ColumnHeader;
     friend class ColumnHeaders;
     friend class ListItem;
+    friend class ListItemLu;
     friend class ListItems;
     friend class AjoutsDansTable;
     stockage::Vue Vue(uint32_t rang, stockage::Place place = {}) const;

@@ -122,9 +122,9 @@ void MyLV::ViderEntrees()
     Change(&ChangementsTable::lignes);
 }
 
-// ---- ListItem
+// ---- ListItemLu, ListItem
 
-QString ListItem::Text() const
+QString ListItemLu::Text() const
 {
     return m_table->Cellule(m_rang, 0).Texte();
 }
@@ -134,7 +134,7 @@ void ListItem::SetText(const QString& texte)
     m_table->EcrireCellule(m_rang, 0, texte);
 }
 
-QString ListItem::SubItems(int i) const
+QString ListItemLu::SubItems(int i) const
 {
     return ListSubItems(i).value_or(QString());
 }
@@ -147,7 +147,7 @@ bool ListItem::SetSubItems(int i, const QString& texte)
     return true;
 }
 
-std::optional<QString> ListItem::ListSubItems(int i) const
+std::optional<QString> ListItemLu::ListSubItems(int i) const
 {
     if (i < 1)
         return std::nullopt;
@@ -176,12 +176,12 @@ void ListItem::InsererCellule(int i, const QString& texte)
     m_table->Reecrire(m_rang, rangee);
 }
 
-QString ListItem::Valeur(int colonne) const
+QString ListItemLu::Valeur(int colonne) const
 {
     return m_table->Cellule(m_rang, colonne - 1).Texte();
 }
 
-QStringList ListItem::Valeurs() const
+QStringList ListItemLu::Valeurs() const
 {
     const Rangee rangee = m_table->Vue(m_rang).Lire();
     QStringList valeurs;
@@ -214,7 +214,7 @@ void ListItem::Modifier(const std::vector<std::optional<QString>>& valeurs, cons
     m_table->Reecrire(m_rang, rangee);
 }
 
-QString ListItem::Key() const
+QString ListItemLu::Key() const
 {
     return m_table->m_cles.CleDe(m_rang);
 }
@@ -224,7 +224,7 @@ bool ListItem::SetKey(const QString& cle)
     return m_table->DonnerCle(m_rang, cle, 0);
 }
 
-QString ListItem::Tag() const
+QString ListItemLu::Tag() const
 {
     return m_table->Vue(m_rang).Image().Texte();
 }
@@ -238,7 +238,7 @@ void ListItem::SetTag(const QString& marque)
     m_table->Reecrire(m_rang, rangee);
 }
 
-QString ListItem::SmallIcon() const
+QString ListItemLu::SmallIcon() const
 {
     switch (stockage::IconeDe(m_table->m_drapeaux[m_rang])) {
     case Icone::NoIco:
@@ -260,7 +260,7 @@ void ListItem::SetSmallIcon(const QString& icone)
     m_table->ChangeLigne(m_rang, &ChangementsTable::valeurs);
 }
 
-bool ListItem::Selected() const
+bool ListItemLu::Selected() const
 {
     return (m_table->m_drapeaux[m_rang] & Drapeau::Choisie) != 0;
 }
@@ -274,7 +274,7 @@ void ListItem::SetSelected(bool choisie)
     m_table->ChangeLigne(m_rang, &ChangementsTable::selection);
 }
 
-int ListItem::Index() const
+int ListItemLu::Index() const
 {
     return m_table->Position(m_rang);
 }
@@ -363,15 +363,33 @@ void ListItems::Clear()
     m_table.ViderEntrees();
 }
 
-ListItem ListItems::operator()(int index) const
+std::optional<uint32_t> ListItems::Rang(int index) const
 {
-    return Existe(index) ? ListItem(&m_table, m_table.m_ordre[static_cast<size_t>(index - 1)]) : ListItem();
+    return Existe(index) ? std::optional(m_table.m_ordre[static_cast<size_t>(index - 1)]) : std::nullopt;
 }
 
-ListItem ListItems::operator()(const QString& cle) const
+ListItem ListItems::operator()(int index)
+{
+    const std::optional<uint32_t> rang = Rang(index);
+    return rang ? ListItem(&m_table, *rang) : ListItem();
+}
+
+ListItemLu ListItems::operator()(int index) const
+{
+    const std::optional<uint32_t> rang = Rang(index);
+    return rang ? ListItemLu(&m_table, *rang) : ListItemLu();
+}
+
+ListItem ListItems::operator()(const QString& cle)
 {
     const std::optional<uint32_t> rang = m_table.m_cles.Rang(cle, m_table.m_ordre);
     return rang ? ListItem(&m_table, *rang) : ListItem();
+}
+
+ListItemLu ListItems::operator()(const QString& cle) const
+{
+    const std::optional<uint32_t> rang = m_table.m_cles.Rang(cle, m_table.m_ordre);
+    return rang ? ListItemLu(&m_table, *rang) : ListItemLu();
 }
 
 // ---- Keys

@@ -7,7 +7,7 @@ bool EstDependante(const QrtClass& doc)
     return doc.MyLV->ColumnHeaders.Existe(doc.dependantcol);
 }
 
-QString ValeurDependante(const QrtClass& doc, const ListItem& entree)
+QString ValeurDependante(const QrtClass& doc, const ListItemLu& entree)
 {
     return entree.Valeur(doc.dependantcol);
 }

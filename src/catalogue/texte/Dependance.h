@@ -12,4 +12,4 @@ class QrtClass;
 bool EstDependante(const QrtClass& doc);
 
 /// The entry's text in the dependant column. The category has one.
-QString ValeurDependante(const QrtClass& doc, const ListItem& entree);
+QString ValeurDependante(const QrtClass& doc, const ListItemLu& entree);

@@ -20,6 +20,28 @@ QStringList Textes(std::initializer_list<const char*> textes)
     return liste;
 }
 
+template<class Table>
+concept SeLaisseEcrire = requires(Table& table)
+{
+    table.ListItems(1).SetText(QString());
+}
+|| requires(Table& table)
+{
+    table.ListItems(QString()).SetText(QString());
+}
+|| requires(Table& table)
+{
+    table.SelectedItem().SetTag(QString());
+}
+|| requires(Table& table)
+{
+    table.ListItems.Add(0, QString(), QString());
+}
+|| requires(Table& table)
+{
+    table.ColumnHeaders(1).SetText(QString());
+};
+
 } // namespace
 
 TEST(MyLV, AnEmptyTableHasNothingToCountSelectOrRenumber)
@@ -237,6 +259,23 @@ TEST(MyLV, SelectionIsCountedAndItsFirstEntryFound)
     table.ListItems.Retirer({2, 4});
     EXPECT_EQ(table.NombreDeSelectionnees(), 0);
     EXPECT_EQ(table.PremiereSelection(), 0);
+}
+
+TEST(MyLV, WhoHoldsATableForReadingGetsReadersOnly)
+{
+    MyLV table;
+    MettreColonnes(table, {"A", "B"});
+    AjouterEntrees(table, {{"un", "1"}, {"deux", "2"}});
+    const MyLV& lue = table;
+    EXPECT_EQ(lue.ListItems(2).Text(), "deux");
+    EXPECT_EQ(lue.ListItems(2).Valeurs(), Textes({"deux", "2"}));
+    EXPECT_EQ(lue.ListItems(QStringLiteral("k2")).SubItems(1), "2");
+    EXPECT_EQ(lue.SelectedItem(), lue.ListItems(1)) << "the first one until another gets the focus";
+    table.SetSelectedItem(table.ListItems(2));
+    EXPECT_EQ(lue.SelectedItem(), lue.ListItems(2));
+    EXPECT_FALSE(lue.ListItems(3));
+    EXPECT_TRUE(SeLaisseEcrire<MyLV>);
+    EXPECT_FALSE(SeLaisseEcrire<const MyLV>);
 }
 
 TEST(MyLV, TheFocusStartsOnTheFirstEntryAndSurvivesItsRemoval)
