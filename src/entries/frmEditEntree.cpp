@@ -73,9 +73,10 @@ void frmEditEntree::Brancher()
 void frmEditEntree::MesurerControles()
 {
     const int cadre = 2 * m_ui->LV->frameWidth();
+    const int titres = qMax(PixelsDe(*this, LargeurTitres), m_ui->LV->header()->sectionSizeHint(0));
     // The column of the values fills what the one of the titles leaves.
-    m_ui->LV->setMinimumWidth(PixelsDe(*this, LargeurTitres) + PixelsDe(*this, LargeurValeurs) + cadre);
-    m_ui->LV->setColumnWidth(0, PixelsDe(*this, LargeurTitres));
+    m_ui->LV->setMinimumWidth(titres + PixelsDe(*this, LargeurValeurs) + cadre);
+    m_ui->LV->setColumnWidth(0, titres);
     for (QToolButton* bouton : {m_ui->btplus, m_ui->btmoins})
         bouton->setIconSize({CoteIcone, CoteIcone});
     MettreLargeurCombo();

@@ -3,12 +3,29 @@
 #include <QCoreApplication>
 #include <QDialog>
 #include <QEvent>
+#include <QLayout>
 #include <QScreen>
 
 namespace {
 
 /// What a window manager puts around a window; it says how much that is only when the window is there.
 constexpr QSize Bordure(16, 40);
+
+/// Qt keeps a window from becoming smaller than what it holds, but counts a text that breaks into lines as if it never
+/// did.
+void GarderLaHauteur(QDialog& dialogue)
+{
+    const QLayout* contenu = dialogue.layout();
+    if (!contenu || !contenu->hasHeightForWidth() || dialogue.minimumHeight() == dialogue.maximumHeight())
+        return;
+    dialogue.setMinimumHeight(contenu->totalMinimumHeightForWidth(dialogue.width()));
+}
+
+void RamenerDansLEcran(QDialog& dialogue)
+{
+    const QSize place = dialogue.screen()->availableSize() - Bordure;
+    dialogue.resize(dialogue.size().boundedTo(place));
+}
 
 } // namespace
 
@@ -17,14 +34,16 @@ DialoguesDansLEcran::DialoguesDansLEcran()
     QCoreApplication::instance()->installEventFilter(this);
 }
 
-/// The event comes before the window itself, and before the dialog takes its place over its parent.
 bool DialoguesDansLEcran::eventFilter(QObject* objet, QEvent* event)
 {
-    if (event->type() == QEvent::Show && !event->spontaneous()) {
-        if (auto* dialogue = qobject_cast<QDialog*>(objet); dialogue && dialogue->isWindow()) {
-            const QSize place = dialogue->screen()->availableSize() - Bordure;
-            dialogue->resize(dialogue->size().boundedTo(place));
-        }
+    const QEvent::Type genre = event->type();
+    if (genre != QEvent::Show && genre != QEvent::Resize && genre != QEvent::LayoutRequest)
+        return QObject::eventFilter(objet, event);
+    if (auto* dialogue = qobject_cast<QDialog*>(objet); dialogue && dialogue->isWindow()) {
+        // The event comes before the window itself, and before the dialog takes its place over its parent.
+        if (genre == QEvent::Show && !event->spontaneous())
+            RamenerDansLEcran(*dialogue);
+        GarderLaHauteur(*dialogue);
     }
     return QObject::eventFilter(objet, event);
 }

@@ -3,8 +3,10 @@
 #include "support/Impression.h"
 
 #include <QDialog>
+#include <QLabel>
 #include <QScreen>
 #include <QTest>
+#include <QVBoxLayout>
 
 #include <gtest/gtest.h>
 
@@ -56,4 +58,22 @@ TEST_F(DialoguesDansLEcranTest, TheUserMayMakeItLargerAfterwards)
     TailleMontree(QSize(400, 300));
     m_dialogue.resize(2 * m_ecran);
     EXPECT_EQ(m_dialogue.size(), 2 * m_ecran);
+}
+
+TEST_F(DialoguesDansLEcranTest, ATextThatBreaksIsReadWholeHoweverNarrowTheDialogBecomes)
+{
+    auto* texte = new QLabel(QStringLiteral("Cliquez sur un element de la liste. ").repeated(6), &m_dialogue);
+    texte->setWordWrap(true);
+    auto* disposition = new QVBoxLayout(&m_dialogue);
+    disposition->addWidget(texte);
+    TailleMontree(QSize(600, 20));
+    for (const int largeur : {600, 200, 120, 300}) {
+        m_dialogue.resize(largeur, 20);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(m_dialogue.width(), largeur);
+        EXPECT_GE(texte->height(), texte->heightForWidth(texte->width())) << largeur;
+    }
+    m_dialogue.resize(600, 20);
+    m_dialogue.resize(600, 20);
+    EXPECT_LT(m_dialogue.height(), 150) << "wide again, it may be flat again";
 }

@@ -14,6 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int CoteImage = 32;
+constexpr int LignesAuMoins = 4; // of a tip, before it is scrolled
 
 void Semer()
 {
@@ -32,6 +33,7 @@ frmTip::frmTip(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::frm
     grande.setPointSizeF(grande.pointSizeF() * 1.25);
     grande.setBold(true);
     m_ui->Label1->setFont(grande);
+    m_ui->Defilement->setMinimumHeight(LignesAuMoins * fontMetrics().lineSpacing());
     m_ui->cmdOK->setFocus();
 
     // The setting says the opposite of its name: 1 keeps the tips away.

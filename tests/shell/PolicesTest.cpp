@@ -1,0 +1,283 @@
+// Every dialog at the sizes of letters that people set: all is read, and all is on a small screen.
+#include "catalogue/documents/Commentaires.h"
+#include "catalogue/documents/DossiersLaisses.h"
+#include "entries/frmAddCategorie2.h"
+#include "entries/frmEditEntree.h"
+#include "entries/frmSuppDependant.h"
+#include "entries/frmSuppr.h"
+#include "extensions/dialogues/About.h"
+#include "extensions/dialogues/frmCommentaires.h"
+#include "extensions/dialogues/frmPresent2.h"
+#include "extensions/dialogues/frmTip.h"
+#include "images/frmChangeImage.h"
+#include "images/frmRemplacerImg.h"
+#include "images/frmSupprImg.h"
+#include "images/frmView.h"
+#include "kit/DialoguesDansLEcran.h"
+#include "kit/frmAvancement.h"
+#include "kit/frmInputText.h"
+#include "kit/frmMotDePasse.h"
+#include "kit/frmMsg.h"
+#include "shell/CadreEnFenetre.h"
+#include "shell/frmSecours.h"
+#include "support/GardeModale.h"
+
+#include <QAbstractButton>
+#include <QAbstractScrollArea>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSizeGrip>
+
+#include <functional>
+#include <ostream>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A screen of 1024 x 600, less what a window manager takes.
+constexpr QSize PetitEcran(1024 - 16, 600 - 40);
+
+QString Nom(const QWidget& widget)
+{
+    return widget.objectName().isEmpty() ? QString::fromLatin1(widget.metaObject()->className()) : widget.objectName();
+}
+
+QString EnMots(const QSize& taille)
+{
+    return u"%1x%2"_s.arg(taille.width()).arg(taille.height());
+}
+
+/// The room that a control's text takes where the control is as wide as it is.
+QSize PlaceDuTexte(const QWidget& controle)
+{
+    if (const auto* etiquette = qobject_cast<const QLabel*>(&controle)) {
+        if (etiquette->text().isEmpty())
+            return {};
+        if (etiquette->wordWrap())
+            return {etiquette->minimumSizeHint().width(), etiquette->heightForWidth(etiquette->width())};
+        return etiquette->sizeHint();
+    }
+    if (const auto* bouton = qobject_cast<const QAbstractButton*>(&controle))
+        return bouton->sizeHint();
+    if (const auto* groupe = qobject_cast<const QGroupBox*>(&controle))
+        return {groupe->fontMetrics().horizontalAdvance(groupe->title()), 0};
+    if (qobject_cast<const QLineEdit*>(&controle) || qobject_cast<const QComboBox*>(&controle))
+        return {0, controle.minimumSizeHint().height()};
+    return {};
+}
+
+bool Defile(const QWidget& controle)
+{
+    for (const QWidget* parent = controle.parentWidget(); parent; parent = parent->parentWidget()) {
+        if (qobject_cast<const QAbstractScrollArea*>(parent))
+            return true;
+    }
+    return false;
+}
+
+/// What cannot be read of a form: cut off, out of its place or under another control.
+QStringList Defauts(const QWidget& form)
+{
+    QStringList defauts;
+    QList<const QWidget*> vus;
+    for (const QWidget* controle : form.findChildren<QWidget*>()) {
+        if (!controle->isVisibleTo(&form) || controle->isWindow() || Defile(*controle) ||
+            qobject_cast<const QSizeGrip*>(controle) || qobject_cast<const QComboBox*>(controle->parentWidget()))
+            continue;
+        vus.append(controle);
+        const QSize place = PlaceDuTexte(*controle);
+        if (place.width() > controle->width() || place.height() > controle->height())
+            defauts.append(u"%1: %2 in %3"_s.arg(Nom(*controle), EnMots(place), EnMots(controle->size())));
+        if (!controle->parentWidget()->rect().contains(controle->geometry()))
+            defauts.append(u"%1 leaves its place"_s.arg(Nom(*controle)));
+    }
+    for (qsizetype i = 0; i < vus.size(); ++i) {
+        for (qsizetype j = i + 1; j < vus.size(); ++j) {
+            if (vus[i]->parentWidget() == vus[j]->parentWidget() && vus[i]->geometry().intersects(vus[j]->geometry()))
+                defauts.append(u"%1 over %2"_s.arg(Nom(*vus[i]), Nom(*vus[j])));
+        }
+    }
+    return defauts;
+}
+
+class Polices : public CadreEnFenetre
+{
+protected:
+    Polices()
+    {
+        MettreColonnes(document.table, {"Titre", "Artiste", "Genre", u"Prêté à"_s});
+        document.table.ColumnHeaders(3).SetTag("rock|jazz|blues");
+        AjouterEntrees(document.table,
+                       {{"Abbey Road", "The Beatles", "rock"}, {"Kind of Blue", "Miles Davis", "jazz"}});
+        QImage image(64, 64, QImage::Format_RGB32);
+        image.fill(Qt::red);
+        image.save(document.dossier.Fichier("pochette.bmp"));
+        document.table.ListItems(1).SetTag("pochette.bmp");
+        document.table.Selectionner(1, 2, true);
+    }
+    ~Polices() override { QApplication::setFont(m_police); }
+
+    /// Opens a dialog at each size and looks at it.
+    void Regarder(const std::function<void(const std::function<void(QWidget&)>&)>& ouvrir)
+    {
+        for (const int points : {9, 13, 18}) {
+            QFont police = m_police;
+            police.setPointSize(points);
+            QApplication::setFont(police);
+            ouvrir([&](QWidget& form) { Controler(form, points); });
+        }
+    }
+    /// The same for a dialog that is made and shown.
+    void RegarderForm(const std::function<std::unique_ptr<QWidget>()>& faire)
+    {
+        Regarder([&](const std::function<void(QWidget&)>& controler) {
+            const std::unique_ptr<QWidget> form = faire();
+            form->show();
+            controler(*form);
+        });
+    }
+
+    DocumentDeTest document;
+
+private:
+    static void Controler(QWidget& form, int points)
+    {
+        form.resize(form.size().boundedTo(PetitEcran));
+        CadreEnFenetre::Laisser();
+        if (const QByteArray dossier = qgetenv("POLICES_IMAGES"); !dossier.isEmpty())
+            form.grab().save(u"%1/%2-%3.png"_s.arg(QString::fromLocal8Bit(dossier), form.objectName()).arg(points));
+        EXPECT_EQ(Defauts(form), QStringList()) << form.objectName().toStdString() << " at " << points;
+        EXPECT_EQ(form.size().boundedTo(PetitEcran), form.size())
+            << form.objectName().toStdString() << " at " << points;
+    }
+
+    const DialoguesDansLEcran m_dansLEcran;
+    QFont m_police = QApplication::font();
+};
+
+} // namespace
+
+TEST_F(Polices, TheDefinitionOfACategory)
+{
+    RegarderForm([] { return std::make_unique<frmAddCategorie2>(); });
+}
+
+TEST_F(Polices, TheEditorOfEntries)
+{
+    RegarderForm([this] {
+        auto form = std::make_unique<frmEditEntree>();
+        form->Table = &document.table;
+        form->CheminImages = document.doc.TmpFolder;
+        form->IndexEntree = 1;
+        form->ChargerEntree();
+        return form;
+    });
+}
+
+TEST_F(Polices, TheQuestionOfDependants)
+{
+    RegarderForm([] { return std::make_unique<frmSuppDependant>(); });
+}
+
+TEST_F(Polices, TheListOfWhatIsDeleted)
+{
+    Regarder([this](const std::function<void(QWidget&)>& controler) {
+        const GardeModale garde([&](QWidget& form) {
+            controler(form);
+            form.close();
+        });
+        frmSuppr form;
+        form.Lancer(document.doc);
+    });
+}
+
+TEST_F(Polices, AboutTheProgram)
+{
+    RegarderForm([] { return std::make_unique<About>(); });
+}
+
+TEST_F(Polices, TheComments)
+{
+    ASSERT_TRUE(Commentaires::Ecrire(document.doc.TmpFolder, u"Prêté à Jean le 3 mars."_s));
+    RegarderForm([this] {
+        auto form = std::make_unique<frmCommentaires>();
+        form->LoadTexte(document.doc.TmpFolder + Commentaires::NomDuFichier());
+        return form;
+    });
+}
+
+TEST_F(Polices, TheStartUpWindow)
+{
+    RegarderForm([] { return std::make_unique<frmPresent2>(); });
+}
+
+TEST_F(Polices, TheTips)
+{
+    PlateformeDeTest::Courante().dossier.Ecrire(
+        "astuces.txt", "Une astuce qui prend bien plus d'une ligne de la fenêtre quand les lettres sont grandes.\r\n");
+    RegarderForm([] { return std::make_unique<frmTip>(); });
+}
+
+TEST_F(Polices, TheImagesOfACategory)
+{
+    RegarderForm([this] {
+        auto form = std::make_unique<frmChangeImage>();
+        form->Dossier = document.doc.TmpFolder;
+        form->Remplir("pochette.bmp");
+        return form;
+    });
+}
+
+TEST_F(Polices, TheQuestionsOfImages)
+{
+    const QString image = document.dossier.Fichier("pochette.bmp");
+    RegarderForm([&image] { return std::make_unique<frmSupprImg>(image); });
+    RegarderForm([&image] { return std::make_unique<frmRemplacerImg>(image, image); });
+}
+
+TEST_F(Polices, TheEntryViewer)
+{
+    RegarderForm([this] {
+        auto form = std::make_unique<frmView>();
+        form->MyLV = &document.table;
+        form->Dossier = document.doc.TmpFolder;
+        form->Numero = 1;
+        return form;
+    });
+}
+
+TEST_F(Polices, ProgressTextAndPassword)
+{
+    RegarderForm([] {
+        auto form = std::make_unique<frmAvancement>();
+        form->Montrer(500'000, 1'000'000);
+        return form;
+    });
+    RegarderForm([] { return std::make_unique<frmInputText>(u"Nom de la nouvelle image :"_s, u"pochette.bmp"_s); });
+    RegarderForm(
+        [] { return std::make_unique<frmMotDePasse>(u"Mot de passe"_s, u"Mot de passe de « discotheque.qrt » :"_s); });
+}
+
+TEST_F(Polices, Messages)
+{
+    for (const int genre : {0, 1, 2, 3, 4})
+        RegarderForm([genre] {
+            return std::make_unique<frmMsg>(
+                u"Le fichier discotheque.qrt a été modifié par un autre programme depuis son ouverture. Voulez-vous "
+                u"l'enregistrer tout de même ?"_s,
+                genre, u"Enregistrer"_s);
+        });
+}
+
+TEST_F(Polices, WhatAKilledRunLeft)
+{
+    TexteDeCatalogue texte;
+    texte.entrees = {"Abbey Road||"};
+    PlateformeDeTest::Courante().dossier.Ecrire("temp/cat7/Zelvane.qrt", texte.Texte());
+    Montrer();
+    RegarderForm([this] { return std::make_unique<frmSecours>(*cadre, ChercherLaisses()); });
+}
