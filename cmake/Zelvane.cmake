@@ -40,11 +40,11 @@ function(zelvane_sources)
     endforeach()
 endfunction()
 
-# zelvane_test(NAME name LABEL unit|form|e2e [FORMS] SOURCES file...)
-# One GoogleTest program whose tests CTest runs one by one. FORMS links the forms and runs on the offscreen platform. The
-# target tests_<label> builds all programs of a label.
+# zelvane_test(NAME name LABEL unit|form|e2e [FORMS] [SCREEN file] SOURCES file...)
+# One GoogleTest program whose tests CTest runs one by one. FORMS links the forms and runs on the offscreen platform, on
+# the screen that the JSON file of SCREEN describes. The target tests_<label> builds all programs of a label.
 function(zelvane_test)
-    cmake_parse_arguments(arg "FORMS" "NAME;LABEL" "SOURCES" ${ARGN})
+    cmake_parse_arguments(arg "FORMS" "NAME;LABEL;SCREEN" "SOURCES" ${ARGN})
     zelvane_refuse_unknown(arg zelvane_test)
     if(NOT arg_LABEL MATCHES "^(unit|form|e2e)$")
         message(FATAL_ERROR "zelvane_test: LABEL is unit, form or e2e, not '${arg_LABEL}'")
@@ -54,7 +54,11 @@ function(zelvane_test)
     if(arg_FORMS)
         target_link_libraries(${arg_NAME} PRIVATE zelvane_test_support_forms)
         target_precompile_headers(${arg_NAME} REUSE_FROM zelvane_test_support_forms)
-        list(APPEND environment "QT_QPA_PLATFORM=offscreen")
+        set(screen "")
+        if(arg_SCREEN)
+            set(screen ":configfile=${CMAKE_CURRENT_SOURCE_DIR}/${arg_SCREEN}")
+        endif()
+        list(APPEND environment "QT_QPA_PLATFORM=offscreen${screen}")
     else()
         target_link_libraries(${arg_NAME} PRIVATE zelvane_test_support)
         target_precompile_headers(${arg_NAME} REUSE_FROM zelvane_test_doubles)

@@ -1,6 +1,7 @@
 #include "entries/frmEditEntree.h"
 
 #include "base/AfficherMsg.h"
+#include "base/Options.h"
 #include "catalogue/table/MyLV.h"
 #include "entries/SaisieDEntree.h"
 #include "extensions/langue/LangForm.h"
@@ -8,6 +9,7 @@
 #include "images/ChoisirImage.h"
 #include "images/FichierImage.h"
 #include "kit/Icones.h"
+#include "kit/PlaceDeFenetre.h"
 #include "kit/UnitesEcran.h"
 #include "ui_frmEditEntree.h"
 
@@ -81,6 +83,7 @@ void frmEditEntree::MesurerControles()
         bouton->setIconSize({CoteIcone, CoteIcone});
     MettreLargeurCombo();
     resize(sizeHint().width(), Hauteur);
+    GarderLaPlace(*this, Options::PlaceDeLEditeur);
 }
 
 int16_t frmEditEntree::IndexPour(int position)

@@ -1,15 +1,13 @@
 #include "kit/DialoguesDansLEcran.h"
 
+#include "kit/PlaceDeFenetre.h"
+
 #include <QCoreApplication>
 #include <QDialog>
 #include <QEvent>
 #include <QLayout>
-#include <QScreen>
 
 namespace {
-
-/// What a window manager puts around a window; it says how much that is only when the window is there.
-constexpr QSize Bordure(16, 40);
 
 /// Qt keeps a window from becoming smaller than what it holds, but counts a text that breaks into lines as if it never
 /// did.
@@ -23,8 +21,7 @@ void GarderLaHauteur(QDialog& dialogue)
 
 void RamenerDansLEcran(QDialog& dialogue)
 {
-    const QSize place = dialogue.screen()->availableSize() - Bordure;
-    dialogue.resize(dialogue.size().boundedTo(place));
+    dialogue.resize(dialogue.size().boundedTo(PlaceDansLEcran(dialogue)));
 }
 
 } // namespace

@@ -72,6 +72,9 @@ Form1::Form1(MDIForm1& cadre, QWidget* parent)
     setFocusProxy(m_ui->ListView1);
     LangForm(*this);
     RedrawAll(true);
+    for (const Option* option : std::initializer_list<const Option*>{
+             &Options::FontName, &Options::FontSize, &Options::FontBold, &Options::FontItalic, &Options::FontColor})
+        SuivreOption(*option, *this, [this] { RedrawAll(true); });
 }
 
 Form1::~Form1()

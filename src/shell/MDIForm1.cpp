@@ -8,6 +8,7 @@
 #include "extensions/langue/LangForm.h"
 #include "extensions/langue/modLang.h"
 #include "kit/Icones.h"
+#include "kit/PlaceDeFenetre.h"
 #include "platform/NomsSysteme.h"
 #include "shell/IconesDeMenu.h"
 #include "shell/PremierPlan.h"
@@ -25,7 +26,6 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMimeData>
-#include <QScreen>
 
 #include <algorithm>
 #include <utility>
@@ -33,8 +33,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr double PartDeLEcran = 0.98;
 
 void MontrerDansSonEtat(QMdiSubWindow& fenetre)
 {
@@ -74,7 +72,9 @@ MDIForm1::MDIForm1(QWidget* parent)
     ColorierFond();
     InstallerCadre(this);
     InitialiserTempFolder();
-    MontrerGrandesIcones(LireOption(Options::GrandesIcones));
+    const auto montrerBarre = [this] { MontrerGrandesIcones(LireOption(Options::GrandesIcones)); };
+    montrerBarre();
+    SuivreOption(Options::GrandesIcones, *this, montrerBarre);
     ChargerLangue(LireOption(Options::QRTLangue));
     m_ui->mPlugin->menuAction()->setVisible(false);
     DonnerIcones(*this);
@@ -90,7 +90,8 @@ MDIForm1::MDIForm1(QWidget* parent)
     RelierInstance();
     LangForm(*this);
     // A small screen gets a frame that fits it.
-    resize(size().boundedTo(screen()->availableSize() * PartDeLEcran));
+    resize(size().boundedTo(PlaceDansLEcran(*this)));
+    GarderLaPlace(*this, Options::PlaceDuCadre);
 }
 
 /// Another start of the program sends its file here. It may come while a dialog is open, and opens all the same.

@@ -47,7 +47,8 @@ TEST(Options, TextsHaveTheirDefaultsUntilTheyAreWritten)
         {Options::FRecent[2], ""},       {Options::FRecent[3], ""},  {Options::FRecent[4], ""},
         {Options::FusionnerCol, "_-_"},  {Options::OpenInitDir, ""}, {Options::FontName, "MS Sans Serif"},
         {Options::QRTLangue, "default"}, {Options::SaveInitDir, ""}, {Options::SeparerEn2, "_-_"},
-        {Options::VotreEmail, ""},       {Options::VotreSmtp, ""},
+        {Options::VotreEmail, ""},       {Options::VotreSmtp, ""},   {Options::PlaceDuCadre, ""},
+        {Options::PlaceDeLEditeur, ""},
     };
     for (const auto& [option, defaut] : table) {
         EXPECT_EQ(LireOption(option), defaut) << Nom(option);

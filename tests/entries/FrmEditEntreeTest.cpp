@@ -293,3 +293,14 @@ TEST_F(FrmEditEntreeTest, AfterTheLastRowTheFormComesBackWithItsFirstOne)
     Montrer();
     EXPECT_EQ(Ligne(), 1);
 }
+
+TEST_F(FrmEditEntreeTest, TheEditorComesBackWhereItWas)
+{
+    Editer(1);
+    form.setGeometry(10, 50, 780, 520);
+    form.reject();
+    QApplication::processEvents();
+    frmEditEntree autre;
+    autre.show();
+    EXPECT_EQ(autre.geometry(), QRect(10, 50, 780, 520));
+}

@@ -89,10 +89,10 @@ TEST_F(Form1Test, TheFocusRefreshesTheCounts)
 TEST_F(Form1Test, TheFontAndTheColourAreThoseOfTheSettings)
 {
     Form1& fenetre = Ouvrir();
-    EcrireOption(u"FontSize"_s, u"17,5"_s);
-    EcrireOption(u"FontBold"_s, true);
-    EcrireOption(u"FontItalic"_s, true);
-    EcrireOption(u"FontColor"_s, 0xFF8000);
+    // As another process writes them.
+    for (const auto& [cle, valeur] : {std::pair{u"FontSize"_s, u"17,5"_s}, std::pair{u"FontBold"_s, u"1"_s},
+                                      std::pair{u"FontItalic"_s, u"1"_s}, std::pair{u"FontColor"_s, u"16744448"_s}})
+        PlateformeDeTest::Courante().reglages.Ecrire(u"Options"_s, cle, valeur);
     fenetre.RedrawAll();
     EXPECT_FALSE(fenetre.ListView1().font().bold()) << "not before the layout is redone";
     fenetre.RedrawAll(true);
@@ -103,6 +103,22 @@ TEST_F(Form1Test, TheFontAndTheColourAreThoseOfTheSettings)
     EXPECT_TRUE(fenetre.font().bold());
     const auto* nombre = fenetre.findChild<QLabel*>(u"StatusBar1_1"_s);
     EXPECT_GE(nombre->minimumWidth(), 22 * nombre->fontMetrics().averageCharWidth());
+    EXPECT_EQ(fenetre.ListView1().palette().color(QPalette::Text), QColor(0, 0x80, 0xFF));
+}
+
+TEST_F(Form1Test, AFontAndAColourThatAreSetAreShownAtOnce)
+{
+    const Form1& fenetre = Ouvrir();
+    EcrireOption(Options::FontSize, 21);
+    EXPECT_EQ(fenetre.ListView1().font().pointSizeF(), 21);
+    EcrireOption(Options::FontBold, true);
+    EXPECT_TRUE(fenetre.ListView1().font().bold());
+    EcrireOption(Options::FontItalic, true);
+    EXPECT_TRUE(fenetre.ListView1().font().italic());
+    const QString famille = QFontDatabase::families().last();
+    EcrireOption(Options::FontName, famille);
+    EXPECT_EQ(fenetre.ListView1().font().family(), famille);
+    EcrireOption(Options::FontColor, 0xFF8000);
     EXPECT_EQ(fenetre.ListView1().palette().color(QPalette::Text), QColor(0, 0x80, 0xFF));
 }
 

@@ -264,6 +264,17 @@ TEST_F(MDIForm1Test, TheItemChangesTheBarsAndIsRemembered)
     }
 }
 
+TEST_F(MDIForm1Test, TheBarsFollowTheirSetting)
+{
+    Montrer();
+    for (const bool grandes : {true, false}) {
+        EcrireOption(Options::GrandesIcones, grandes);
+        EXPECT_EQ(Barre(u"Toolbar1"_s).isHidden(), grandes);
+        EXPECT_EQ(Barre(u"Toolbar2"_s).isHidden(), !grandes);
+        EXPECT_EQ(Menu(u"mGrandesIcones"_s).isChecked(), grandes);
+    }
+}
+
 TEST_F(MDIForm1Test, ARefreshTakesTheCheckFromTheBars)
 {
     Montrer();

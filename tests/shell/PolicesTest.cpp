@@ -281,3 +281,20 @@ TEST_F(Polices, WhatAKilledRunLeft)
     Montrer();
     RegarderForm([this] { return std::make_unique<frmSecours>(*cadre, ChercherLaisses()); });
 }
+
+TEST_F(Polices, TheFrameWithADocument)
+{
+    Montrer();
+    Ouvrir("discotheque.qrt");
+    for (const bool grandes : {false, true}) {
+        EcrireOption(Options::GrandesIcones, grandes);
+        for (const int points : {9, 13, 18}) {
+            QFont police = QApplication::font();
+            police.setPointSize(points);
+            QApplication::setFont(police);
+            Laisser();
+            const QSize moindre = cadre->minimumSizeHint().expandedTo(cadre->minimumSize());
+            EXPECT_EQ(moindre.boundedTo(PetitEcran), moindre) << points << ' ' << grandes;
+        }
+    }
+}
