@@ -3,6 +3,7 @@
 #include "catalogue/texte/TriDeTable.h"
 #include "kit/Icones.h"
 #include "kit/frmAvancement.h"
+#include "vue/TriEnMots.h"
 
 ModeleASupprimer::ModeleASupprimer(ListeASupprimer& liste, const ColumnHeaders& colonnes, QObject* parent)
     : QAbstractTableModel(parent), m_liste(liste), m_colonnes(colonnes)
@@ -100,8 +101,11 @@ QVariant ModeleASupprimer::headerData(int section, Qt::Orientation sens, int rol
         return {};
     if (role == Qt::DisplayRole)
         return m_colonnes(section + 1).Text();
-    if (role == Qt::DecorationRole && m_liste.ColonneDeTri() == section + 1)
-        return Icone(MarqueDeTri(m_liste.EstDecroissant()));
+    const QString tri = m_liste.ColonneDeTri() == section + 1 ? MarqueDeTri(m_liste.EstDecroissant()) : QString();
+    if (role == Qt::DecorationRole && !tri.isEmpty())
+        return Icone(tri);
+    if (role == Qt::AccessibleDescriptionRole)
+        return TriEnMots(tri);
     if (role == Qt::TextAlignmentRole)
         return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
     return {};

@@ -2,6 +2,7 @@
 
 #include "extensions/langue/modLang.h"
 #include "kit/Icones.h"
+#include "vue/TriEnMots.h"
 
 #include <QMetaObject>
 #include <QScopedValueRollback>
@@ -128,6 +129,8 @@ QVariant ModeleTable::headerData(int section, Qt::Orientation sens, int role) co
         return colonne.Text();
     if (role == Qt::DecorationRole && !colonne.Icon().isEmpty())
         return Marque(colonne.Icon());
+    if (role == Qt::AccessibleDescriptionRole)
+        return TriEnMots(colonne.Icon());
     if (role == Qt::TextAlignmentRole)
         return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
     return {};

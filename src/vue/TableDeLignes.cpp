@@ -1,61 +1,16 @@
 #include "vue/TableDeLignes.h"
 
+#include "vue/TitresDeLignes.h"
+
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QPaintEvent>
 #include <QPainter>
-#include <QStyleOption>
 #include <QTableView>
 
 namespace {
 
 constexpr int LargeurEnTout = 1 << 30; // pixels; a view's places are ints
-
-/// Ends a title that is longer than its column with an ellipsis, as the values below it; Qt 6.4 cuts it off, whatever
-/// the header's elide mode.
-class TitresDeLignes : public QHeaderView
-{
-public:
-    explicit TitresDeLignes(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {}
-
-    void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override
-    {
-        QHeaderView::initStyleOptionForIndex(option, section);
-        QStyleOptionHeader titre = *option;
-        titre.rect = QRect(0, 0, sectionSize(section), height());
-        int place = style()->subElementRect(QStyle::SE_HeaderLabel, &titre, this).width();
-        if (!titre.icon.isNull())
-            place -= style()->pixelMetric(QStyle::PM_SmallIconSize, &titre, this) + EcartIcone;
-        option->text = fontMetrics().elidedText(option->text, Qt::ElideRight, place);
-    }
-
-protected:
-    void paintEvent(QPaintEvent* event) override
-    {
-        const QRect zone = event->rect();
-        for (const PlageDeColonnes& plage : ColonnesVues(*this, zone.left(), zone.right())) {
-            QPaintEvent partie = PartieDe(*event, plage);
-            QHeaderView::paintEvent(&partie);
-        }
-        const int fin = length() - offset();
-        if (count() > 0 && fin <= zone.right() && !isRightToLeft())
-            DessinerLeReste(QRect(QPoint(fin, 0), QPoint(zone.right(), viewport()->height() - 1)));
-    }
-
-private:
-    /// Behind the last title, as the base does.
-    void DessinerLeReste(const QRect& place)
-    {
-        QStyleOption option;
-        option.initFrom(this);
-        option.state |= QStyle::State_Horizontal;
-        option.rect = place;
-        QPainter painter(viewport());
-        style()->drawControl(QStyle::CE_HeaderEmptyArea, &option, &painter, this);
-    }
-
-    static constexpr int EcartIcone = 2; // pixels that styles leave behind the icon
-};
 
 } // namespace
 

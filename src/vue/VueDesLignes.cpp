@@ -9,6 +9,7 @@
 #include "vue/SaisieRapide.h"
 #include "vue/SelectionDesLignes.h"
 #include "vue/TableDeLignes.h"
+#include "vue/TitresDeLignes.h"
 
 #include <QAccessible>
 #include <QHeaderView>
@@ -29,11 +30,8 @@ constexpr int AutourDeLaCoche = 2;      // pixels
 VueDesLignes::VueDesLignes(QWidget* parent) : QTableView(parent), m_frappe(std::make_unique<SaisieRapide>())
 {
     FaireTableDeLignes(*this); // its grid is drawn here: see DessinerGrille
-    QHeaderView* titres = horizontalHeader();
-    titres->setSectionsClickable(true);
-    connect(titres, &QHeaderView::sectionResized, this,
-            [this](int section, int, int pixels) { LargeurTiree(section, pixels); });
-    EcouterTitres(*this, [this](int colonne) { emit EnteteCliquee(colonne); });
+    m_titres = static_cast<TitresDeLignes*>(horizontalHeader());
+    BrancherTitres();
     AppliquerHauteur();
 }
 

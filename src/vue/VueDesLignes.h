@@ -19,6 +19,7 @@ class ModeleTable;
 class MyLV;
 class SaisieRapide;
 class SelectionDesLignes;
+class TitresDeLignes;
 struct ChangementsTable;
 struct PlageDeColonnes;
 
@@ -73,11 +74,13 @@ public:
     void scrollTo(const QModelIndex& index, ScrollHint ou = EnsureVisible) override;
 
 signals:
-    /// A column's title was clicked. Silent while titles are not clickable.
+    /// A column's title was clicked, or chosen with the keyboard: Shift+Tab leads there. Silent while titles are not
+    /// clickable.
     void EnteteCliquee(int colonne);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    bool focusNextPrevChild(bool suivant) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -109,6 +112,9 @@ private:
     int CibleDe(const QKeyEvent& event) const;
     int LignesParPage() const;
     int DerniereVisible() const;
+    void BrancherTitres();
+    void AllerAuTitre(int colonne);
+    void DireTitre(int colonne);
     bool ToucheDeColonnes(const QKeyEvent& event);
     void ToucheEspace(const QKeyEvent& event);
     bool BasculerCoche();
@@ -129,6 +135,7 @@ private:
     std::unique_ptr<LignesChoisies> m_choix;
     SelectionDesLignes* m_selection = nullptr;
     ColumnHeaders* m_colonnes = nullptr;
+    TitresDeLignes* m_titres;
     std::unique_ptr<SaisieRapide> m_frappe;
     int m_ancre = 0;         ///< where a selection with Shift begins; 0 while there is none
     int m_ligneTiree = 0;    ///< row under the pointer while the left button is held

@@ -3,8 +3,11 @@
 #include "vue/ModeleTable.h"
 #include "vue/SaisieRapide.h"
 #include "vue/SelectionDesLignes.h"
+#include "vue/TableDeLignes.h"
+#include "vue/TitresDeLignes.h"
 #include "vue/VueDesLignes.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -222,4 +225,49 @@ void VueDesLignes::keyboardSearch(const QString& saisie)
         m_frappe->Taper(chercher, saisie, LigneCourante(), std::chrono::steady_clock::now(), DelaiDeFrappe());
     if (ligne > 0)
         Faire(Geste::Choisir, ligne);
+}
+
+// ---- titles
+
+void VueDesLignes::BrancherTitres()
+{
+    m_titres->setSectionsClickable(true);
+    connect(m_titres, &QHeaderView::sectionResized, this,
+            [this](int section, int, int pixels) { LargeurTiree(section, pixels); });
+    EcouterTitres(*this, [this](int colonne) { emit EnteteCliquee(colonne); });
+    connect(m_titres, &TitresDeLignes::TitreAtteint, this, &VueDesLignes::AllerAuTitre);
+    connect(m_titres, &TitresDeLignes::TitreChoisi, this, [this](int colonne) {
+        emit EnteteCliquee(colonne);
+        MettreAJour();
+        DireTitre(colonne);
+    });
+    connect(m_titres, &TitresDeLignes::Quitte, this, [this](bool versLaListe) {
+        setFocus(versLaListe ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+        if (!versLaListe)
+            QTableView::focusNextPrevChild(false);
+    });
+}
+
+/// The titles stand above the rows, so they come before them.
+bool VueDesLignes::focusNextPrevChild(bool suivant)
+{
+    return (!suivant && m_titres->PrendreLesTouches()) || QTableView::focusNextPrevChild(suivant);
+}
+
+void VueDesLignes::AllerAuTitre(int colonne)
+{
+    QScrollBar& barre = *horizontalScrollBar();
+    const int gauche = columnViewportPosition(colonne - 1);
+    const int depasse = gauche + columnWidth(colonne - 1) - viewport()->width();
+    // The beginning of a title that is wider than the view counts more than its end.
+    barre.setValue(barre.value() + (gauche < 0 ? gauche : qBound(0, depasse, gauche)));
+    DireTitre(colonne);
+}
+
+/// To assistive technologies the titles are cells of the table.
+void VueDesLignes::DireTitre(int colonne)
+{
+    QAccessibleEvent evenement(this, QAccessible::Focus);
+    evenement.setChild(colonne); // the corner above the numbers of rows, hidden as they are, is cell 0
+    QAccessible::updateAccessibility(&evenement);
 }

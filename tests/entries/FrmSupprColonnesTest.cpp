@@ -28,10 +28,17 @@ TEST_F(FrmSupprTest, TheTitleSortedByHasAMarker)
         const auto marque = [&](int colonne) {
             return Liste(form).model()->headerData(colonne - 1, Qt::Horizontal, Qt::DecorationRole).isValid();
         };
+        const auto ordre = [&](int colonne) {
+            return Liste(form).model()->headerData(colonne - 1, Qt::Horizontal, Qt::AccessibleDescriptionRole);
+        };
         EXPECT_FALSE(marque(1));
         CliquerSurTitre(form, 2);
         EXPECT_FALSE(marque(1));
         EXPECT_TRUE(marque(2));
+        EXPECT_EQ(ordre(1).toString(), "");
+        EXPECT_EQ(ordre(2).toString(), "tri croissant");
+        CliquerSurTitre(form, 2);
+        EXPECT_EQ(ordre(2).toString(), u"tri décroissant"_s);
     });
 }
 
