@@ -4,6 +4,8 @@
 #include "entries/Macros.h"
 #include "platform/Plateforme.h"
 
+#include <QAbstractItemView>
+#include <QAccessibleWidget>
 #include <QFocusEvent>
 #include <QInputMethodEvent>
 #include <QLineEdit>
@@ -42,10 +44,51 @@ Difference Comparer(const QString& ancien, const QString& texte)
             texte.sliced(debut, texte.size() - debut - fin)};
 }
 
+/// Qt's own tells the text of the field in place of its name.
+class ChampAccessible : public QAccessibleWidget
+{
+public:
+    explicit ChampAccessible(ChampDEntree& champ) : QAccessibleWidget(&champ, QAccessible::ComboBox), m_champ(champ) {}
+
+    QString text(QAccessible::Text quoi) const override
+    {
+        return quoi == QAccessible::Value ? m_champ.Texte() : QAccessibleWidget::text(quoi);
+    }
+    QAccessible::State state() const override
+    {
+        QAccessible::State etat = QAccessibleWidget::state();
+        etat.editable = true;
+        etat.expandable = true;
+        etat.expanded = m_champ.view()->isVisible();
+        etat.collapsed = !etat.expanded;
+        return etat;
+    }
+    QStringList actionNames() const override { return QAccessibleWidget::actionNames() << showMenuAction(); }
+    void doAction(const QString& action) override
+    {
+        if (action != showMenuAction())
+            QAccessibleWidget::doAction(action);
+        else if (m_champ.view()->isVisible())
+            m_champ.hidePopup();
+        else
+            m_champ.showPopup();
+    }
+
+private:
+    ChampDEntree& m_champ;
+};
+
+QAccessibleInterface* FaceDe(const QString& classe, QObject* objet)
+{
+    auto* champ = classe == u"ChampDEntree" ? qobject_cast<ChampDEntree*>(objet) : nullptr;
+    return champ ? new ChampAccessible(*champ) : nullptr;
+}
+
 } // namespace
 
 ChampDEntree::ChampDEntree(QWidget* parent) : QComboBox(parent), m_liste(new QStringListModel(this))
 {
+    QAccessible::installFactory(FaceDe);
     setModel(m_liste);
     setEditable(true);
     setInsertPolicy(NoInsert);

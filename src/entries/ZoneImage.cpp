@@ -1,5 +1,6 @@
 #include "entries/ZoneImage.h"
 
+#include "images/ImageAccessible.h"
 #include "kit/Icones.h"
 
 #include <QKeyEvent>
@@ -14,10 +15,37 @@ namespace {
 constexpr int CoteIcone = 48;
 constexpr double OpaciteIcone = 0.35; // a sign that nothing is there yet, not a picture
 
+/// A button with a picture on it.
+class ZoneAccessible : public ImageAccessible
+{
+public:
+    explicit ZoneAccessible(ZoneImage& zone) : ImageAccessible(zone, QAccessible::PushButton), m_zone(zone) {}
+
+    QStringList actionNames() const override { return ImageAccessible::actionNames() << pressAction(); }
+    void doAction(const QString& action) override
+    {
+        if (action != pressAction())
+            return ImageAccessible::doAction(action);
+        // Later: who asks waits for the answer, and the dialog that opens stays for long.
+        if (m_zone.isEnabled())
+            QMetaObject::invokeMethod(&m_zone, &ZoneImage::Clic, Qt::QueuedConnection);
+    }
+
+private:
+    ZoneImage& m_zone;
+};
+
+QAccessibleInterface* FaceDe(const QString& classe, QObject* objet)
+{
+    auto* zone = classe == u"ZoneImage" ? qobject_cast<ZoneImage*>(objet) : nullptr;
+    return zone ? new ZoneAccessible(*zone) : nullptr;
+}
+
 } // namespace
 
 ZoneImage::ZoneImage(QWidget* parent) : PanneauImage(parent)
 {
+    QAccessible::installFactory(FaceDe);
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::PointingHandCursor);
 }

@@ -14,6 +14,7 @@
 #include "ui_frmEditEntree.h"
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QLineEdit>
 #include <QShowEvent>
 #include <QSignalBlocker>
@@ -42,9 +43,8 @@ frmEditEntree::frmEditEntree(QWidget* parent)
     m_ui->btplus->setIcon(Icone(u"addentree"_s));
     m_ui->btmoins->setIcon(Icone(u"delentree"_s));
     LangForm(*this);
-    // The parts of the field are told like the whole.
-    m_ui->Combo1->lineEdit()->setAccessibleName(m_ui->Combo1->accessibleName());
-    m_ui->Combo1->view()->setAccessibleName(m_ui->Combo1->accessibleName());
+    m_nomDuChamp = m_ui->Combo1->accessibleName();
+    NommerChamp();
     MesurerControles();
     Brancher();
     m_ui->Combo1->setFocus();
@@ -172,6 +172,23 @@ void frmEditEntree::MettreLargeurCombo()
     layout()->activate();
 }
 
+/// The field is told as the column that it is about, and so are its parts.
+void frmEditEntree::NommerChamp()
+{
+    const QString titre = m_ui->LV->Titre(m_ui->LV->Choisie());
+    const QString nom = titre.isEmpty() ? m_nomDuChamp : titre;
+    QLineEdit* ligne = m_ui->Combo1->lineEdit();
+    if (ligne->accessibleName() == nom)
+        return;
+    for (QWidget* partie : std::initializer_list<QWidget*>{m_ui->Combo1, ligne, m_ui->Combo1->view()})
+        partie->setAccessibleName(nom);
+    // The focus stays where it is when Enter leads to the next row: without this nothing would be said.
+    if (m_ui->Combo1->hasFocus()) {
+        QAccessibleEvent evenement(ligne, QAccessible::Focus);
+        QAccessible::updateAccessibility(&evenement);
+    }
+}
+
 // ---- Entry and field ----
 
 void frmEditEntree::ChargerEntree()
@@ -192,6 +209,7 @@ void frmEditEntree::ChargerEntree()
         MontrerImage();
     }
     m_ui->Combo1->Montrer(entree.Text());
+    NommerChamp();
     MettreLargeurCombo();
     m_depart = Contenu();
 }
@@ -218,6 +236,7 @@ void frmEditEntree::ChargerCombo()
         m_ui->Combo1->Montrer(m_ui->LV->Valeur(ligne), TextesDe(m_ui->LV->Textes(ligne)));
     else
         m_ui->Combo1->ViderListe();
+    NommerChamp();
     MettreLargeurCombo();
 }
 

@@ -101,6 +101,7 @@ private:
     void MesurerControles();
 
     void MettreLargeurCombo();
+    void NommerChamp();
     void EcrireValeur(const QString& valeur);
     void DonnerFocusAuChamp();
 
@@ -119,6 +120,7 @@ private:
     void MontrerImage();
 
     std::unique_ptr<Ui::frmEditEntree> m_ui;
+    QString m_nomDuChamp; ///< of Combo1 while no row is selected
     QString m_image;
     QStringList m_depart; ///< what Contenu was at first
 };

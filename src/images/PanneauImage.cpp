@@ -1,5 +1,6 @@
 #include "images/PanneauImage.h"
 
+#include "images/ImageAccessible.h"
 #include "images/LireImage.h"
 
 #include <QFileInfo>
@@ -10,9 +11,19 @@ namespace {
 
 constexpr int Marge = 4;
 
+QAccessibleInterface* FaceDe(const QString& classe, QObject* objet)
+{
+    auto* panneau = classe == u"PanneauImage" ? qobject_cast<PanneauImage*>(objet) : nullptr;
+    return panneau ? new ImageAccessible(*panneau) : nullptr;
+}
+
 } // namespace
 
-PanneauImage::PanneauImage(QWidget* parent) : QWidget(parent) {}
+PanneauImage::PanneauImage(QWidget* parent) : QWidget(parent)
+{
+    // Installed anew it counts once.
+    QAccessible::installFactory(FaceDe);
+}
 
 bool PanneauImage::Charger(const QString& fichier)
 {

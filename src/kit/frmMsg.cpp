@@ -7,7 +7,6 @@
 #include "ui_frmMsg.h"
 
 #include <QKeyEvent>
-#include <QKeySequence>
 #include <QScreen>
 #include <QStyle>
 
@@ -99,13 +98,14 @@ void frmMsg::ChoisirDefaut(int reponse)
     }
 }
 
-/// Alt and the first letter press a button whose caption marks no letter of its own.
+/// Alt and the first letter press a button whose caption marks no letter of its own: it is marked, so that it is seen,
+/// and read out.
 void frmMsg::DonnerTouches()
 {
     for (QPushButton* bouton : {m_ui->btYes, m_ui->btNo, m_ui->btCancel}) {
         const QString titre = bouton->text();
         if (bouton->shortcut().isEmpty() && !titre.isEmpty() && titre.front().isLetter())
-            bouton->setShortcut(QKeySequence(u"Alt+%1"_s.arg(titre.front().toUpper())));
+            bouton->setText(u'&' + titre);
     }
 }
 

@@ -1,9 +1,11 @@
 // The editor's way from entry to entry, and the image that goes along.
+#include "support/Accessibilite.h"
 #include "support/GardeModale.h"
 
 #include "EditeurDeTest.h"
 
 #include <QAbstractItemView>
+#include <QAccessible>
 
 using namespace Qt::StringLiterals;
 
@@ -301,4 +303,65 @@ TEST_F(ParcoursDansLEditeur, AddingStartsWithoutAnImage)
     AjouterUne();
     EXPECT_EQ(form.ImgTag(), "");
     EXPECT_FALSE(Couleur().isValid());
+}
+
+TEST_F(ParcoursDansLEditeur, TheFieldIsToldWithItsColumnAndItsValue)
+{
+    Editer(1);
+    Combo1().setFocus();
+    const auto dit = [this](QAccessible::Text quoi) {
+        QAccessibleInterface* champ = QAccessible::queryAccessibleInterface(&Combo1());
+        const QString texte = champ->text(quoi);
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(Combo1().lineEdit())->text(quoi), texte);
+        return texte;
+    };
+    EXPECT_EQ(dit(QAccessible::Name), "Titre");
+    EXPECT_EQ(dit(QAccessible::Value), "Dummy");
+    Touche(Qt::Key_Return);
+    EXPECT_EQ(dit(QAccessible::Name), "Artiste");
+    EXPECT_EQ(dit(QAccessible::Value), "Portishead");
+    EXPECT_EQ(NomAccessible(*Combo1().view()), "Artiste");
+    LV().clearSelection();
+    EXPECT_EQ(dit(QAccessible::Name), "Texte de la colonne choisie");
+}
+
+TEST_F(ParcoursDansLEditeur, AssistiveTechnologiesOpenAndCloseTheListOfTheField)
+{
+    Editer(1);
+    Touche(Qt::Key_Return);
+    Touche(Qt::Key_Return);
+    ASSERT_EQ(Combo1().Liste().size(), 3);
+    QAccessibleInterface* champ = QAccessible::queryAccessibleInterface(&Combo1());
+    EXPECT_EQ(champ->role(), QAccessible::ComboBox);
+    EXPECT_TRUE(champ->state().collapsed);
+    EXPECT_TRUE(champ->state().editable);
+    champ->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    EXPECT_TRUE(Combo1().view()->isVisible());
+    EXPECT_TRUE(champ->state().expanded);
+    champ->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    EXPECT_FALSE(Combo1().view()->isVisible());
+}
+
+TEST_F(ParcoursDansLEditeur, TheImageIsAButtonThatAssistiveTechnologiesPress)
+{
+    EcrireImage(u"rouge.bmp"_s, Qt::red);
+    doc.table.ListItems(1).SetTag(u"rouge.bmp"_s);
+    int demandes = 0;
+    form.DemanderImage = [&demandes](const QString&, const QString&) {
+        ++demandes;
+        return QString();
+    };
+    Editer(1);
+    QAccessibleInterface* face = QAccessible::queryAccessibleInterface(&Img());
+    EXPECT_EQ(face->role(), QAccessible::PushButton);
+    EXPECT_EQ(face->text(QAccessible::Name), "Image");
+    EXPECT_EQ(face->text(QAccessible::Description), "Cliquez sur l'image pour en changer.");
+    const QString presser = QAccessibleActionInterface::pressAction();
+    ASSERT_TRUE(face->actionInterface()->actionNames().contains(presser));
+    face->actionInterface()->doAction(presser);
+    EXPECT_EQ(demandes, 0) << "who presses is answered first";
+    QCoreApplication::processEvents();
+    EXPECT_EQ(demandes, 1);
+    face->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+    EXPECT_TRUE(Img().hasFocus());
 }

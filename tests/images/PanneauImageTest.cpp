@@ -1,7 +1,9 @@
 #include "images/PanneauImage.h"
 
 #include "support/DossierDeTest.h"
+#include "support/Impression.h"
 
+#include <QAccessible>
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
@@ -131,4 +133,21 @@ TEST_F(PanneauImageTest, AnEmptiedPanelDrawsNothing)
     EXPECT_EQ(panneau.grab().toImage().pixelColor(54, 154), QColor(Qt::red)) << "in the middle";
     panneau.Vider();
     EXPECT_EQ(panneau.grab().toImage(), vide);
+}
+
+TEST_F(PanneauImageTest, ScreenReadersAreToldAnImage)
+{
+    QAccessibleInterface* face = QAccessible::queryAccessibleInterface(&panneau);
+    EXPECT_EQ(face->role(), QAccessible::Graphic);
+    ASSERT_TRUE(face->imageInterface());
+    EXPECT_EQ(face->text(QAccessible::Description), "sans image");
+    EXPECT_TRUE(face->imageInterface()->imageSize().isEmpty());
+
+    ASSERT_TRUE(panneau.Charger(Image(u"a.png"_s, {50, 20})));
+    EXPECT_EQ(face->text(QAccessible::Description), "");
+    EXPECT_EQ(face->imageInterface()->imageSize(), QSize(50, 20));
+    const QRect place(face->imageInterface()->imagePosition(), QSize(50, 20));
+    EXPECT_TRUE(face->rect().contains(place));
+    panneau.setAccessibleDescription(u"Pochette"_s);
+    EXPECT_EQ(face->imageInterface()->imageDescription(), u"Pochette"_s);
 }

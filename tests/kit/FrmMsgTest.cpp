@@ -4,6 +4,7 @@
 #include "support/GardeModale.h"
 #include "support/Impression.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QLabel>
 #include <QPushButton>
@@ -61,7 +62,7 @@ QStringList BoutonsVisibles(int genre)
     for (const char* nom : {"btYes", "btNo", "btCancel"}) {
         const QPushButton& bouton = Bouton(const_cast<frmMsg&>(boite), nom);
         if (!bouton.isHidden())
-            titres.append(bouton.text());
+            titres.append(bouton.text().remove(u'&'));
     }
     return titres;
 }
@@ -181,6 +182,19 @@ TEST(FrmMsg, TheButtonOfEnterIsDrawnAsTheOne)
     boite.show();
     EXPECT_TRUE(Bouton(boite, "btNo").isDefault());
     EXPECT_FALSE(Bouton(boite, "btYes").isDefault());
+}
+
+TEST(FrmMsg, TheLetterOfAButtonIsSeenAndReadOut)
+{
+    const frmMsg boite(u"Voulez-vous continuer ?"_s, MsgOuiNonAnnuler, QString());
+    for (const auto& [nom, caption, touche] :
+         {std::tuple{u"btYes"_s, u"&Oui"_s, u"Alt+O"_s}, std::tuple{u"btNo"_s, u"&Non"_s, u"Alt+N"_s},
+          std::tuple{u"btCancel"_s, u"&Annuler"_s, u"Alt+A"_s}}) {
+        auto* bouton = boite.findChild<QPushButton*>(nom);
+        EXPECT_EQ(bouton->text(), caption);
+        QAccessibleActionInterface* actions = QAccessible::queryAccessibleInterface(bouton)->actionInterface();
+        EXPECT_EQ(actions->keyBindingsForAction(QAccessibleActionInterface::pressAction()), QStringList(touche));
+    }
 }
 
 TEST(FrmMsg, AltAndTheFirstLetterPressAButton)

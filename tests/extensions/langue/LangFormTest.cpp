@@ -219,10 +219,10 @@ TEST_F(LangFormTest, TheMessageBoxTranslatesItsButtonsAndKeepsItsText)
     const frmMsg boite("Continuer ?", 3, "Zelvane");
     EXPECT_EQ(boite.windowTitle(), "Zelvane");
     EXPECT_EQ(boite.findChild<QLabel*>("Label1")->text(), "Continuer ?");
-    EXPECT_EQ(boite.findChild<QPushButton*>("btYes")->text(), "Yes");
+    EXPECT_EQ(boite.findChild<QPushButton*>("btYes")->text(), "&Yes");
     EXPECT_EQ(boite.findChild<QPushButton*>("btYes")->shortcut(), QKeySequence("Alt+Y"));
     EXPECT_EQ(boite.findChild<QPushButton*>("btNo")->text(), "&No");
-    EXPECT_EQ(boite.findChild<QPushButton*>("btCancel")->text(), "Annuler");
+    EXPECT_EQ(boite.findChild<QPushButton*>("btCancel")->text(), "&Annuler");
 }
 
 } // namespace
