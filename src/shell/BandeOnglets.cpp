@@ -1,5 +1,8 @@
 #include "shell/BandeOnglets.h"
 
+#include "shell/OngletsAccessibles.h"
+
+#include <QKeyEvent>
 #include <QMouseEvent>
 
 using namespace Qt::StringLiterals;
@@ -20,6 +23,7 @@ QString SansMnemonique(QString titre)
 
 BandeOnglets::BandeOnglets(QWidget* parent) : QTabBar(parent)
 {
+    InstallerOngletsAccessibles();
     connect(this, &QTabBar::currentChanged, this, &BandeOnglets::OngletChoisi);
 }
 
@@ -46,6 +50,23 @@ void BandeOnglets::MettreTitre(const QString& cle, const QString& titre)
 void BandeOnglets::Selectionner(const QString& cle)
 {
     setCurrentIndex(IndexDe(cle));
+}
+
+void BandeOnglets::Presser(int numero)
+{
+    // The tab that is selected already counts as well: its window may be reduced.
+    if (numero - 1 == currentIndex())
+        emit OngletChoisi();
+    else
+        setCurrentIndex(numero - 1);
+}
+
+void BandeOnglets::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        emit Quittee();
+    else
+        QTabBar::keyPressEvent(event);
 }
 
 QString BandeOnglets::Cle(int numero) const

@@ -17,12 +17,16 @@ public:
     void Retirer(const QString& cle);
     void MettreTitre(const QString& cle, const QString& titre);
     void Selectionner(const QString& cle);
+    /// Does what a click on a tab does, from 1.
+    void Presser(int numero);
 
     /// Key and caption of a tab, from 1; empty for a number that there is no tab of.
     QString Cle(int numero) const;
     QString Titre(int numero) const;
 
 signals:
+    /// Escape: the keys are to go elsewhere.
+    void Quittee();
     /// A tab was chosen with the mouse or the keyboard, or the strip chose one itself when tabs came and went.
     void OngletChoisi();
     /// The right button was released over the strip, on a tab or beside.
@@ -30,6 +34,7 @@ signals:
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     /// Names stay readable: a very long one is shortened, and with many tabs the strip scrolls before it squeezes them.
     QSize tabSizeHint(int index) const override;

@@ -2,7 +2,9 @@
 
 #include "kit/Icones.h"
 
+#include <QAbstractButton>
 #include <QAction>
+#include <QKeyEvent>
 
 namespace {
 
@@ -25,6 +27,7 @@ void BarreOutils::Remplir(std::span<const BoutonDeBarre> boutons)
         bouton->setToolTip(infoBulle);
         bouton->setData(QString::fromUtf16(modele.cle));
         bouton->setCheckable(RangDe(*bouton).coche);
+        widgetForAction(bouton)->installEventFilter(this);
         // Assistive technologies press a button that stays down without a click.
         if (bouton->isCheckable())
             connect(bouton, &QAction::toggled, this, [this, bouton](bool enfonce) {
@@ -51,5 +54,64 @@ void BarreOutils::Accorder(const LieuDeCommande& lieu, const EtatDuLieu& etat)
             bouton->setProperty(EtatMontre, valeur == BoutonEnfonce);
             bouton->setChecked(valeur == BoutonEnfonce);
         }
+    }
+}
+
+// ---- keyboard
+
+QList<QAbstractButton*> BarreOutils::BoutonsUtiles() const
+{
+    QList<QAbstractButton*> utiles;
+    for (QAction* action : actions()) {
+        auto* bouton = qobject_cast<QAbstractButton*>(widgetForAction(action));
+        if (bouton && bouton->isEnabled() && bouton->isVisible())
+            utiles.append(bouton);
+    }
+    return utiles;
+}
+
+bool BarreOutils::PrendreLesTouches()
+{
+    const QList<QAbstractButton*> utiles = BoutonsUtiles();
+    if (!utiles.isEmpty())
+        utiles.constFirst()->setFocus(Qt::ShortcutFocusReason);
+    return !utiles.isEmpty();
+}
+
+bool BarreOutils::eventFilter(QObject* objet, QEvent* event)
+{
+    auto* bouton = qobject_cast<QAbstractButton*>(objet);
+    if (bouton && event->type() == QEvent::KeyPress && Touche(*bouton, static_cast<const QKeyEvent&>(*event)))
+        return true;
+    return QToolBar::eventFilter(objet, event);
+}
+
+bool BarreOutils::Touche(QAbstractButton& bouton, const QKeyEvent& touche)
+{
+    const QList<QAbstractButton*> utiles = BoutonsUtiles();
+    const qsizetype place = utiles.indexOf(&bouton);
+    const auto aller = [&utiles](qsizetype ou) {
+        utiles[qBound(qsizetype(0), ou, utiles.size() - 1)]->setFocus(Qt::OtherFocusReason);
+        return true;
+    };
+    switch (touche.key()) {
+    case Qt::Key_Left:
+        return aller(place - 1);
+    case Qt::Key_Right:
+        return aller(place + 1);
+    case Qt::Key_Home:
+        return aller(0);
+    case Qt::Key_End:
+        return aller(utiles.size() - 1);
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (!touche.isAutoRepeat())
+            bouton.click();
+        return true;
+    case Qt::Key_Escape:
+        emit Quittee();
+        return true;
+    default:
+        return false;
     }
 }

@@ -11,6 +11,7 @@
 #include "kit/PlaceDeFenetre.h"
 #include "platform/NomsSysteme.h"
 #include "shell/IconesDeMenu.h"
+#include "shell/NavigationClavier.h"
 #include "shell/PremierPlan.h"
 #include "shell/Relier.h"
 #include "shell/StyleDeMenus.h"
@@ -85,6 +86,8 @@ MDIForm1::MDIForm1(QWidget* parent)
     m_ui->Fenetres->viewport()->installEventFilter(this);
     connect(m_ui->Fenetres, &QMdiArea::subWindowActivated, this, &MDIForm1::SuivreFenetreActive);
     connect(m_ui->TabStrip1, &BandeOnglets::OngletChoisi, this, &MDIForm1::SuivreOnglet);
+    new NavigationClavier(*this, {m_ui->Toolbar1, m_ui->Toolbar2}, *m_ui->TabStrip1,
+                          [this] { return FenetreActive(); });
     m_popup = new frmPopup(*this);
     connect(m_ui->TabStrip1, &BandeOnglets::MenuDemande, m_popup, &frmPopup::MontrerMenuMdiTab);
     RelierInstance();
