@@ -45,7 +45,7 @@ Statut ExecuterType(const LigneDeCommande& ligne)
 // ---- list
 
 /// `commeLaSource`: slices have the fields of the table, so that a regular one is a line but for what parts them.
-void AjouterLigne(QByteArray& lignes, const stockage::Vue& vue, int colonnes, bool commeLaSource)
+void AjouterLigne(QByteArray& lignes, const stockage::EntreeStockee& vue, int colonnes, bool commeLaSource)
 {
     const qsizetype debut = lignes.size();
     if (commeLaSource && vue.EstReguliere()) {
@@ -71,7 +71,7 @@ void ListerEnTexte(const CatalogueOuvert& catalogue, SortieStandard& sortie)
     const bool commeLaSource = colonnes == table.ColonnesSource();
     QByteArray lignes;
     for (int i = 1; i <= table.ListItems.Count() && sortie.EstOuverte(); ++i) {
-        AjouterLigne(lignes, table.VueEntree(i), colonnes, commeLaSource);
+        AjouterLigne(lignes, table.StockageDe(i), colonnes, commeLaSource);
         if (lignes.size() >= TailleMorceau || i == table.ListItems.Count()) {
             sortie.Ecrire(lignes);
             lignes.resize(0);
@@ -98,7 +98,7 @@ void EcrireEntree(Json& json, const MyLV& table, int place, QByteArray& tampon)
 {
     const ListItemLu entree = table.ListItems(place);
     json.Debut('{').Cle("key").Texte(entree.Key()).Cle("values").Debut('[');
-    const stockage::Vue vue = table.VueEntree(place);
+    const stockage::EntreeStockee vue = table.StockageDe(place);
     const int colonnes = table.ColumnHeaders.Count();
     for (int i = 0; i < colonnes; ++i)
         EcrireCellule(json, vue.Champ(i), tampon);

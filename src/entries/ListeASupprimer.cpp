@@ -112,7 +112,7 @@ std::vector<int> ListeASupprimer::Ordonner()
 {
     ClesDeTri cles(m_lignes.size());
     for (const Ligne& ligne : m_lignes)
-        cles.Ajouter(m_doc->MyLV->VueEntree(ligne.position).Champ(m_colonneDeTri - 1));
+        cles.Ajouter(m_doc->MyLV->StockageDe(ligne.position).Champ(m_colonneDeTri - 1));
     std::vector<int> avant;
     std::vector<Ligne> lignes;
     avant.reserve(m_lignes.size());

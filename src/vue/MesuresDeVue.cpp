@@ -10,7 +10,7 @@ namespace {
 void VoirTable(PlusLarge& plusLarge, const MyLV& table, int colonnes)
 {
     for (int ligne = 1; ligne <= table.ListItems.Count(); ++ligne) {
-        const stockage::Vue entree = table.VueEntree(ligne);
+        const stockage::EntreeStockee entree = table.StockageDe(ligne);
         for (int colonne = 1; colonne <= colonnes; ++colonne)
             plusLarge.Voir(colonne, entree.Champ(colonne - 1).Texte());
     }

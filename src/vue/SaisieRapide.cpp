@@ -31,8 +31,8 @@ int ChercherDebut(const MyLV& table, const QString& debut, int apres)
     const QChar initiale = debut.front().toLower();
     for (int pas = 0; pas < nombre; ++pas) {
         const int ligne = (apres + pas) % nombre + 1;
-        const stockage::Vue vue = table.VueEntree(ligne);
-        const stockage::Cellule cellule = vue.Champ(0);
+        const stockage::EntreeStockee entree = table.StockageDe(ligne);
+        const stockage::Cellule cellule = entree.Champ(0);
         if (PeutCommencerPar(cellule, initiale) && cellule.Texte().startsWith(debut, Qt::CaseInsensitive))
             return ligne;
     }

@@ -23,13 +23,13 @@ bool EstLeMeme(const struct stat& un, const struct stat& autre)
 }
 
 /// What lies at a path.
-struct Vue
+struct Constat
 {
     std::optional<struct stat> etat;
     bool sure = true; ///< false: it could not be looked at, and there may be anything
 };
 
-Vue EtatAu(const QByteArray& chemin)
+Constat EtatAu(const QByteArray& chemin)
 {
     struct stat etat;
     if (lstat(chemin.constData(), &etat) == 0)
@@ -90,7 +90,7 @@ bool PlaceDuFichier::Prendre()
     // The file may be replaced between its opening and the lock; the new one is tried then.
     constexpr int essais = 10;
     for (int i = 0; i < essais; ++i) {
-        const Vue la = EtatAu(m_octets);
+        const Constat la = EtatAu(m_octets);
         if (!la.sure)
             return false;
         m_ancien = la.etat;

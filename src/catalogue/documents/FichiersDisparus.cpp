@@ -67,7 +67,7 @@ QList<QByteArray> Attendus(const Categorie& doc, const QList<QByteArray>& noms)
     QSet<QByteArray> attendus{OctetsDuChemin(Commentaires::NomDuFichier()), "print.ini", "print.image"};
     if (!noms.isEmpty()) {
         for (int i = 1; i <= doc.ItemsCount(); ++i) {
-            const stockage::Cellule image = doc.MyLV->VueEntree(i).Image();
+            const stockage::Cellule image = doc.MyLV->StockageDe(i).Image();
             if (image.taille > 0)
                 attendus.insert(OctetsDuChemin(image.Texte()));
         }

@@ -87,11 +87,11 @@ MyLV::~MyLV()
     ViderEntrees();
 }
 
-bool MyLV::SetView(int vue)
+bool MyLV::SetView(int mode)
 {
-    if (vue < 0 || vue > 3)
+    if (mode < 0 || mode > 3)
         return false;
-    m_vue = vue;
+    m_modeDAffichage = mode;
     Change(&ChangementsTable::aspect);
     return true;
 }

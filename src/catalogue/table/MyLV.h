@@ -239,9 +239,9 @@ public:
     int SortOrder() const { return m_sensDeTri; }
     bool SetSortOrder(int sens);
 
-    int View() const { return m_vue; }
+    int View() const { return m_modeDAffichage; }
     /// 0 to 3; others are refused. A document's is 3: one line an entry.
-    bool SetView(int vue);
+    bool SetView(int mode);
     bool GridLines() const { return m_grille; }
     void SetGridLines(bool grille);
 
@@ -275,7 +275,7 @@ public:
     /// entries there were are gone. Then orders a sorted table.
     void Remplir(stockage::Source&& source, stockage::Lignes&& lignes);
     /// The bulk door of the writer and of scans: the entry's storage at position `index`.
-    stockage::Vue VueEntree(int index) const;
+    stockage::EntreeStockee StockageDe(int index) const;
     stockage::Codage CodageSource() const { return m_source.codage; }
     int ColonnesSource() const { return m_source.colonnes; }
 
@@ -286,7 +286,7 @@ private:
     friend class ListItemLu;
     friend class ListItems;
     friend class AjoutsDansTable;
-    stockage::Vue Vue(uint32_t rang, stockage::Place place = {}) const;
+    stockage::EntreeStockee StockageDuRang(uint32_t rang, stockage::Place place = {}) const;
     stockage::Cellule Cellule(uint32_t rang, int cellule) const;
     void Reecrire(uint32_t rang, const stockage::Rangee& rangee);
     void EcrireCellule(uint32_t rang, int cellule, const QString& texte);
@@ -337,7 +337,7 @@ private:
     bool m_grille = false;
     int m_cleDeTri = 0;
     int m_sensDeTri = 0;
-    int m_vue = 3;
+    int m_modeDAffichage = 3;
     ListItem m_focus;
 
     mutable std::vector<ObservateurTable*> m_observateurs;

@@ -32,28 +32,28 @@ Icone IconeDeNom(const QString& nom)
 
 // ---- Storage of one entry
 
-stockage::Vue MyLV::Vue(uint32_t rang, stockage::Place place) const
+stockage::EntreeStockee MyLV::StockageDuRang(uint32_t rang, stockage::Place place) const
 {
     const uint8_t drapeaux = m_drapeaux[rang];
     const char* octets = drapeaux & Drapeau::EnBloc ? PointeurDe(m_refs[rang]) : m_source.octets.get() + m_refs[rang];
     return {octets, m_longueurs[rang], m_source.codage, m_source.colonnes, drapeaux, place};
 }
 
-stockage::Vue MyLV::VueEntree(int index) const
+stockage::EntreeStockee MyLV::StockageDe(int index) const
 {
-    return Vue(m_ordre[static_cast<size_t>(index - 1)]);
+    return StockageDuRang(m_ordre[static_cast<size_t>(index - 1)]);
 }
 
 Cellule MyLV::Cellule(uint32_t rang, int cellule) const
 {
     // In a narrow table looking is quicker than remembering.
     if (m_source.colonnes <= ColonnesEtroites)
-        return Vue(rang).Champ(cellule);
+        return StockageDuRang(rang).Champ(cellule);
     m_places.resize(PlacesGardees);
     PlaceGardee& gardee = m_places[rang % PlacesGardees];
-    const stockage::Vue vue = Vue(rang, gardee.rang == rang ? gardee.place : stockage::Place());
-    const stockage::Cellule champ = vue.Champ(cellule);
-    gardee = {rang, vue.PlaceLue()};
+    const stockage::EntreeStockee entree = StockageDuRang(rang, gardee.rang == rang ? gardee.place : stockage::Place());
+    const stockage::Cellule champ = entree.Champ(cellule);
+    gardee = {rang, entree.PlaceLue()};
     return champ;
 }
 
@@ -80,7 +80,7 @@ void MyLV::Reecrire(uint32_t rang, const Rangee& rangee)
 
 void MyLV::EcrireCellule(uint32_t rang, int cellule, const QString& texte)
 {
-    Rangee rangee = Vue(rang).Lire();
+    Rangee rangee = StockageDuRang(rang).Lire();
     if (rangee.cellules.size() <= static_cast<size_t>(cellule))
         rangee.cellules.resize(static_cast<size_t>(cellule) + 1);
     rangee.cellules[static_cast<size_t>(cellule)] = texte;
@@ -157,7 +157,7 @@ std::optional<QString> ListItemLu::ListSubItems(int i) const
 
 bool ListItem::RetirerCellule(int i)
 {
-    Rangee rangee = m_table->Vue(m_rang).Lire();
+    Rangee rangee = m_table->StockageDuRang(m_rang).Lire();
     if (i < 1 || static_cast<size_t>(i) >= rangee.cellules.size() || !rangee.cellules[static_cast<size_t>(i)])
         return false;
     rangee.cellules.erase(rangee.cellules.begin() + i);
@@ -169,7 +169,7 @@ void ListItem::InsererCellule(int i, const QString& texte)
 {
     if (i < 1)
         return;
-    Rangee rangee = m_table->Vue(m_rang).Lire();
+    Rangee rangee = m_table->StockageDuRang(m_rang).Lire();
     if (rangee.cellules.size() < static_cast<size_t>(i))
         rangee.cellules.resize(static_cast<size_t>(i));
     rangee.cellules.insert(rangee.cellules.begin() + i, texte);
@@ -183,7 +183,7 @@ QString ListItemLu::Valeur(int colonne) const
 
 QStringList ListItemLu::Valeurs() const
 {
-    const Rangee rangee = m_table->Vue(m_rang).Lire();
+    const Rangee rangee = m_table->StockageDuRang(m_rang).Lire();
     QStringList valeurs;
     const auto colonnes = static_cast<size_t>(m_table->ColumnHeaders.Count());
     for (size_t i = 0; i < colonnes; ++i)
@@ -193,7 +193,7 @@ QStringList ListItemLu::Valeurs() const
 
 void ListItem::EcrireValeurs(const QStringList& valeurs)
 {
-    Rangee rangee = m_table->Vue(m_rang).Lire();
+    Rangee rangee = m_table->StockageDuRang(m_rang).Lire();
     if (rangee.cellules.size() < static_cast<size_t>(valeurs.size()))
         rangee.cellules.resize(static_cast<size_t>(valeurs.size()));
     std::copy(valeurs.begin(), valeurs.end(), rangee.cellules.begin());
@@ -202,7 +202,7 @@ void ListItem::EcrireValeurs(const QStringList& valeurs)
 
 void ListItem::Modifier(const std::vector<std::optional<QString>>& valeurs, const std::optional<QString>& image)
 {
-    Rangee rangee = m_table->Vue(m_rang).Lire();
+    Rangee rangee = m_table->StockageDuRang(m_rang).Lire();
     for (size_t i = 0; i < valeurs.size(); ++i) {
         if (!valeurs[i])
             continue;
@@ -226,12 +226,12 @@ bool ListItem::SetKey(const QString& cle)
 
 QString ListItemLu::Tag() const
 {
-    return m_table->Vue(m_rang).Image().Texte();
+    return m_table->StockageDuRang(m_rang).Image().Texte();
 }
 
 void ListItem::SetTag(const QString& marque)
 {
-    Rangee rangee = m_table->Vue(m_rang).Lire();
+    Rangee rangee = m_table->StockageDuRang(m_rang).Lire();
     if (rangee.image == marque)
         return;
     rangee.image = marque;

@@ -70,14 +70,14 @@ void Cellule::AjouterEnUtf8(QByteArray& sortie) const
 }
 
 /// The "|" that ends the field at hand; null where none does.
-const char* Vue::ChercherBarre() const
+const char* EntreeStockee::ChercherBarre() const
 {
     return static_cast<const char*>(
         std::memchr(m_octets + m_place.debut, '|', static_cast<size_t>(m_longueur - m_place.debut)));
 }
 
 /// False when there is no such field: the last one is at hand then.
-bool Vue::AllerAu(int champ) const
+bool EntreeStockee::AllerAu(int champ) const
 {
     if (champ < m_place.champ - champ)
         m_place = {}; // nearer from the left end
@@ -95,7 +95,7 @@ bool Vue::AllerAu(int champ) const
     return m_place.champ == champ;
 }
 
-Cellule Vue::ChampDeTranche(int champ) const
+Cellule EntreeStockee::ChampDeTranche(int champ) const
 {
     if (!AllerAu(champ))
         return {};
@@ -105,7 +105,7 @@ Cellule Vue::ChampDeTranche(int champ) const
     return {m_octets + m_place.debut, fin - m_place.debut, m_codage, true};
 }
 
-Cellule Vue::Champ(int cellule) const
+Cellule EntreeStockee::Champ(int cellule) const
 {
     if (cellule < 0)
         return {};
@@ -120,14 +120,14 @@ Cellule Vue::Champ(int cellule) const
     return ChampDeBloc(m_octets, static_cast<uint32_t>(cellule));
 }
 
-Cellule Vue::Image() const
+Cellule EntreeStockee::Image() const
 {
     if (EstTranche())
         return ChampDeTranche(m_colonnes);
     return ChampDeBloc(m_octets, NombreDeCellules(m_octets));
 }
 
-Rangee Vue::Lire() const
+Rangee EntreeStockee::Lire() const
 {
     Rangee rangee;
     const int nombre = EstTranche() ? std::max(1, m_colonnes) : static_cast<int>(NombreDeCellules(m_octets));

@@ -84,13 +84,14 @@ struct Place
     bool dernier = false; ///< no field stands behind it
 };
 
-/// An entry's storage. Field after field, from the left or from the right, costs one look at each byte, however many
-/// there are: a view remembers where it is.
-class Vue
+/// Reads an entry where it is stored. Field after field, from the left or from the right, costs one look at each byte,
+/// however many there are: the reader remembers where it is.
+class EntreeStockee
 {
 public:
-    /// `place`: what an earlier view of the same slice remembered.
-    Vue(const char* octets, uint32_t longueur, Codage codage, int colonnes, uint8_t drapeaux, Place place = {})
+    /// `place`: what an earlier reader of the same slice remembered.
+    EntreeStockee(const char* octets, uint32_t longueur, Codage codage, int colonnes, uint8_t drapeaux,
+                  Place place = {})
         : m_octets(octets), m_longueur(longueur), m_codage(codage), m_colonnes(colonnes), m_drapeaux(drapeaux),
           m_place(place)
     {
@@ -110,7 +111,7 @@ public:
     /// All cells there are room for, and the image.
     Rangee Lire() const;
 
-    /// For the next view of this slice.
+    /// For the next reader of this slice.
     Place PlaceLue() const { return m_place; }
 
 private:

@@ -148,7 +148,7 @@ void EcrireMilieu(PlumeQrt& plume, const QrtClass& doc, int nombre)
     plume.FinDeLigne();
 }
 
-void EcrireChamps(PlumeQrt& plume, const stockage::Vue& vue, int colonnes, EntreesEcrites entrees)
+void EcrireChamps(PlumeQrt& plume, const stockage::EntreeStockee& vue, int colonnes, EntreesEcrites entrees)
 {
     for (int i = 0; i < colonnes; ++i) {
         if (i > 0)
@@ -162,7 +162,7 @@ void EcrireChamps(PlumeQrt& plume, const stockage::Vue& vue, int colonnes, Entre
 }
 
 /// The fields of an entry as they are being typed. `vue`: of the entry that there is, null for a new one.
-void EcrireSaisie(PlumeQrt& plume, const SaisieEnCours& saisie, const stockage::Vue* vue, int colonnes)
+void EcrireSaisie(PlumeQrt& plume, const SaisieEnCours& saisie, const stockage::EntreeStockee* vue, int colonnes)
 {
     const auto reste = [&](const QString& texte) {
         return vue && saisie.cible == SaisieEnCours::Cible::Selection && texte.isEmpty();
@@ -228,7 +228,7 @@ bool RedacteurQrt::Avancer(int lignes)
         if (!toutes && !table.EstSelectionnee(m_suivante))
             continue;
         CommencerEntree();
-        const stockage::Vue vue = table.VueEntree(m_suivante);
+        const stockage::EntreeStockee vue = table.StockageDe(m_suivante);
         if (m_saisie && m_saisie->Touche(m_suivante, table.EstSelectionnee(m_suivante)))
             EcrireSaisie(plume, *m_saisie, &vue, m_doc.ColCount());
         else if (memeForme && vue.EstReguliere())

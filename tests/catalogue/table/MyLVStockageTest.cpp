@@ -9,11 +9,11 @@
 
 using stockage::Codage;
 using stockage::Drapeau;
-using stockage::Vue;
+using stockage::EntreeStockee;
 
 namespace {
 
-Vue VueDe(const QByteArray& tranche, int colonnes)
+EntreeStockee EntreeDe(const QByteArray& tranche, int colonnes)
 {
     return {tranche.constData(), static_cast<uint32_t>(tranche.size()), Codage::Cp1252, colonnes, 0};
 }
@@ -58,11 +58,11 @@ TEST(VueDEntree, FindsEachFieldInWhateverOrderTheyAreAskedFor)
     const QByteArray tranche = "|a||bc|" + Champs(20) + "||";
     const QList<QByteArray> champs = tranche.split('|');
     const int nombre = static_cast<int>(champs.size());
-    const Vue vue = VueDe(tranche, 1000);
+    const EntreeStockee entree = EntreeDe(tranche, 1000);
     for (int avant = 0; avant <= nombre; ++avant) {
         for (int apres = 0; apres <= nombre; ++apres) {
-            vue.Champ(avant);
-            const stockage::Cellule champ = vue.Champ(apres);
+            entree.Champ(avant);
+            const stockage::Cellule champ = entree.Champ(apres);
             ASSERT_EQ(champ.existe, apres < nombre) << avant << " then " << apres;
             ASSERT_EQ(champ.octets(), QByteArrayView(champs.value(apres))) << avant << " then " << apres;
         }
@@ -72,12 +72,12 @@ TEST(VueDEntree, FindsEachFieldInWhateverOrderTheyAreAskedFor)
 TEST(VueDEntree, KnowsItsImageWhateverWasReadBefore)
 {
     const QByteArray tranche = "a|b|c|image.png|more";
-    const Vue vue = VueDe(tranche, 3);
+    const EntreeStockee entree = EntreeDe(tranche, 3);
     for (const int champ : {0, 2, 1, 0}) {
-        vue.Champ(champ);
-        EXPECT_EQ(vue.Image().octets(), QByteArrayView("image.png"));
+        entree.Champ(champ);
+        EXPECT_EQ(entree.Image().octets(), QByteArrayView("image.png"));
     }
-    EXPECT_FALSE(VueDe("a|b|c", 3).Image().existe);
+    EXPECT_FALSE(EntreeDe("a|b|c", 3).Image().existe);
 }
 
 // Fields that were passed are not looked at again: their bars may change without being noticed. Reading an entry of
@@ -86,8 +86,8 @@ TEST(VueDEntree, KnowsItsImageWhateverWasReadBefore)
 TEST(VueDEntree, LooksForTheNextFieldsFromTheOneAtHand)
 {
     QByteArray tranche = Champs(200);
-    const Vue vue = VueDe(tranche, 200);
-    const auto lire = [&vue](int champ) { return vue.Champ(champ).Texte(); };
+    const EntreeStockee entree = EntreeDe(tranche, 200);
+    const auto lire = [&entree](int champ) { return entree.Champ(champ).Texte(); };
     EXPECT_EQ(lire(100), "v100");
     std::fill_n(tranche.data(), 100, 'x');
     EXPECT_EQ(lire(101), "v101");
@@ -99,17 +99,17 @@ TEST(VueDEntree, LooksForTheNextFieldsFromTheOneAtHand)
 TEST(VueDEntree, LooksForWhatIsMissingOnce)
 {
     QByteArray tranche = Champs(3);
-    const Vue vue = VueDe(tranche, 1000);
-    EXPECT_FALSE(vue.Champ(5).existe);
+    const EntreeStockee entree = EntreeDe(tranche, 1000);
+    EXPECT_FALSE(entree.Champ(5).existe);
     tranche.fill('|');
-    EXPECT_FALSE(vue.Champ(6).existe);
-    EXPECT_FALSE(vue.Champ(999).existe);
+    EXPECT_FALSE(entree.Champ(6).existe);
+    EXPECT_FALSE(entree.Champ(999).existe);
 }
 
 TEST(VueDEntree, ReadsAllCellsInOnePass)
 {
     const QByteArray tranche = Champs(100) + "|image.png";
-    const stockage::Rangee rangee = VueDe(tranche, 100).Lire();
+    const stockage::Rangee rangee = EntreeDe(tranche, 100).Lire();
     ASSERT_EQ(rangee.cellules.size(), 100U);
     for (size_t i = 0; i < 100; ++i)
         EXPECT_EQ(rangee.cellules[i], 'v' + QString::number(i));
