@@ -210,8 +210,9 @@ class ACollectionMadeByTheInterfaceAlone(ProgramTest):
         self.program.type_lines([path])
 
     def picture_in(self, dialog):
-        """The picture in a dialog: "Image", "Image de l'entrée" ..."""
-        return self.program.find(role="dialog", name=dialog).find(role="filler", name=lambda name: "Image" in name)
+        """The picture in a dialog, "Image", "Image de l'entrée" ...: a button where it can be pressed."""
+        return self.program.find(role="dialog", name=dialog).find(
+            role=lambda role: role in ("push button", "image"), name=lambda name: "Image" in name)
 
     def assert_picture(self, dialog, colour):
         """A dialog shows a picture of a colour; without one, of the colour that is around it."""

@@ -232,7 +232,7 @@ class Program:
         return None
 
     def find_all(self, role=None, name=None, table=False, inside=None):
-        """Every widget that shows and has the role and the name (a text, or a function that judges one)."""
+        """Every widget that shows and has the role and the name (each a text, or a function that judges one)."""
         found = []
         start = inside or self._root()
         ahead = [start] if start else []
@@ -253,10 +253,9 @@ class Program:
 
     @staticmethod
     def _fits(widget, role, name, table):
-        if role is not None and widget.role != role:
-            return False
-        if name is not None and not (name(widget.name) if callable(name) else widget.name == name):
-            return False
+        for wanted, has in [(role, lambda: widget.role), (name, lambda: widget.name)]:
+            if wanted is not None and not (wanted(has()) if callable(wanted) else has() == wanted):
+                return False
         if table and "Table" not in widget._program.session.atspi.listInterfaces(widget._accessible):
             return False
         return widget.has("showing")
@@ -269,7 +268,7 @@ class Program:
 
     def find(self, role=None, name=None, table=False, inside=None, limit=PATIENCE):
         """The first such widget, waited for. One in a dialog is there once the keys go to that dialog."""
-        what = f"a {role or 'widget'}" + (f" named '{name}'" if isinstance(name, str) else "")
+        what = f"a {role if isinstance(role, str) else 'widget'}" + (f" named '{name}'" if isinstance(name, str) else "")
 
         def first():
             found = self.find_all(role, name, table, inside)
