@@ -172,7 +172,10 @@ void MyLV::Remplir(stockage::Source&& source, stockage::Lignes&& lignes)
         drapeaux |= Drapeau::Vivante;
     m_ordre.resize(m_refs.size());
     std::iota(m_ordre.begin(), m_ordre.end(), 0U);
-    m_cles.Numeroter(static_cast<uint32_t>(m_ordre.size()));
+    if (lignes.cles.empty())
+        m_cles.Numeroter(static_cast<uint32_t>(m_ordre.size()));
+    else
+        m_cles.Prendre(std::move(lignes.cles));
     Change(&ChangementsTable::lignes);
     if (m_trie)
         Ordonner();

@@ -271,8 +271,8 @@ public:
     /// Grows with every change of what a catalogue file holds of the table; the selection is nothing of it.
     uint64_t Generation() const { return m_generation; }
 
-    /// The bulk door of the reader: takes the file's bytes and one slice an entry, keys "k1" to "kN", in that order;
-    /// entries there were are gone. Then orders a sorted table.
+    /// The bulk door of the reader and of the search: takes the file's bytes and one slice an entry, in that order,
+    /// with keys "k1" to "kN" unless others are given; entries there were are gone. Then orders a sorted table.
     void Remplir(stockage::Source&& source, stockage::Lignes&& lignes);
     /// The bulk door of the writer and of scans: the entry's storage at position `index`.
     stockage::EntreeStockee StockageDe(int index) const;

@@ -34,6 +34,14 @@ void ClesDeTable::Numeroter(uint32_t nombre)
     std::iota(m_numeros.begin(), m_numeros.end(), 1U);
 }
 
+void ClesDeTable::Prendre(std::vector<uint32_t>&& numeros)
+{
+    Vider();
+    m_numeros = std::move(numeros);
+    for (size_t i = 0; i < m_numeros.size() && m_canonique; ++i)
+        m_canonique = m_numeros[i] == i + 1;
+}
+
 void ClesDeTable::Renumeroter(const std::vector<uint32_t>& ordre)
 {
     for (uint32_t position = 0; position < ordre.size(); ++position)

@@ -21,6 +21,8 @@ public:
     void Vider();
     /// `nombre` entries in positions and ranks 1 to n, keys "k1" to "kn".
     void Numeroter(uint32_t nombre);
+    /// Entries in positions and ranks 1 to n, with these numbers, no two alike, in their keys.
+    void Prendre(std::vector<uint32_t>&& numeros);
     /// The same for entries that stand in `ordre`. Keys that are texts must be gone.
     void Renumeroter(const std::vector<uint32_t>& ordre);
     bool EstCanonique() const { return m_canonique; }

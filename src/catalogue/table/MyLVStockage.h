@@ -53,6 +53,7 @@ struct Lignes
     std::vector<uint64_t> debuts;
     std::vector<uint32_t> longueurs;
     std::vector<uint8_t> drapeaux;
+    std::vector<uint32_t> cles = {}; ///< numbers of the keys "k1" ..., no two alike; none: from 1 on
 };
 
 /// One field's bytes. `existe` is false for a cell that was never written.

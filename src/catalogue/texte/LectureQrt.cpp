@@ -3,37 +3,25 @@
 #include "base/AfficherMsg.h"
 #include "base/Const_Vrac.h"
 #include "base/Nombres.h"
-#include "base/NomsDuDossier.h"
 #include "catalogue/texte/Categorie.h"
+#include "catalogue/texte/ImagesDuDossier.h"
 #include "catalogue/texte/TexteExact.h"
 #include "extensions/langue/modLang.h"
 #include "platform/PageDeCode.h"
 
 #include <QFile>
-#include <QFileInfo>
-#include <QSet>
 
 #include <algorithm>
 #include <cstring>
 #include <utility>
 
 using stockage::Codage;
-using stockage::Drapeau;
-using stockage::Icone;
 
 namespace {
 
 // A damaged file may announce any number of entries; so many copies of its last line are made, beyond one for each
 // line that it has.
 constexpr qint64 CopiesAuPlus = 1000000;
-// Slices have 32-bit lengths.
-constexpr qint64 TailleAuPlus = 0xFFFFFFF0LL;
-
-QByteArrayView ValeurOctets(QByteArrayView ligne)
-{
-    const void* egal = ligne.isEmpty() ? nullptr : std::memchr(ligne.data(), '=', static_cast<size_t>(ligne.size()));
-    return egal ? ligne.sliced(static_cast<const char*>(egal) - ligne.data() + 1) : ligne;
-}
 
 // The lines of a text. Reading past the end leaves the last line standing, as the reader's steps expect.
 class LecteurDeLignes
@@ -59,7 +47,7 @@ public:
     }
 
     QByteArrayView Ligne() const { return m_ligne; }
-    QByteArrayView Valeur() const { return ValeurOctets(m_ligne); }
+    QByteArrayView Valeur() const { return ValeurEnOctets(m_ligne); }
 
     qint64 LignesEnTout() const { return Compter(m_debut); }
     qint64 LignesQuiRestent() const { return Compter(m_suite); }
@@ -75,57 +63,6 @@ private:
     const char* m_suite;
     const char* m_fin;
     QByteArrayView m_ligne;
-};
-
-/// Tells which image names are files of the folder, without asking the file system for each entry.
-class ImagesDuDossier
-{
-public:
-    ImagesDuDossier(const QString& dossier, Codage codage) : m_dossier(dossier), m_codage(codage) {}
-
-    Icone IconeDe(QByteArrayView nom)
-    {
-        if (nom.isEmpty())
-            return Icone::NoIco;
-        if (!m_lus)
-            LireNoms();
-        const bool la =
-            m_illisible ? EstFichier(nom) : m_noms.contains(QByteArray::fromRawData(nom.data(), nom.size()));
-        return la ? Icone::Ico : Icone::IcoError;
-    }
-
-private:
-    void LireNoms()
-    {
-        m_lus = true;
-        const std::optional<QStringList> noms = FichiersDuDossier(m_dossier);
-        m_illisible = !noms;
-        if (m_illisible)
-            return;
-        m_noms.reserve(noms->size());
-        for (const QString& nom : *noms) {
-            // A name that holds the other system's separator names no file here.
-            if (nom.contains(u'\\'))
-                continue;
-            if (m_codage == Codage::Utf8)
-                m_noms.insert(nom.toUtf8());
-            else if (PageDeCode::EstRepresentable(nom))
-                m_noms.insert(PageDeCode::VersOctets(nom));
-        }
-    }
-
-    /// Asks for one; a name that holds a separator names no file here.
-    bool EstFichier(QByteArrayView nom) const
-    {
-        const QString texte = m_codage == Codage::Utf8 ? PageDeCode::DeUtf8(nom) : PageDeCode::VersTexte(nom);
-        return !texte.contains(u'/') && !texte.contains(u'\\') && QFileInfo(m_dossier + texte).isFile();
-    }
-
-    QString m_dossier;
-    Codage m_codage;
-    bool m_lus = false;
-    bool m_illisible = false; ///< the names of the folder cannot be had
-    QSet<QByteArray> m_noms;
 };
 
 /// One load: the steps follow the order of the lines.
@@ -288,7 +225,7 @@ private:
             const QByteArrayView valeur = m_lecteur.Valeur();
             lignes.debuts.push_back(static_cast<uint64_t>(valeur.data() - m_source.octets.get()));
             lignes.longueurs.push_back(static_cast<uint32_t>(valeur.size()));
-            lignes.drapeaux.push_back(DrapeauxDe(valeur, images));
+            lignes.drapeaux.push_back(DrapeauxDeTranche(valeur, m_colonnes, images));
         }
         if (!lignes.debuts.empty()) {
             lignes.debuts.resize(static_cast<size_t>(nombre), lignes.debuts.back());
@@ -298,23 +235,6 @@ private:
         m_source.colonnes = m_colonnes;
         m_table.Remplir(std::move(m_source), std::move(lignes));
         return true;
-    }
-
-    uint8_t DrapeauxDe(QByteArrayView valeur, ImagesDuDossier& images) const
-    {
-        const char* debut = valeur.data();
-        const char* const fin = debut + valeur.size();
-        int champ = 0;
-        for (; champ < m_colonnes; ++champ) {
-            const void* barre = debut == fin ? nullptr : std::memchr(debut, '|', static_cast<size_t>(fin - debut));
-            if (!barre)
-                return stockage::AvecIcone(0, Icone::NoIco);
-            debut = static_cast<const char*>(barre) + 1;
-        }
-        const void* barre = debut == fin ? nullptr : std::memchr(debut, '|', static_cast<size_t>(fin - debut));
-        const char* finImage = barre ? static_cast<const char*>(barre) : fin;
-        const uint8_t drapeaux = barre || m_colonnes == 0 ? 0 : Drapeau::Reguliere;
-        return stockage::AvecIcone(drapeaux, images.IconeDe(QByteArrayView(debut, finImage)));
     }
 
     QrtClass& m_doc;
@@ -328,7 +248,7 @@ private:
 /// Nothing when the text is too large to address.
 std::optional<stockage::Source> SourceExacte(QByteArrayView utf8)
 {
-    if (utf8.size() > TailleAuPlus)
+    if (utf8.size() > TailleDeTexteAuPlus)
         return std::nullopt;
     stockage::Source source;
     source.taille = static_cast<size_t>(utf8.size());
@@ -347,7 +267,7 @@ std::optional<stockage::Source> LireSource(const QString& dossier)
     QFile fichier(dossier + QStringLiteral("Zelvane.qrt"));
     if (!fichier.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return source;
-    if (fichier.size() > TailleAuPlus)
+    if (fichier.size() > TailleDeTexteAuPlus)
         return std::nullopt;
     source.octets = std::make_unique_for_overwrite<char[]>(static_cast<size_t>(fichier.size()));
     source.taille = static_cast<size_t>(std::max<qint64>(0, fichier.read(source.octets.get(), fichier.size())));
@@ -374,6 +294,12 @@ bool Charger(QrtClass& doc, std::optional<stockage::Source> source)
 QString TitrePrete()
 {
     return QStringLiteral("Prêté");
+}
+
+QByteArrayView ValeurEnOctets(QByteArrayView ligne)
+{
+    const void* egal = ligne.isEmpty() ? nullptr : std::memchr(ligne.data(), '=', static_cast<size_t>(ligne.size()));
+    return egal ? ligne.sliced(static_cast<const char*>(egal) - ligne.data() + 1) : ligne;
 }
 
 QString ValeurLigne(const QString& ligne)

@@ -8,6 +8,11 @@ class QrtClass;
 
 /// The text behind the first "="; all of the line when it has none.
 QString ValeurLigne(const QString& ligne);
+/// The same of a line in any encoding of catalogues.
+QByteArrayView ValeurEnOctets(QByteArrayView ligne);
+
+/// Larger texts are not read, in bytes: slices of the table have 32-bit lengths.
+constexpr qint64 TailleDeTexteAuPlus = 0xFFFFFFF0LL;
 
 /// Title of the loan column, "Prêté": the reader adds it where it is missing, and of several the last one is it.
 QString TitrePrete();
