@@ -1,12 +1,14 @@
-// The engine's hot paths on one large catalogue: reading, sorting, writing, keys and counts.
+// The engine's hot paths on one large catalogue: reading, searching, sorting, writing, keys and counts.
 //
 // ZELVANE_BENCH_FICHIER names a bare catalogue text whose entries stand in order, ZELVANE_BENCH_DESORDRE the same
-// entries shuffled. Files written go to ZELVANE_BENCH_SORTIE, by default /dev/shm.
+// entries shuffled, ZELVANE_BENCH_TEXTE a text that hardly an entry of the first one holds. Files written go to
+// ZELVANE_BENCH_SORTIE, by default /dev/shm.
 #include "Mesurer.h"
 
 #include "catalogue/texte/Categorie.h"
 #include "catalogue/texte/EcritureQrt.h"
 #include "catalogue/texte/LectureQrt.h"
+#include "search/ResultatsDeRecherche.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -139,12 +141,61 @@ void SelItemsCount(benchmark::State& etat)
     document.table.Selectionner(1, document.doc.ItemsCount(), false);
 }
 
+/// A search in the saved text: the file is found, mapped and gone through each time.
+void Chercher(benchmark::State& etat, const ColonnesRecherche& colonnes)
+{
+    const Categorie& doc = DocumentCharge().doc;
+    const QString texte = Variable("ZELVANE_BENCH_TEXTE");
+    for (auto _ : etat) {
+        Recherche recherche(doc.TmpFolder, doc.ColCount(), texte, colonnes);
+        while (recherche.Avancer(qsizetype(1) << 20)) {
+        }
+        if (recherche.Nombre() == 0)
+            etat.SkipWithError("nothing was found");
+    }
+}
+
+void ChercherDansLaLigne(benchmark::State& etat)
+{
+    Chercher(etat, ColonnesRecherche());
+}
+
+void ChercherDansDeuxColonnes(benchmark::State& etat)
+{
+    std::vector<bool> choix(static_cast<size_t>(DocumentCharge().doc.ColCount()));
+    choix[1] = choix[2] = true;
+    Chercher(etat, ColonnesRecherche::DeChoix(choix));
+}
+
+/// The results of a text that every entry holds, as a table, and what the process has grown by when they are there.
+void TrouverTout(benchmark::State& etat)
+{
+    const Categorie& doc = DocumentCharge().doc;
+    for (auto _ : etat) {
+        malloc_trim(0);
+        const qint64 avant = MemoireDuProcessus();
+        ResultatsDeRecherche resultats(doc);
+        {
+            Recherche recherche(doc.TmpFolder, doc.ColCount(), QStringLiteral("|"), ColonnesRecherche());
+            while (recherche.Avancer(qsizetype(1) << 20)) {
+            }
+            resultats.Prendre(recherche);
+        }
+        etat.counters["octets"] = static_cast<double>(MemoireDuProcessus() - avant);
+        if (resultats.Table.ListItems.Count() != doc.ItemsCount())
+            etat.SkipWithError("not every entry was found");
+    }
+}
+
 BENCHMARK(MemoireTableChargee)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(ChargerFichierTrie)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(ChargerFichierDesordre)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(TriAutreColonne)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(BenchEcrireFichier14)->Name("EcrireFichier14")->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(BenchRecalculerCles)->Name("RecalculerCles")->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(ChercherDansLaLigne)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(ChercherDansDeuxColonnes)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(TrouverTout)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(SelItemsCount)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 } // namespace
@@ -152,5 +203,5 @@ BENCHMARK(SelItemsCount)->Unit(benchmark::kMillisecond)->UseRealTime();
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    return MesurerTout(argc, argv, {"ZELVANE_BENCH_FICHIER", "ZELVANE_BENCH_DESORDRE"});
+    return MesurerTout(argc, argv, {"ZELVANE_BENCH_FICHIER", "ZELVANE_BENCH_DESORDRE", "ZELVANE_BENCH_TEXTE"});
 }

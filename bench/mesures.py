@@ -47,6 +47,7 @@ class Inputs:
         self.sorted = self._make(f"trie-{entries}.qrt", entries)
         self.shuffled = self._make(f"desordre-{entries}.qrt", entries, "--desordre")
         self.size = self.sorted.stat().st_size
+        self.rare_text = "ombre vive"  # the title of one entry in two thousand
         self.column_sorted_by = self._write_column(self.shuffled, 0)
         self.other_column = self._write_column(self.sorted, 1)
         self.many_columns = self._make_columns("colonnes-20000.qrt", columns=20_000, entries=10)
@@ -107,7 +108,8 @@ class Parts:
         if short:
             command.append("--benchmark_min_time=0.01")
         environment = {**os.environ, "ZELVANE_BENCH_FICHIER": str(inputs.sorted),
-                       "ZELVANE_BENCH_DESORDRE": str(inputs.shuffled), "ZELVANE_BENCH_ARCHIVE": str(inputs.archive)}
+                       "ZELVANE_BENCH_DESORDRE": str(inputs.shuffled), "ZELVANE_BENCH_ARCHIVE": str(inputs.archive),
+                       "ZELVANE_BENCH_TEXTE": inputs.rare_text}
         subprocess.run([str(part) for part in command], check=True, env=environment, stdin=subprocess.DEVNULL,
                        stdout=subprocess.DEVNULL)
         runs = json.loads(out.read_text())["benchmarks"]
@@ -217,6 +219,7 @@ def measure(inputs, engine, window, entries, cli, times):
         return lambda: path.unlink(missing_ok=True)
 
     iconv = quickest(["iconv", "-f", "cp1252", "-t", "utf-8", inputs.sorted], times)
+    grep = quickest(["grep", "-aic", inputs.rare_text, inputs.sorted], times, env={**os.environ, "LC_ALL": "C"})
     sort_same = quickest(["sort", inputs.column_sorted_by], times, env=FRENCH)
     sort_other = quickest(["sort", inputs.other_column], times, env=FRENCH)
     try:
@@ -235,6 +238,10 @@ def measure(inputs, engine, window, entries, cli, times):
     table.ratio("`ChargerFichier`, file not in order (ratio: what that adds)", engine.seconds("ChargerFichierDesordre"),
                 "GNU sort of the sort column", sort_same, 0.7, beyond=(" + 3 × iconv", 3 * iconv), less=in_order)
     table.ratio("memory of the loaded table", engine.counter("MemoireTableChargee", "octets") / 1e6, "the file",
+                inputs.size / 1e6, 2.5, show="{:.1f} MB")
+    table.ratio("search for a rare text, whole line", engine.seconds("ChercherDansLaLigne"), "grep -aic", grep, 2)
+    table.ratio("search for a rare text in two columns", engine.seconds("ChercherDansDeuxColonnes"), "grep -aic", grep, 4)
+    table.ratio("memory of a million results", engine.counter("TrouverTout", "octets") / 1e6, "the file",
                 inputs.size / 1e6, 2.5, show="{:.1f} MB")
     table.ratio("sort by another column", engine.seconds("TriAutreColonne"), "GNU sort of that column", sort_other, 0.7)
     table.ratio("text writer", engine.seconds("EcrireFichier14"), "cp to memory", cp, 2,

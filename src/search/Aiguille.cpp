@@ -100,7 +100,7 @@ struct DeuxCasses
 Aiguille::Aiguille(const QString& texte, Codage codage) : m_codage(codage)
 {
     const bool possible = codage == Codage::Utf8 ? texte.isValidUtf16() : PageDeCode::EstRepresentable(texte);
-    if (possible && !texte.contains(u'\n'))
+    if (possible)
         Replier(codage == Codage::Utf8 ? texte.toUtf8() : PageDeCode::VersOctets(texte), m_repliee);
     m_tete = std::min(m_repliee.size(), TeteAuPlus);
     m_rares = {0, std::max<qsizetype>(m_tete - 1, 0)};

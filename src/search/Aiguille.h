@@ -19,7 +19,7 @@ public:
     /// `texte` is not empty.
     Aiguille(const QString& texte, stockage::Codage codage);
 
-    /// It holds a character that the encoding lacks, or a line end: it is nowhere.
+    /// It holds a character that the encoding lacks: it is nowhere.
     bool EstIntrouvable() const { return m_repliee.isEmpty(); }
 
     /// Whether a piece of text without letter case, as Replier gives it, contains it. In the time of one pass.

@@ -4,8 +4,6 @@
 #include "catalogue/texte/TexteExact.h"
 #include "platform/Presence.h"
 
-#include <QFileInfo>
-
 #include <optional>
 
 namespace {
@@ -14,7 +12,7 @@ namespace {
 std::optional<QByteArrayView> Projeter(QFile& fichier, const QString& chemin)
 {
     fichier.setFileName(chemin);
-    if (!QFileInfo(chemin).isFile() || !fichier.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+    if (!fichier.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return std::nullopt;
     const qint64 taille = fichier.size();
     if (taille == 0)

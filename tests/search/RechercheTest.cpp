@@ -319,9 +319,10 @@ TEST_F(RechercheTest, FindsALineThatIsLongerThanABlock)
 
 TEST_F(RechercheTest, TakesOnePassForTextsThatRepeatThemselves)
 {
-    // Places where the text might stand are as many as bytes; compared at each of them it would take hours.
-    Sauver({QByteArray(8 << 20, 'a'), "a|||"});
-    EXPECT_EQ(Cles(QString(1 << 20, u'a') + u'b'), QStringList());
-    EXPECT_EQ(Cles(QString(1 << 20, u'a')), QStringList({"k1"}));
-    EXPECT_EQ(Cles("a").size(), 2);
+    // There are as many places as bytes at which the text might stand; compared to its end at each, it takes an hour.
+    const QByteArray presque(1 << 20, 'a');
+    Sauver({(presque + 'b').repeated(8), "a|||", presque + "a|||"});
+    EXPECT_EQ(Cles(QString(presque) + "a"), QStringList({"k3"}));
+    EXPECT_EQ(Cles(QString(presque) + "ba"), QStringList({"k1"}));
+    EXPECT_EQ(Cles(QString(presque) + "bb"), QStringList());
 }

@@ -156,8 +156,9 @@ TEST_F(ResultatsTest, TakeTheValuesOfTheirEntriesAndNothingElse)
     EXPECT_EQ(Resultat(1).Text(), "encore");
     EXPECT_EQ(resultats->Infobulle(Resultat(1)), "a <> 1");
 
+    d.dossier.Ecrire("Zelvane.qrt", "[ListItems]\r\nCount=1\r\nIt1=ab|9||\r\n");
     Chercher("ab");
-    EXPECT_EQ(resultats->Infobulle(Resultat(1)), "ab <> 2");
+    EXPECT_EQ(resultats->Infobulle(Resultat(1)), "ab <> 9") << "of the line found now, with the same key";
 }
 
 TEST(MessageDeRecherche, SaysWhyNothingWasFound)
