@@ -10,23 +10,22 @@
 #include "catalogue/texte/EcritureQrt.h"
 #include "catalogue/texte/TypeFichier.h"
 #include "cli/Catalogue.h"
+#include "cli/CommandeSearch.h"
 #include "cli/Console.h"
 #include "cli/Json.h"
+#include "cli/Lister.h"
 #include "extensions/langue/modLang.h"
 #include "platform/NomsSysteme.h"
 #include "platform/Presence.h"
 
 #include <QFile>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr qsizetype TailleMorceau = 1 << 16;
 
 // ---- type
 
@@ -44,67 +43,11 @@ Statut ExecuterType(const LigneDeCommande& ligne)
 
 // ---- list
 
-/// `commeLaSource`: slices have the fields of the table, so that a regular one is a line but for what parts them.
-void AjouterLigne(QByteArray& lignes, const stockage::EntreeStockee& vue, int colonnes, bool commeLaSource)
-{
-    const qsizetype debut = lignes.size();
-    if (commeLaSource && vue.EstReguliere()) {
-        vue.ToutesEnUne().AjouterEnUtf8(lignes);
-        std::replace(lignes.begin() + debut, lignes.end(), '|', '\t');
-    } else {
-        for (int i = 0; i < colonnes; ++i) {
-            vue.Champ(i).AjouterEnUtf8(lignes);
-            lignes.append('\t');
-        }
-        vue.Image().AjouterEnUtf8(lignes);
-    }
-    lignes.append('\n');
-}
-
-void ListerEnTexte(const CatalogueOuvert& catalogue, SortieStandard& sortie)
-{
-    const MyLV& table = catalogue.doc.Table;
-    const int colonnes = table.ColumnHeaders.Count();
-    for (int i = 1; i <= colonnes; ++i)
-        sortie.Ecrire(table.ColumnHeaders(i).Text().toUtf8() + '\t');
-    sortie.Ecrire("Image\n");
-    const bool commeLaSource = colonnes == table.ColonnesSource();
-    QByteArray lignes;
-    for (int i = 1; i <= table.ListItems.Count() && sortie.EstOuverte(); ++i) {
-        AjouterLigne(lignes, table.StockageDe(i), colonnes, commeLaSource);
-        if (lignes.size() >= TailleMorceau || i == table.ListItems.Count()) {
-            sortie.Ecrire(lignes);
-            lignes.resize(0);
-        }
-    }
-}
-
 void EcrireColonne(Json& json, const ColumnHeader& colonne)
 {
     json.Debut('{').Cle("title").Texte(colonne.Text());
     json.Cle("width").NombreTel(SimpleVersTexte(colonne.Width()).replace(u',', u'.').toLatin1());
     json.Cle("icon").Texte(colonne.Icon()).Cle("texts").Texte(colonne.Tag()).Fin('}');
-}
-
-/// `tampon` is room for one value, made once.
-void EcrireCellule(Json& json, const stockage::Cellule& cellule, QByteArray& tampon)
-{
-    tampon.resize(0);
-    cellule.AjouterEnUtf8(tampon);
-    json.TexteUtf8(tampon);
-}
-
-void EcrireEntree(Json& json, const MyLV& table, int place, QByteArray& tampon)
-{
-    const ListItemLu entree = table.ListItems(place);
-    json.Debut('{').Cle("key").Texte(entree.Key()).Cle("values").Debut('[');
-    const stockage::EntreeStockee vue = table.StockageDe(place);
-    const int colonnes = table.ColumnHeaders.Count();
-    for (int i = 0; i < colonnes; ++i)
-        EcrireCellule(json, vue.Champ(i), tampon);
-    json.Fin(']').Cle("image");
-    EcrireCellule(json, vue.Image(), tampon);
-    json.Cle("icon").Texte(entree.SmallIcon()).Fin('}');
 }
 
 /// Nothing, with a message, when the archive can be read no more.
@@ -136,6 +79,7 @@ void ListerEnJson(const CatalogueOuvert& catalogue, const QString& commentaire, 
     QByteArray tampon;
     for (int i = 1; i <= table.ListItems.Count() && sortie.EstOuverte(); ++i) {
         EcrireEntree(json, table, i, tampon);
+        json.Fin('}');
         if (json.Taille() >= TailleMorceau)
             sortie.Ecrire(json.Prendre());
     }
@@ -156,7 +100,7 @@ Statut ExecuterList(const LigneDeCommande& ligne)
     if (json)
         ListerEnJson(*catalogue, *commentaire, sortie);
     else
-        ListerEnTexte(*catalogue, sortie);
+        ListerEnTexte(catalogue->doc.Table, sortie);
     return FinirSortie(sortie);
 }
 
@@ -231,6 +175,13 @@ Statut ExecuterConvert(const LigneDeCommande& ligne)
 
 } // namespace
 
+Statut RefuserUsage(const QString& erreur, const QString& commande)
+{
+    const QString aide = commande.isEmpty() ? u"zelvane-cli --help"_s : u"zelvane-cli %1 --help"_s.arg(commande);
+    DireErreur(u"zelvane-cli : %1 (voir %2)"_s.arg(erreur, aide));
+    return MauvaisUsage;
+}
+
 Statut FinirSortie(SortieStandard& sortie)
 {
     if (sortie.Finir() != SortieStandard::Etat::Cassee)
@@ -264,6 +215,14 @@ const QList<Commande>& LesCommandes()
           {u"force"_s, QString(), u"remplace un fichier existant et accepte la perte de caractères"_s},
           motDePasse},
          ExecuterConvert},
+        {u"search"_s,
+         u"FICHIER TEXTE"_s,
+         2,
+         u"affiche les entrées qui contiennent un texte"_s,
+         {{u"columns"_s, u"LISTE"_s, u"cherche dans ces colonnes seulement : 1,3,5-8"_s},
+          {u"json"_s, QString(), u"en JSON, sur une ligne"_s},
+          motDePasse},
+         ExecuterSearch},
     };
     return commandes;
 }

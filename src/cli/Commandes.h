@@ -24,5 +24,8 @@ struct Commande
 /// All commands, in the order of the help.
 const QList<Commande>& LesCommandes();
 
+/// One line on standard error that says what is wrong and names the help.
+Statut RefuserUsage(const QString& erreur, const QString& commande = QString());
+
 /// Ends the output. A reader that went away had what it wanted; output that is lost is told and is a failure.
 Statut FinirSortie(SortieStandard& sortie);

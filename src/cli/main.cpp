@@ -23,13 +23,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-Statut RefuserUsage(const QString& erreur, const QString& commande = QString())
-{
-    const QString aide = commande.isEmpty() ? u"zelvane-cli --help"_s : u"zelvane-cli %1 --help"_s.arg(commande);
-    DireErreur(u"zelvane-cli : %1 (voir %2)"_s.arg(erreur, aide));
-    return MauvaisUsage;
-}
-
 Statut Afficher(const QString& texte)
 {
     SortieStandard sortie;
