@@ -161,6 +161,16 @@ TEST_F(ResultatsTest, TakeTheValuesOfTheirEntriesAndNothingElse)
     EXPECT_EQ(resultats->Infobulle(Resultat(1)), "ab <> 9") << "of the line found now, with the same key";
 }
 
+TEST_F(ResultatsTest, CostNoMoreWhereTheirEntriesDidNotChange)
+{
+    Charger({"a|1||i.jpg", "ab|2||"});
+    Chercher("a");
+    resultats->Table.Selectionner(1, 2, true);
+    const size_t avant = resultats->Table.Memoire();
+    resultats->Rafraichir(d.table);
+    EXPECT_EQ(resultats->Table.Memoire(), avant);
+}
+
 TEST(MessageDeRecherche, SaysWhyNothingWasFound)
 {
     EXPECT_EQ(MessageDeRecherche(IssueDeRecherche::SansTexte).cle, "msg13");
