@@ -19,7 +19,7 @@ const char* Saut(const char* debut, const char* fin)
     return saut ? static_cast<const char*>(saut) : fin;
 }
 
-/// Eight bytes at a time: what the compiler makes of std::count looks at one.
+/// Looks at eight bytes at a time.
 uint32_t NombreDeSauts(const char* debut, const char* fin)
 {
     constexpr uint64_t uns = 0x0101010101010101U;
