@@ -20,7 +20,6 @@
 
 #include <QFile>
 
-#include <cstdio>
 #include <cstdlib>
 
 using namespace Qt::StringLiterals;

@@ -13,8 +13,6 @@
 #include <QElapsedTimer>
 #include <QFile>
 
-#include <cstdio>
-
 namespace zipinterne {
 
 namespace {

@@ -17,7 +17,6 @@
 
 #include <QScopeGuard>
 
-#include <cstdio>
 #include <utility>
 
 using namespace Qt::StringLiterals;
