@@ -1,0 +1,3 @@
+#include "output/ExporterCategorie.h"
+
+void ExporterCategorie(Categorie&, bool&) {}

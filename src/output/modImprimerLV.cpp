@@ -1,0 +1,6 @@
+#include "output/modImprimerLV.h"
+
+bool ImprimerListe(MyLV&, const QString&, const QString&)
+{
+    return false;
+}
