@@ -27,8 +27,7 @@ class Launching(ProgramTest):
 
         program = self.start(executable=link)
 
-        program.await_window("Zelvane v2")
-        window = xdotool("getactivewindow").strip()
+        window = program.await_window("Zelvane v2")
         told = subprocess.run(["xprop", "-id", window, "WM_CLASS"], check=True, stdout=subprocess.PIPE, text=True)
         self.assertEqual(told.stdout, 'WM_CLASS(STRING) = "catalogue", "zelvane"\n')
 
@@ -81,8 +80,8 @@ class Launching(ProgramTest):
 
         program.key("ctrl+o")
 
-        program.await_window("Ouvrir une Categorie")
-        told = xdotool("getactivewindow", "getwindowgeometry", "--shell")
+        window = program.await_window("Ouvrir une Categorie")
+        told = xdotool("getwindowgeometry", "--shell", window)
         size = dict(line.split("=") for line in told.splitlines())
         self.assertLess(int(size["WIDTH"]), 1280)
         self.assertLess(int(size["HEIGHT"]), 800)

@@ -302,9 +302,14 @@ class Program:
         return [xdotool("getwindowname", window, check=False).strip() for window in windows]
 
     def await_window(self, title):
-        """Waits until the keys go to the window of a title: much faster than looking for a widget in it."""
-        wait_until(lambda: xdotool("getactivewindow", "getwindowname", check=False).strip() == title,
-                   f"the window '{title}'")
+        """Waits until the keys go to the window of a title: much faster than looking for a widget in it. Returns its
+        number: a moment later another window may have them, or none while it changes."""
+
+        def active():
+            window = xdotool("getactivewindow", check=False).strip()
+            return window and xdotool("getwindowname", window, check=False).strip() == title and window
+
+        return wait_until(active, f"the window '{title}'")
 
     def await_frame(self):
         """Waits until the program knows that keys go to its frame: the last dialog goes a moment before that."""
