@@ -164,10 +164,10 @@ bool AjouterEntree(FenetreDocument& fenetre)
 
 void SupprimerEntrees(FenetreDocument& fenetre)
 {
-    QrtClass& doc = fenetre.myqrt;
+    Categorie& doc = fenetre.myqrt;
     frmSuppr form(FenetreDessous());
-    // Also to false: leaving the dialog without deleting forgets unsaved changes, and that is meant.
-    doc.IlFautSauver = form.Lancer(doc);
+    // Also to false: after leaving the dialog without deleting nobody is asked about earlier changes. It is meant.
+    doc.EcraserIlFautSauver(form.Lancer(doc));
     RecalculerCles(*doc.MyLV);
 }
 

@@ -10,7 +10,11 @@ FenetreDocument::~FenetreDocument()
 
 void FenetreDocument::FermerDossier()
 {
-    if (Secours.TientSaisie())
+    // Where IlFautSauver is up the user was asked, and has given the changes up.
+    const bool tus = myqrt.ChangementsTus && !myqrt.IlFautSauver;
+    if (tus)
+        Secours.EcrireMaintenant(myqrt, Caption());
+    if (tus || Secours.TientSaisie())
         myqrt.GarderDossier();
     myqrt.FermerDossier();
 }

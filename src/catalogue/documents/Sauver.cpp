@@ -88,6 +88,7 @@ Issue EcrireArchiveEtDire(Categorie& doc)
         MsgArchiveIncomplete(doc);
         break;
     case IssueEcriture::Entiere:
+        doc.ChangementsTus = false;
         break;
     }
     return Issue::Reussie;
@@ -101,6 +102,7 @@ Issue EcrireTexteEtDire(Categorie& doc)
     if (!EcrireFichier14(doc, false))
         return DireErreurDEnregistrement();
     doc.IlFautSauver = false;
+    doc.ChangementsTus = false;
     return Issue::Reussie;
 }
 

@@ -24,7 +24,7 @@ void LaisserAuSecours(const Cadre& cadre)
     // Then what may take its time: a folder goes once what was saved is on the disk.
     for (FenetreDocument* fenetre : fenetres) {
         Categorie& doc = fenetre->myqrt;
-        const bool aGarder = doc.IlFautSauver || doc.EnEcriture || fenetre->Secours.TientSaisie();
+        const bool aGarder = doc.AChange() || doc.EnEcriture || fenetre->Secours.TientSaisie();
         if (!aGarder && doc.Forcer())
             doc.FermerDossier();
     }
@@ -57,10 +57,12 @@ private:
 void Conclure(FenetreDocument& fenetre, bool saisieSeule)
 {
     Categorie& doc = fenetre.myqrt;
-    if (std::exchange(doc.IlFautSauver, false))
+    if (std::exchange(doc.IlFautSauver, false)) {
+        doc.ChangementsTus = false;
         fenetre.Secours.Abandonner(!saisieSeule);
-    else
+    } else {
         fenetre.Secours.EcrireMaintenant(doc, fenetre.Caption());
+    }
 }
 
 bool DemanderAuxDocuments(Cadre& cadre, const std::vector<FenetreDocument*>& fenetres)

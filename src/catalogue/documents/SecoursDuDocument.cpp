@@ -37,7 +37,7 @@ bool SecoursDuDocument::Avancer(const Categorie& doc, const QString& nom, const 
         Oublier();
     if (doc.TmpFolder.isEmpty() || m_perimee)
         return false;
-    if (!doc.IlFautSauver) {
+    if (!doc.AChange()) {
         Oublier();
         // While a save runs, the changes count as saved before they are.
         if (!doc.EnEcriture && EstSurLeDisque(doc))
@@ -107,7 +107,7 @@ try {
     if (std::optional<SaisieEnCours> saisie = SaisieDe(doc))
         return EcrireAvecSaisie(doc, nom, *std::move(saisie));
     Etat etat = EtatDe(doc, nom);
-    if (!doc.IlFautSauver || m_copie == etat)
+    if (!doc.AChange() || m_copie == etat)
         return true;
     if (!m_ecriture || m_perimee || etat != m_vu) {
         m_ecriture.reset();

@@ -12,7 +12,7 @@ Categorie::Categorie()
 
 Categorie::~Categorie()
 {
-    if (m_proprietaire && !IlFautSauver && !EnEcriture && Forcer())
+    if (m_proprietaire && !AChange() && !EnEcriture && Forcer())
         FermerDossier();
 }
 
@@ -20,6 +20,12 @@ void Categorie::CreerDossier()
 {
     TmpFolder = CreerDossierTemp();
     m_proprietaire = true;
+}
+
+void Categorie::EcraserIlFautSauver(bool resultat)
+{
+    ChangementsTus = ChangementsTus || (IlFautSauver && !resultat);
+    IlFautSauver = resultat;
 }
 
 void Categorie::FermerDossier()

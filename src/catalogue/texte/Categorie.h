@@ -37,6 +37,13 @@ public:
     /// The folder stays for the next start when the document goes. A later write that is whole takes that back.
     void GarderDossier() { m_garder = true; }
     bool GardeDossier() const { return m_garder; }
+    /// A command's result takes the place of IlFautSauver. Changes that it makes nobody ask about any more are not
+    /// lost: the rescue copy goes on to hold them, and the folder stays with it when the document goes.
+    void EcraserIlFautSauver(bool resultat);
+    /// There are such changes.
+    bool ChangementsTus = false;
+    /// There is something in the table that is not in the file, be it that IlFautSauver says so or not.
+    bool AChange() const { return IlFautSauver || ChangementsTus; }
     /// Deletes the folder with all that it holds and empties TmpFolder, unless the folder is to be kept.
     void FermerDossier();
 

@@ -358,3 +358,79 @@ TEST_F(Secours, WhereNobodyCanBeAskedTheChangesAreWritten)
     EXPECT_EQ(TitreEcrit(), u"a"_s);
     EXPECT_TRUE(doc.IlFautSauver);
 }
+
+// ---- changes that nobody is asked about, as a command's result was written over the flag
+
+TEST_F(Secours, ChangesThatNobodyAsksAboutAreCopiedAllTheSame)
+{
+    Changer(u"neuf"_s);
+    doc.EcraserIlFautSauver(false);
+    EXPECT_FALSE(doc.IlFautSauver);
+    Attendre(60);
+    EXPECT_EQ(TitreEcrit(), u"neuf"_s);
+    LaisserAuSecours(cadre);
+    EXPECT_TRUE(QFileInfo::exists(doc.TmpFolder));
+}
+
+TEST_F(Secours, ChangesThatNobodyAsksAboutOutliveTheWindow)
+{
+    Changer(u"neuf"_s);
+    doc.EcraserIlFautSauver(false);
+    doc.EcraserIlFautSauver(false);
+    const QString dossier = doc.TmpFolder;
+    fenetre.Decharger();
+    EXPECT_TRUE(QFileInfo::exists(dossier));
+    const auto texte = LireTexteDeSecours(FichierDeSecours(dossier));
+    DocumentDeTest lu;
+    ASSERT_TRUE(texte && ChargerTexteExact(lu.doc, *texte));
+    EXPECT_EQ(lu.table.ListItems(1).Text(), u"neuf"_s);
+}
+
+TEST_F(Secours, WithoutChangesThereIsNothingToOutliveTheWindow)
+{
+    doc.EcraserIlFautSauver(false);
+    doc.EcraserIlFautSauver(true);
+    EXPECT_TRUE(doc.IlFautSauver);
+    EXPECT_FALSE(doc.ChangementsTus);
+    doc.IlFautSauver = false;
+    const QString dossier = doc.TmpFolder;
+    fenetre.Decharger();
+    EXPECT_FALSE(QFileInfo::exists(dossier));
+}
+
+TEST_F(Secours, ChangesThatNobodyAskedAboutAreSavedWithTheOthers)
+{
+    const DossierDeTest disque;
+    doc.SetCheminReel(disque.Fichier(u"disques.qrt"_s));
+    for (const QString& type : {u"2"_s, u"1"_s}) {
+        doc.FileType = type;
+        Changer(u"neuf "_s + type);
+        doc.EcraserIlFautSauver(false);
+        ASSERT_TRUE(Enregistrer(doc, false, true));
+        EXPECT_FALSE(doc.ChangementsTus) << type.toStdString();
+    }
+}
+
+TEST_F(Secours, WhoGivesUpHisChangesGivesThoseUpToo)
+{
+    Changer(u"neuf"_s);
+    doc.EcraserIlFautSauver(false);
+    Changer(u"encore"_s);
+    FileDeReponses reponses;
+    reponses.Preparer(RepNon);
+    EXPECT_TRUE(PeutFermer(doc));
+    const QString dossier = doc.TmpFolder;
+    fenetre.Decharger();
+    EXPECT_FALSE(QFileInfo::exists(dossier));
+}
+
+TEST_F(Secours, AtTheEndOfTheSessionTooGivingUpIsGivingUpAll)
+{
+    Changer(u"neuf"_s);
+    doc.EcraserIlFautSauver(false);
+    Changer(u"encore"_s);
+    FileDeReponses reponses;
+    reponses.Preparer(RepNon);
+    EXPECT_TRUE(PeutFinirLaSession(cadre, true));
+    EXPECT_FALSE(doc.AChange());
+}
