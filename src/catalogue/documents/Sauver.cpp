@@ -101,6 +101,8 @@ Issue EcrireTexteEtDire(Categorie& doc)
         return Issue::Manquee;
     if (!EcrireFichier14(doc, false))
         return DireErreurDEnregistrement();
+    // Where the folder is full a search goes on to find what was there: the file is saved all the same.
+    EcrireTextesDuDossier(doc);
     doc.IlFautSauver = false;
     doc.ChangementsTus = false;
     return Issue::Reussie;

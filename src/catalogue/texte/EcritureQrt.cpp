@@ -207,6 +207,11 @@ bool EcrireFichier(Categorie& doc, bool selection)
     return doc.Ecrire(selection) != IssueEcriture::RienTouche;
 }
 
+bool EcrireTextesDuDossier(const Categorie& doc)
+{
+    return EcrireTextes(doc, Entrees(false));
+}
+
 void MsgArchiveIncomplete(const QrtClass& doc)
 {
     AfficherMsg(LangMsg(QStringLiteral("msgArchive"),

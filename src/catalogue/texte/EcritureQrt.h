@@ -12,6 +12,9 @@ void MsgArchiveIncomplete(const QrtClass& doc);
 
 /// Writes the bare text of form 1.4 at CheminReel. False when there are no columns or the text could not be written.
 bool EcrireFichier14(Categorie& doc, bool selection);
+/// Writes the text files of the folder alone, all or none: what was just saved in form 1.4 is what a search finds.
+/// False when they stay as they were.
+bool EcrireTextesDuDossier(const Categorie& doc);
 /// Asks whether characters that form 1.4 cannot hold may become "?"; true at once when there are none. For whoever is
 /// about to call EcrireFichier14.
 bool AccepterPerteDeCaracteres(const QrtClass& doc);

@@ -146,6 +146,16 @@ TEST_F(Sauvegarde, ADocumentWithoutAFormSavesNothingAndLeavesTheFlag)
     AttendreFin();
 }
 
+TEST_F(Sauvegarde, TheFolderHoldsWhatWasSavedInEitherForm)
+{
+    for (const QString& type : {QStringLiteral("2"), QStringLiteral("1")}) {
+        DepuisFichier(type);
+        d.table.ListItems(1).SetText(QStringLiteral("forme ") + type);
+        EXPECT_TRUE(Enregistrer(d.doc, false, true));
+        EXPECT_TRUE(d.dossier.Lire("Zelvane.qrt").contains("=forme " + type.toLatin1() + "|")) << type.toStdString();
+    }
+}
+
 TEST_F(Sauvegarde, WithoutColumnsTheWriterFailsAndIsTold)
 {
     DepuisFichier("2");
