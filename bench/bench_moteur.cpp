@@ -142,7 +142,7 @@ void SelItemsCount(benchmark::State& etat)
 }
 
 /// A search in the saved text: the file is found, mapped and gone through each time.
-void Chercher(benchmark::State& etat, const ColonnesRecherche& colonnes)
+void Chercher(benchmark::State& etat, const PorteeDeRecherche& colonnes)
 {
     const Categorie& doc = DocumentCharge().doc;
     const QString texte = Variable("ZELVANE_BENCH_TEXTE");
@@ -157,14 +157,14 @@ void Chercher(benchmark::State& etat, const ColonnesRecherche& colonnes)
 
 void ChercherDansLaLigne(benchmark::State& etat)
 {
-    Chercher(etat, ColonnesRecherche());
+    Chercher(etat, PorteeDeRecherche());
 }
 
 void ChercherDansDeuxColonnes(benchmark::State& etat)
 {
     std::vector<bool> choix(static_cast<size_t>(DocumentCharge().doc.ColCount()));
     choix[1] = choix[2] = true;
-    Chercher(etat, ColonnesRecherche::DeChoix(choix));
+    Chercher(etat, PorteeDeRecherche::DeChoix(choix));
 }
 
 /// The results of a text that every entry holds, as a table, and what the process has grown by when they are there.
@@ -176,7 +176,7 @@ void TrouverTout(benchmark::State& etat)
         const qint64 avant = MemoireDuProcessus();
         ResultatsDeRecherche resultats(doc);
         {
-            Recherche recherche(doc.TmpFolder, doc.ColCount(), QStringLiteral("|"), ColonnesRecherche());
+            Recherche recherche(doc.TmpFolder, doc.ColCount(), QStringLiteral("|"), PorteeDeRecherche());
             while (recherche.Avancer(qsizetype(1) << 20)) {
             }
             resultats.Prendre(recherche);

@@ -77,7 +77,7 @@ QList<Attendu> Chercher(const Entree& entree, const QString& texte)
 {
     QList<Attendu> trouves;
     const QString cherche = Replier(entree.cherche);
-    const bool ligneEntiere = ColonnesRecherche::DeChoix(entree.choix).ToutesColonnes;
+    const bool ligneEntiere = PorteeDeRecherche::DeChoix(entree.choix).ToutesColonnes;
     int rang = 0;
     for (const QString& ligne : LignesDesEntrees(texte)) {
         ++rang;
@@ -124,7 +124,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* octets, size_t taille)
         doc.Table.ColumnHeaders.Add();
     ResultatsDeRecherche resultats(doc);
     for (const qsizetype pas : {qsizetype(1), qsizetype(1) << 20}) {
-        Recherche recherche(dossier.path() + u'/', Colonnes, entree.cherche, ColonnesRecherche::DeChoix(entree.choix));
+        Recherche recherche(dossier.path() + u'/', Colonnes, entree.cherche, PorteeDeRecherche::DeChoix(entree.choix));
         while (recherche.Avancer(pas)) {
         }
         Verifier((recherche.Issue() == IssueDeRecherche::SansTexte) == entree.cherche.isEmpty(), "a text, or none");

@@ -64,9 +64,10 @@ inline constexpr OptionTexte FusionnerCol{{u"FusionnerCol"}, u"_-_"};
 inline constexpr OptionOuiNon GrandesIcones{{u"GrandesIcones"}, false, Oui::SaufTexteZero};
 /// Start folder of the image dialog.
 inline constexpr OptionDossier ImgInitDir{{u"ImgInitDir"}, DossierParDefautDesImages};
-/// Size, place and state of the frame and of the editor of entries when they were closed last (GarderLaPlace).
+/// Size, place and state of windows when they were closed last (GarderLaPlace).
 inline constexpr OptionTexte PlaceDuCadre{{u"PlaceDuCadre"}, u""};
 inline constexpr OptionTexte PlaceDeLEditeur{{u"PlaceDeLEditeur"}, u""};
+inline constexpr OptionTexte PlaceDeLaRecherche{{u"PlaceDeLaRecherche"}, u""};
 /// Name of the language file.
 inline constexpr OptionTexte QRTLangue{{u"QRTLangue"}, u"default"};
 /// Warn before editing many entries.

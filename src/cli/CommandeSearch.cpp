@@ -44,12 +44,12 @@ Statut ExecuterSearch(const LigneDeCommande& ligne)
     if (!catalogue)
         return Echec;
     const Categorie& doc = catalogue->doc;
-    ColonnesRecherche colonnes;
+    PorteeDeRecherche colonnes;
     if (ligne.A(u"columns"_s)) {
         std::optional<std::vector<bool>> choix = liste->Parmi(doc.ColCount());
         if (!choix)
             return RefuserUsage(u"il n'y a pas de telle colonne : "_s + texteDeListe, u"search"_s);
-        colonnes = ColonnesRecherche::DeChoix(std::move(*choix));
+        colonnes = PorteeDeRecherche::DeChoix(std::move(*choix));
     }
 
     Recherche recherche(doc.TmpFolder, doc.ColCount(), ligne.arguments[1], std::move(colonnes));

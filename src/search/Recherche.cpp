@@ -38,13 +38,13 @@ uint32_t NombreDeSauts(const char* debut, const char* fin)
 
 } // namespace
 
-ColonnesRecherche ColonnesRecherche::DeChoix(std::vector<bool> choix)
+PorteeDeRecherche PorteeDeRecherche::DeChoix(std::vector<bool> choix)
 {
     const bool toutes = std::find(choix.begin(), choix.end(), false) == choix.end();
     return {toutes, std::move(choix)};
 }
 
-Recherche::Recherche(const QString& dossier, int colonnes, const QString& texte, ColonnesRecherche ou)
+Recherche::Recherche(const QString& dossier, int colonnes, const QString& texte, PorteeDeRecherche ou)
     : m_dossier(dossier), m_colonnes(colonnes), m_ou(std::move(ou)), m_sansTexte(texte.isEmpty()), m_texte(dossier),
       m_aiguille(texte, m_texte.Codage()), m_suite(m_texte.Octets().begin()), m_fin(m_texte.Octets().end())
 {
@@ -82,6 +82,12 @@ bool Recherche::Avancer(qsizetype octets)
         octets -= m_suite - debut;
     }
     return m_suite != m_fin;
+}
+
+int Recherche::Pourcent() const
+{
+    const QByteArrayView octets = m_texte.Octets();
+    return octets.isEmpty() ? 100 : static_cast<int>((m_suite - octets.begin()) * 100 / octets.size());
 }
 
 /// Reads the lines up to `fin`, where one ends.

@@ -14,7 +14,7 @@
 #include <vector>
 
 /// Which columns are searched.
-struct ColonnesRecherche
+struct PorteeDeRecherche
 {
     /// The line is searched as a whole, with its "|" and the image's name: so a text is found also across two fields.
     bool ToutesColonnes = true;
@@ -22,7 +22,7 @@ struct ColonnesRecherche
     std::vector<bool> choisies;
 
     /// One element a column. All of them are the whole line.
-    static ColonnesRecherche DeChoix(std::vector<bool> choix);
+    static PorteeDeRecherche DeChoix(std::vector<bool> choix);
 };
 
 enum class IssueDeRecherche {
@@ -37,12 +37,14 @@ class Recherche
 {
 public:
     /// `dossier` is the document's, with a trailing separator, and `colonnes` its number of columns.
-    Recherche(const QString& dossier, int colonnes, const QString& texte, ColonnesRecherche ou);
+    Recherche(const QString& dossier, int colonnes, const QString& texte, PorteeDeRecherche ou);
     Recherche(const Recherche&) = delete;
     Recherche& operator=(const Recherche&) = delete;
 
     /// Goes on with about so many bytes; a line is never cut. False when nothing is left to read.
     bool Avancer(qsizetype octets);
+    /// How much of the text was read.
+    int Pourcent() const;
 
     int Nombre() const { return static_cast<int>(m_lignes.debuts.size()); }
     /// Once Avancer was false.
@@ -65,7 +67,7 @@ private:
 
     QString m_dossier;
     int m_colonnes;
-    ColonnesRecherche m_ou;
+    PorteeDeRecherche m_ou;
     bool m_sansTexte;
     TexteSauve m_texte;
     Aiguille m_aiguille;

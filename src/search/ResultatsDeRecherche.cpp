@@ -43,11 +43,16 @@ QString ResultatsDeRecherche::InfobulleDe(const ListItemLu& resultat) const
 void ResultatsDeRecherche::ChoisirDans(MyLV& table) const
 {
     table.Selectionner(1, table.ListItems.Count(), false);
+    bool premiere = true;
     for (int i = 1; i <= Table.ListItems.Count(); ++i) {
         if (!Table.EstSelectionnee(i))
             continue;
-        if (ListItem entree = table.ListItems(Table.ListItems(i).Key()))
-            entree.SetSelected(true);
+        ListItem entree = table.ListItems(Table.ListItems(i).Key());
+        if (!entree)
+            continue;
+        entree.SetSelected(true);
+        if (std::exchange(premiere, false))
+            table.SetSelectedItem(entree);
     }
 }
 

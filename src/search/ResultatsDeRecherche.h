@@ -26,7 +26,8 @@ public:
     /// Field 0, " <> " and field 1 of the line that was found, also after the result was refreshed.
     QString Infobulle(const ListItemLu& resultat) const;
 
-    /// Selects those entries of the document's table whose results are selected here.
+    /// Selects those entries of the document's table whose results are selected here, and gives the first of them the
+    /// focus: the editor of one entry opens on that.
     void ChoisirDans(MyLV& table) const;
     /// Takes the values of the entries of the selected results. Images, markers and tool tips stay: it is meant.
     void Rafraichir(const MyLV& table);

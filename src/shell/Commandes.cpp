@@ -58,14 +58,8 @@ void EnregistrerTous(Lieu lieu)
 
 void Sauver(Lieu lieu, bool sous)
 {
-    Categorie& doc = lieu.document->myqrt;
-    Enregistrer(doc, sous, true);
-    // A document that was never saved keeps the name it goes by.
-    if (const QString nom = doc.filename(); !nom.isEmpty()) {
-        lieu.document->SetCaption(nom);
-        lieu.cadre.MettreTitreOnglet(*lieu.document, nom);
-    }
-    lieu.cadre.MajRecents();
+    Enregistrer(lieu.document->myqrt, sous, true);
+    lieu.cadre.MontrerNom(*lieu.document);
 }
 
 // ---- entries
@@ -197,7 +191,8 @@ constexpr RangDeCommande Rangs[] = {
     {u"copier", u"&Copier", "copy", "Ctrl+C", Besoin::Selection},
     {u"coller", u"C&oller", "paste", "Ctrl+V", Besoin::Document},
     {u"copieparlot", u"Copie par &lot", "", "", Besoin::Document},
-    {u"rechercher", u"&Rechercher", "rechercher", "Ctrl+F", Besoin::Document},
+    {u"rechercher", u"&Rechercher", "rechercher", "Ctrl+F", Besoin::Document,
+     [](Lieu l) { l.document->mRechercher_Click(); }},
     // Never does anything, and its item stays.
     {u"remplacer", u"Re&mplacer", "", "", Besoin::Document},
 

@@ -102,6 +102,7 @@ private:
     QAction* FaireItem(const Item& item);
     QAction& ItemNomme(const QString& nom) const;
     void mRecent_Click(int index);
+    bool EnregistrerPourRechercher();
     void Lancer(QStringView cle);
 
     MDIForm1& m_cadre;

@@ -1,13 +1,17 @@
 // What the keys and clicks in a document window do.
 #include "shell/Form1.h"
 
+#include "base/AfficherMsg.h"
 #include "base/Options.h"
 #include "catalogue/documents/Commentaires.h"
 #include "catalogue/documents/OuvrirFichiersQrt.h"
+#include "catalogue/documents/Sauver.h"
 #include "entries/mEditLV.h"
 #include "extensions/dialogues/frmCommentaires.h"
+#include "extensions/langue/modLang.h"
 #include "kit/FenetreDessous.h"
 #include "platform/Retenue.h"
+#include "search/frmRecherche.h"
 #include "shell/MDIForm1.h"
 
 #include <QAction>
@@ -83,9 +87,35 @@ void Form1::mModifierCategorie_Click()
     Lancer(u"editcat");
 }
 
+/// A search reads what was saved. False when there is nothing of the kind: a category that was never saved still is
+/// not.
+bool Form1::EnregistrerPourRechercher()
+{
+    if (!myqrt.IlFautSauver)
+        return true;
+    const bool jamais = myqrt.CheminReel().isEmpty();
+    AfficherMsg(jamais ? LangMsg(u"msg43"_s, u"Pour que la recherche fonctionne correctement, veuillez enregistrer "
+                                             u"votre fichier."_s)
+                       : LangMsg(u"msg45"_s, u"Pour que la recherche tienne compte des modifications effectuées, "
+                                             u"veuillez enregistrer votre fichier."_s),
+                MsgOk, QString());
+    if (Enregistrer(myqrt, false, jamais)) {
+        m_cadre.MontrerNom(*this);
+        return true;
+    }
+    if (jamais)
+        AfficherMsg(LangMsg(u"msg44"_s, u"Recherche annulée"_s), MsgOk, QString());
+    return !jamais;
+}
+
 void Form1::mRechercher_Click()
 {
-    Lancer(u"rechercher");
+    if (!EnregistrerPourRechercher())
+        return;
+    frmRecherche form(FenetreDessous());
+    form.SetDocument(*this);
+    form.Lancer();
+    RedrawAll();
 }
 
 void Form1::mModifierCommentaires_Click()

@@ -350,6 +350,15 @@ void MDIForm1::RedrawAll()
     m_items.Accorder();
 }
 
+void MDIForm1::MontrerNom(FenetreDocument& fenetre)
+{
+    if (const QString nom = fenetre.myqrt.filename(); !nom.isEmpty()) {
+        fenetre.SetCaption(nom);
+        MettreTitreOnglet(fenetre, nom);
+    }
+    MajRecents();
+}
+
 void MDIForm1::MajRecents()
 {
     MajMenuRecents(*this);

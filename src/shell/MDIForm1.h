@@ -58,6 +58,9 @@ public:
     void MontrerMenuClickDroit(bool avecSelection, const QPoint& endroit);
     /// Brings the check of mGrandesIcones in step with the tool bars.
     void RedrawAll();
+    /// Gives the window and its tab the name of the document's file, as after a save; one that was never saved keeps
+    /// the name it goes by. The recent files are rewritten.
+    void MontrerNom(FenetreDocument& fenetre);
     /// Rewrites the recent files in the menus of the frame and of all documents.
     void MajRecents();
     /// Where the commands of the frame run: on the active window.

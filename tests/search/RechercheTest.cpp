@@ -43,7 +43,7 @@ protected:
 
     Recherche Chercher(const QString& texte, const std::vector<bool>& choix = {true, true, true}) const
     {
-        return Recherche(d.dossier.Chemin(), 3, texte, ColonnesRecherche::DeChoix(choix));
+        return Recherche(d.dossier.Chemin(), 3, texte, PorteeDeRecherche::DeChoix(choix));
     }
     IssueDeRecherche Issue(const QString& texte) const
     {
@@ -141,8 +141,8 @@ TEST_F(RechercheTest, LooksAtTheChosenColumnsAlone)
 
 TEST_F(RechercheTest, SearchesTheWholeLineAgainWhenAllColumnsAreChosen)
 {
-    EXPECT_TRUE(ColonnesRecherche::DeChoix({true, true}).ToutesColonnes);
-    EXPECT_FALSE(ColonnesRecherche::DeChoix({true, false}).ToutesColonnes);
+    EXPECT_TRUE(PorteeDeRecherche::DeChoix({true, true}).ToutesColonnes);
+    EXPECT_FALSE(PorteeDeRecherche::DeChoix({true, false}).ToutesColonnes);
 }
 
 TEST_F(RechercheTest, TakesFieldsThatALineLacksForEmpty)

@@ -26,7 +26,7 @@ protected:
     }
     void Chercher(const QString& texte)
     {
-        Recherche recherche(d.doc.TmpFolder, d.doc.ColCount(), texte, ColonnesRecherche());
+        Recherche recherche(d.doc.TmpFolder, d.doc.ColCount(), texte, PorteeDeRecherche());
         while (recherche.Avancer(1 << 20)) {
         }
         resultats->Prendre(recherche);
@@ -131,6 +131,16 @@ TEST_F(ResultatsTest, ChooseTheEntriesWithTheirKeys)
     resultats->ChoisirDans(d.table);
     EXPECT_EQ(d.table.NombreDeSelectionnees(), 1) << "a key that names no entry is passed over";
     EXPECT_TRUE(d.table.EstSelectionnee(2));
+}
+
+TEST_F(ResultatsTest, GiveTheFirstEntryThatTheyChooseTheFocus)
+{
+    Charger({"a|||", "ab|||", "b|||", "ac|||"});
+    Chercher("a");
+    Resultat(2).SetSelected(true);
+    Resultat(3).SetSelected(true);
+    resultats->ChoisirDans(d.table);
+    EXPECT_EQ(d.table.SelectedItem().Index(), 2);
 }
 
 TEST_F(ResultatsTest, TakeTheValuesOfTheirEntriesAndNothingElse)

@@ -148,8 +148,8 @@ TEST_F(FrmPopupTest, CommandsToComeAreDisabledAndDoNothing)
     cadre->MontrerMenuClickDroit(true, QPoint(10, 10));
     MenuNomme(u"MenuClickDroit"_s).close();
     const FermeModales modales;
-    for (const QString& nom : {u"mEditerCategorie"_s, u"mRechercher"_s, u"mCopier1"_s, u"mColler1"_s, u"mPrete"_s,
-                               u"mRendu"_s, u"mEditerCategorie3"_s, u"mRechercher3"_s, u"mColler3"_s}) {
+    for (const QString& nom : {u"mEditerCategorie"_s, u"mCopier1"_s, u"mColler1"_s, u"mPrete"_s, u"mRendu"_s,
+                               u"mEditerCategorie3"_s, u"mColler3"_s}) {
         EXPECT_FALSE(Item(nom).isEnabled()) << nom.toStdString();
         Item(nom).setEnabled(true);
         Item(nom).trigger();
@@ -157,6 +157,18 @@ TEST_F(FrmPopupTest, CommandsToComeAreDisabledAndDoNothing)
     EXPECT_EQ(modales.fenetres, QStringList());
     EXPECT_TRUE(reponses.Affiches().isEmpty());
     EXPECT_FALSE(a.myqrt.IlFautSauver);
+}
+
+TEST_F(FrmPopupTest, TheSearchIsInTheMenusOfTheTable)
+{
+    Montrer();
+    Ouvrir(u"a.qrt"_s);
+    const FermeModales modales;
+    cadre->MontrerMenuClickDroit(false, QPoint(10, 10));
+    MenuNomme(u"MenuClickDroit3"_s).close();
+    for (const QString& nom : {u"mRechercher"_s, u"mRechercher2"_s, u"mRechercher3"_s})
+        Item(nom).trigger();
+    EXPECT_EQ(modales.fenetres, QStringList(3, u"frmRecherche"_s));
 }
 
 TEST_F(FrmPopupTest, DeletingByTheMenuNumbersTheKeysAnew)

@@ -18,6 +18,8 @@
 #include "kit/frmInputText.h"
 #include "kit/frmMotDePasse.h"
 #include "kit/frmMsg.h"
+#include "output/frmExport.h"
+#include "search/frmRecherche.h"
 #include "shell/CadreEnFenetre.h"
 #include "shell/frmSecours.h"
 #include "support/GardeModale.h"
@@ -280,6 +282,29 @@ TEST_F(Polices, WhatAKilledRunLeft)
     PlateformeDeTest::Courante().dossier.Ecrire("temp/cat7/Zelvane.qrt", texte.Texte());
     Montrer();
     RegarderForm([this] { return std::make_unique<frmSecours>(*cadre, ChercherLaisses()); });
+}
+
+TEST_F(Polices, TheChooserOfColumns)
+{
+    RegarderForm([] {
+        auto form = std::make_unique<frmExport>();
+        form->AjouterColonne(u"Titre"_s, true);
+        form->AjouterColonne(u"Artiste"_s, false);
+        return form;
+    });
+}
+
+TEST_F(Polices, TheSearch)
+{
+    Montrer();
+    Form1& fenetre = Ouvrir("discotheque.qrt");
+    RegarderForm([&fenetre] {
+        auto form = std::make_unique<frmRecherche>();
+        form->SetDocument(fenetre);
+        QTest::keyClicks(form->findChild<QLineEdit*>(u"Text1"_s), u"abbey"_s);
+        QTest::mouseClick(form->findChild<QWidget*>(u"btRecherche"_s), Qt::LeftButton);
+        return form;
+    });
 }
 
 TEST_F(Polices, TheFrameWithADocument)

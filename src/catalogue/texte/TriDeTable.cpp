@@ -21,9 +21,8 @@ QString MarqueDeTri(bool descendant)
     return descendant ? u"up"_s : u"down"_s;
 }
 
-bool TrierParColonne(QrtClass& doc, int colonne)
+bool TrierParColonne(MyLV& table, int colonne)
 {
-    MyLV& table = *doc.MyLV;
     if (!table.ColumnHeaders.Existe(colonne))
         return false;
     const int sens = SensApresClic(table, colonne - 1);
@@ -34,8 +33,14 @@ bool TrierParColonne(QrtClass& doc, int colonne)
     table.SetSortOrder(sens);
     table.SetSortKey(colonne - 1);
     table.SetSorted(true);
-    doc.IlFautSauver = true;
     return true;
+}
+
+bool TrierParColonne(QrtClass& doc, int colonne)
+{
+    const bool trie = TrierParColonne(*doc.MyLV, colonne);
+    doc.IlFautSauver = doc.IlFautSauver || trie;
+    return trie;
 }
 
 void Retrier(MyLV& table)

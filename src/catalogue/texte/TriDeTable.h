@@ -1,4 +1,4 @@
-// Sorting a document's table at the user's request.
+// Sorting a table at the user's request.
 #pragma once
 
 #include <QString>
@@ -12,7 +12,9 @@ QString MarqueDeTri(bool descendant);
 
 /// A click on the title of column `colonne` (from 1): sorts by it, ascending, or turns the order round when it is the
 /// column sorted by already. Its title alone then carries a marker. Entries with equal texts keep the order they had.
-/// The document has changed then. False, and nothing happens, when there is no such column.
+/// False, and nothing happens, when there is no such column.
+bool TrierParColonne(MyLV& table, int colonne);
+/// The same in a document, which has changed then.
 bool TrierParColonne(QrtClass& doc, int colonne);
 
 /// Puts the entries in order again, after values were written. Sorts also a table that was not sorted so far.
