@@ -10,10 +10,14 @@
 #include "catalogue/texte/LectureQrt.h"
 #include "entries/ModeleASupprimer.h"
 #include "entries/OperationsEntrees.h"
+#include "search/frmRecherche.h"
 #include "vue/VueDesLignes.h"
 
 #include <QApplication>
 #include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
@@ -132,6 +136,27 @@ void SupprimerUnDixieme(benchmark::State& etat)
     });
 }
 BENCHMARK(SupprimerUnDixieme)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// A text that every entry holds is looked for: from the click on the button to the first picture of the results.
+void ImageDesResultats(benchmark::State& etat)
+{
+    Mesurer(etat, [](Fenetre& fenetre) {
+        frmRecherche form;
+        form.SetDocument(fenetre);
+        form.show();
+        form.findChild<QLineEdit*>(QStringLiteral("Text1"))->setText(QStringLiteral("|"));
+        QCoreApplication::processEvents();
+        form.findChild<QPushButton*>(QStringLiteral("btRecherche"))->click();
+        const auto* compte = form.findChild<QLabel*>(QStringLiteral("StatusBar1_1"));
+        while (compte->text().isEmpty())
+            QCoreApplication::processEvents();
+        QCoreApplication::processEvents();
+        auto& liste = *form.findChild<VueDesLignes*>(QStringLiteral("ListView1"));
+        liste.viewport()->repaint();
+        return liste.model()->rowCount() == fenetre.Nombre();
+    });
+}
+BENCHMARK(ImageDesResultats)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 } // namespace
 

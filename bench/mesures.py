@@ -232,6 +232,7 @@ def measure(inputs, engine, window, entries, cli, times):
     convert = quickest([cli, "convert", inputs.sorted, converted], times, before=remove(converted))
     list_text = quickest([cli, "list", inputs.sorted], times)
     list_json = quickest([cli, "list", "--json", inputs.sorted], times)
+    search = quickest([cli, "search", inputs.sorted, inputs.rare_text], times)
     true = quickest(["/bin/true"], times * 5)
     listed = quickest([cli, "list", small], times * 5)
 
@@ -245,6 +246,9 @@ def measure(inputs, engine, window, entries, cli, times):
     table.ratio("search for a rare text in two columns", engine.seconds("ChercherDansDeuxColonnes"), "grep -aic", grep, 4)
     table.ratio("memory of a million results", engine.counter("TrouverTout", "octets") / 1e6, "the file",
                 inputs.size / 1e6, 2.5, show="{:.1f} MB")
+    table.ratio("a text of every entry, to the picture of the results", entries.seconds("ImageDesResultats"), "iconv",
+                iconv, 6)
+    table.ratio("`zelvane-cli search`", search, "grep -aic", grep, 3, beyond=(" + 30 ms", 0.030))
     table.ratio("sort by another column", engine.seconds("TriAutreColonne"), "GNU sort of that column", sort_other, 0.7)
     table.ratio("text writer", engine.seconds("EcrireFichier14"), "cp to memory", cp, 2,
                 beyond=(" + 0.1 s", 0.1))
