@@ -213,7 +213,9 @@ void frmRecherche::Finir()
     }
     if (!trouve)
         AfficherMsg(MessageDeRecherche(issue), MsgOk, QString());
+    // Another text is typed in its place.
     m_ui->Text1->setFocus();
+    m_ui->Text1->selectAll();
 }
 
 /// The button is the default no more, so that Enter reaches the list. Who has typed on in the meantime is left there.

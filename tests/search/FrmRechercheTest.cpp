@@ -122,6 +122,7 @@ TEST_F(FrmRechercheTest, NothingFoundIsTold)
         EXPECT_EQ(reponses.Cles(), QStringList({"msg14"}));
         EXPECT_EQ(reponses.Affiches()[0].message.texte, u"Désolé rien n'a été trouvé"_s);
         EXPECT_EQ(FocusDe(form), "Text1");
+        EXPECT_EQ(Text1(form).selectedText(), "zzz") << "what is typed next takes its place";
         EXPECT_EQ(Resultats(form), QStringList());
         EXPECT_EQ(Compte(form), "") << "the count of another search";
         EXPECT_TRUE(Le<QPushButton>(form, "btRecherche").isDefault());
