@@ -17,7 +17,7 @@ CatalogueOuvert::CatalogueOuvert()
 {
 }
 
-std::unique_ptr<CatalogueOuvert> CatalogueOuvert::Ouvrir(const QString& chemin)
+std::unique_ptr<CatalogueOuvert> CatalogueOuvert::Ouvrir(const QString& chemin, Etendue etendue)
 {
     const std::optional<FormeFichier> forme = FormeDuFichier(chemin);
     if (!forme)
@@ -25,7 +25,7 @@ std::unique_ptr<CatalogueOuvert> CatalogueOuvert::Ouvrir(const QString& chemin)
     std::unique_ptr<CatalogueOuvert> catalogue(new CatalogueOuvert);
     catalogue->type = *forme;
     // The reader refuses by message and by an empty table; a table that was read has a loan column at least.
-    if (!ChargerCatalogue(catalogue->doc, chemin, *forme) || catalogue->doc.ColCount() == 0)
+    if (!ChargerCatalogue(catalogue->doc, chemin, *forme, etendue) || catalogue->doc.ColCount() == 0)
         return nullptr;
     return catalogue;
 }

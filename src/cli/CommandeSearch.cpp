@@ -40,7 +40,7 @@ Statut ExecuterSearch(const LigneDeCommande& ligne)
     const std::optional<ListeDeNombres> liste = ListeDeNombres::Lire(texteDeListe);
     if (!liste)
         return RefuserUsage(u"ce n'est pas une liste de colonnes : "_s + texteDeListe, u"search"_s);
-    const auto catalogue = CatalogueOuvert::Ouvrir(ligne.arguments[0]);
+    const auto catalogue = CatalogueOuvert::Ouvrir(ligne.arguments[0], Etendue::SansEntrees);
     if (!catalogue)
         return Echec;
     const Categorie& doc = catalogue->doc;

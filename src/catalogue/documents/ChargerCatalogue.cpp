@@ -69,7 +69,7 @@ std::optional<FormeFichier> FormeDuFichier(const QString& chemin)
     return forme;
 }
 
-bool ChargerCatalogue(Categorie& doc, const QString& chemin, FormeFichier forme)
+bool ChargerCatalogue(Categorie& doc, const QString& chemin, FormeFichier forme, Etendue etendue)
 {
     doc.SetCheminReel(chemin);
     doc.RegarderFichier(); // before it is read: what changes it meanwhile is told at the next save
@@ -80,6 +80,6 @@ bool ChargerCatalogue(Categorie& doc, const QString& chemin, FormeFichier forme)
     } else if (!ExtraireArchive(doc)) {
         return false;
     }
-    ChargerFichier(doc);
+    ChargerFichier(doc, etendue);
     return true;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "catalogue/texte/Categorie.h"
+#include "catalogue/texte/LectureQrt.h"
 
 #include <QString>
 
@@ -20,4 +21,4 @@ std::optional<FormeFichier> FormeDuFichier(const QString& chemin);
 /// Sets CheminReel and FileType, brings the file's text, images and comment into TmpFolder and reads the table. False,
 /// with a message, when the file could not be copied ("msg51") or extracted ("msg51", "msg52"). A text that the reader
 /// refuses leaves an empty table, and the result is true.
-bool ChargerCatalogue(Categorie& doc, const QString& chemin, FormeFichier forme);
+bool ChargerCatalogue(Categorie& doc, const QString& chemin, FormeFichier forme, Etendue etendue = Etendue::Tout);

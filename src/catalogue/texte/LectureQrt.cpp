@@ -69,8 +69,9 @@ private:
 class Chargement
 {
 public:
-    Chargement(QrtClass& doc, stockage::Source source)
-        : m_doc(doc), m_table(*doc.MyLV), m_source(std::move(source)), m_lecteur(m_source.octets.get(), m_source.taille)
+    Chargement(QrtClass& doc, stockage::Source source, Etendue etendue)
+        : m_doc(doc), m_table(*doc.MyLV), m_source(std::move(source)),
+          m_lecteur(m_source.octets.get(), m_source.taille), m_etendue(etendue)
     {
     }
 
@@ -214,6 +215,8 @@ private:
         const qint64 lues = std::min(nombre, m_lecteur.LignesQuiRestent());
         if (!Permis(nombre - lues))
             return false;
+        if (m_etendue == Etendue::SansEntrees)
+            return true;
 
         stockage::Lignes lignes;
         lignes.debuts.reserve(static_cast<size_t>(nombre));
@@ -241,6 +244,7 @@ private:
     MyLV& m_table;
     stockage::Source m_source;
     LecteurDeLignes m_lecteur;
+    Etendue m_etendue;
     int m_colonnes = 0;
     qint64 m_copies = 0;
 };
@@ -284,9 +288,9 @@ std::optional<stockage::Source> LireSource(const QString& dossier)
     return source;
 }
 
-bool Charger(QrtClass& doc, std::optional<stockage::Source> source)
+bool Charger(QrtClass& doc, std::optional<stockage::Source> source, Etendue etendue)
 {
-    return source && Chargement(doc, std::move(*source)).Executer();
+    return source && Chargement(doc, std::move(*source), etendue).Executer();
 }
 
 } // namespace
@@ -308,19 +312,19 @@ QString ValeurLigne(const QString& ligne)
     return egal < 0 ? ligne : ligne.mid(egal + 1);
 }
 
-bool ChargerDossier(QrtClass& doc)
+bool ChargerDossier(QrtClass& doc, Etendue etendue)
 {
-    return Charger(doc, LireSource(doc.TmpFolder));
+    return Charger(doc, LireSource(doc.TmpFolder), etendue);
 }
 
 bool ChargerTexteExact(QrtClass& doc, QByteArrayView utf8)
 {
-    return Charger(doc, SourceExacte(utf8));
+    return Charger(doc, SourceExacte(utf8), Etendue::Tout);
 }
 
-void ChargerFichier(QrtClass& doc)
+void ChargerFichier(QrtClass& doc, Etendue etendue)
 {
-    if (ChargerDossier(doc))
+    if (ChargerDossier(doc, etendue))
         return;
     AfficherMsg(LangMsg(QStringLiteral("msg50"),
                         QStringLiteral("Erreur lors de l'ouverture : le fichier n'est pas un fichier qrt valide")),

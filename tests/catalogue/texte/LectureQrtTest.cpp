@@ -78,6 +78,26 @@ TEST(ChargerFichier, TakesACategoryWithoutEntries)
     EXPECT_TRUE(messages.Affiches().isEmpty());
 }
 
+TEST(ChargerFichier, WithoutEntriesReadsTheSameColumnsAndRefusesTheSame)
+{
+    const FileDeReponses reponses;
+    DocumentDeTest d;
+    TexteDeCatalogue texte;
+    texte.entrees = {"Dummy|"};
+    d.dossier.Ecrire("Zelvane.qrt", texte.Texte());
+    ChargerFichier(d.doc, Etendue::SansEntrees);
+    EXPECT_EQ(d.doc.ColCount(), 2);
+    EXPECT_EQ(d.doc.IndexColPrete, 2);
+    EXPECT_EQ(d.doc.ItemsCount(), 0);
+    EXPECT_EQ(reponses.Cles(), QStringList());
+
+    texte.nombreDEntrees = "2000000000";
+    d.dossier.Ecrire("Zelvane.qrt", texte.Texte());
+    ChargerFichier(d.doc, Etendue::SansEntrees);
+    EXPECT_EQ(reponses.Cles(), QStringList({"msg50"})) << "it announces more than it can hold";
+    EXPECT_EQ(d.doc.ColCount(), 0);
+}
+
 TEST(ChargerFichier, AWrongTypeLineIsToldAndLeavesAnEmptyTable)
 {
     FileDeReponses messages;
