@@ -55,6 +55,26 @@ TEST(FrmInputText, TheButtonGivesWhatWasTyped)
               "Jazz");
 }
 
+TEST(FrmInputText, WhatIsTypedTakesThePlaceOfTheTextProposed)
+{
+    EXPECT_EQ(Saisir(u"rock"_s,
+                     [](QWidget& boite) {
+                         QTest::keyClicks(boite.focusWidget(), u"Jazz"_s);
+                         QTest::keyClick(boite.focusWidget(), Qt::Key_Return);
+                     }),
+              "Jazz");
+}
+
+TEST(FrmInputText, OfALineThatIsPastedItsEndAloneGoes)
+{
+    EXPECT_EQ(Saisir(u""_s,
+                     [](QWidget& boite) {
+                         Coller(Text1(boite), u"abc\n"_s);
+                         QTest::keyClick(boite.focusWidget(), Qt::Key_Return);
+                     }),
+              "abc");
+}
+
 TEST(FrmInputText, EnterGivesItToo)
 {
     EXPECT_EQ(Saisir(u""_s,

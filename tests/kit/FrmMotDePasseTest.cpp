@@ -1,9 +1,11 @@
 #include "kit/frmMotDePasse.h"
 
+#include "extensions/langue/modLang.h"
 #include "kit/MessagesEnFenetre.h"
 #include "kit/frmInputText.h"
 #include "support/GardeModale.h"
 #include "support/Impression.h"
+#include "support/PlateformeDeTest.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -42,6 +44,17 @@ TEST(FrmMotDePasse, TheButtonGivesWhatWasTyped)
                   Cliquer(boite, "btOk");
               }),
               "zelvane");
+}
+
+TEST(FrmMotDePasse, SpeaksTheLanguageInForce)
+{
+    FichierLangue =
+        PlateformeDeTest::Courante().dossier.Ecrire(u"lang/autre.ini"_s, "[frmMotDePasse]\r\nbtOk_C=Fine\r\n");
+    Demander([](QWidget& boite) {
+        EXPECT_EQ(boite.findChild<QPushButton*>(u"btOk"_s)->text(), "Fine");
+        boite.close();
+    });
+    FichierLangue.clear();
 }
 
 TEST(FrmMotDePasse, EnterGivesItToo)

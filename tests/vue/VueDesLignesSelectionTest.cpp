@@ -128,6 +128,18 @@ TEST_F(VueDesLignesSelection, DraggingSelectsTheEntriesPassed)
     EXPECT_EQ(Choisies(), Positions({2, 3, 4, 5}));
 }
 
+TEST_F(VueDesLignesSelection, DraggingFromOneOfSeveralSelectsTheEntriesPassed)
+{
+    Montrer(8);
+    Cliquer(2);
+    Cliquer(4, Qt::ShiftModifier);
+    QTest::mousePress(vue.viewport(), Qt::LeftButton, Qt::NoModifier, Milieu(3));
+    for (const int ligne : {4, 5})
+        Tirer(ligne);
+    QTest::mouseRelease(vue.viewport(), Qt::LeftButton, Qt::NoModifier, Milieu(5));
+    EXPECT_EQ(Choisies(), Positions({3, 4, 5}));
+}
+
 TEST_F(VueDesLignesSelection, DraggingBelowOrAboveTheViewScrollsForAsLongAsThePointerStays)
 {
     Montrer(300);
