@@ -60,6 +60,8 @@ TEST_F(FrmAddCategorie2Test, EveryControlHasItsCaptionAndTip)
     EXPECT_EQ(d.Bouton("btAjouter").toolTip(), "Creer la nouvelle Categorie");
     EXPECT_EQ(NomAccessible(d.Bouton("Annuler")), "Annuler");
     EXPECT_EQ(d.Bouton("Annuler").toolTip(), "Annuler");
+    for (const char* nom : {"btAddCol", "btSupprCol", "btUp", "btDown", "btAjouter", "Annuler"})
+        EXPECT_FALSE(d.Bouton(nom).icon().isNull()) << nom;
     EXPECT_EQ(ControlesSansNom(form), QStringList());
 }
 
