@@ -270,12 +270,15 @@ public:
     static ChangementsTable PrendreChangements(ObservateurTable& observateur);
     /// Grows with every change of what a catalogue file holds of the table; the selection is nothing of it.
     uint64_t Generation() const { return m_generation; }
+    /// Expires with the table: for who keeps a pointer to it while events are let through.
+    std::weak_ptr<const void> Vie() const { return m_vie; }
 
     /// The bulk door of the reader and of the search: takes the file's bytes and one slice an entry, in that order,
     /// with keys "k1" to "kN" unless others are given; entries there were are gone. Then orders a sorted table.
     void Remplir(stockage::Source&& source, stockage::Lignes&& lignes);
     /// The bulk door of the writer and of scans: the entry's storage at position `index`.
     stockage::EntreeStockee StockageDe(int index) const;
+    const stockage::Source& TexteSource() const { return m_source; }
     stockage::Codage CodageSource() const { return m_source.codage; }
     int ColonnesSource() const { return m_source.colonnes; }
 
@@ -286,6 +289,7 @@ private:
     friend class ListItemLu;
     friend class ListItems;
     friend class AjoutsDansTable;
+    friend class TriPassager;
     stockage::EntreeStockee StockageDuRang(uint32_t rang, stockage::Place place = {}) const;
     stockage::Cellule Cellule(uint32_t rang, int cellule) const;
     void Reecrire(uint32_t rang, const stockage::Rangee& rangee);
@@ -342,6 +346,7 @@ private:
 
     mutable std::vector<ObservateurTable*> m_observateurs;
     uint64_t m_generation = 0;
+    std::shared_ptr<const void> m_vie = std::make_shared<char>();
 };
 
 /// Brackets an operation that adds entries: those added while it lives go to their places in a sorted table when the

@@ -38,10 +38,11 @@ inline uint8_t AvecIcone(uint8_t drapeaux, Icone icone)
     return static_cast<uint8_t>((drapeaux & ~(IconeBit0 | IconeBit1)) | (static_cast<uint8_t>(icone) << 1));
 }
 
-/// The bytes that slices point into: the catalogue text as it was read.
+/// The bytes that slices point into: the catalogue text as it was read. Tables with slices of one text share its bytes,
+/// which nobody writes any more.
 struct Source
 {
-    std::unique_ptr<char[]> octets;
+    std::shared_ptr<char[]> octets;
     size_t taille = 0;
     Codage codage = Codage::Cp1252;
     int colonnes = 0; ///< field number of the image in a slice, and number of its cells

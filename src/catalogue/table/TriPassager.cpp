@@ -1,0 +1,50 @@
+#include "catalogue/table/TriPassager.h"
+
+#include "catalogue/table/MyLV.h"
+
+#include <utility>
+
+namespace {
+
+/// One sort, where each setter of a sorted table would make one.
+void Trier(MyLV& table, int cle, int sens)
+{
+    table.SetSorted(false);
+    table.SetSortKey(cle);
+    table.SetSortOrder(sens);
+    table.SetSorted(true);
+}
+
+} // namespace
+
+TriPassager::TriPassager(MyLV& table, int colonne)
+    : m_table(table), m_vie(table.Vie()), m_colonne(colonne), m_ancienneCle(table.SortKey()),
+      m_ancienSens(table.SortOrder()), m_ancienOrdre(table.m_ordre)
+{
+    Trier(table, colonne, 0);
+    if (m_ancienOrdre == table.m_ordre)
+        m_ancienOrdre = {};
+    m_generation = table.Generation();
+}
+
+TriPassager::~TriPassager()
+{
+    if (m_vie.expired() || AQuelquUnDAutre())
+        return;
+    // What goes back to its place first is sorted no more: it is only looked through.
+    if (EstIntacte() && !m_ancienOrdre.empty()) {
+        m_table.m_ordre = std::move(m_ancienOrdre);
+        m_table.OrdreChange();
+    }
+    Trier(m_table, m_ancienneCle, m_ancienSens);
+}
+
+bool TriPassager::EstIntacte() const
+{
+    return !m_vie.expired() && m_table.Generation() == m_generation;
+}
+
+bool TriPassager::AQuelquUnDAutre() const
+{
+    return !m_table.Sorted() || m_table.SortKey() != m_colonne || m_table.SortOrder() != 0;
+}

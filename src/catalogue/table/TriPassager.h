@@ -1,0 +1,38 @@
+// A table sorted for a while.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+class MyLV;
+
+/// As long as it lives, the entries of a table stand in the ascending order of a column. Then the table gets its column
+/// and direction of sort back, and its entries the order that they had, as far as that is one by this column; the table
+/// is sorted from then on, whether it was before or not.
+///
+/// Events may be let through meanwhile: a table that has gone is left alone, and so is one that somebody else has
+/// sorted.
+class TriPassager
+{
+public:
+    /// `colonne` counts from 0.
+    TriPassager(MyLV& table, int colonne);
+    ~TriPassager();
+    TriPassager(const TriPassager&) = delete;
+    TriPassager& operator=(const TriPassager&) = delete;
+
+    /// The table is still there, and nothing of it changed since it was sorted.
+    bool EstIntacte() const;
+
+private:
+    bool AQuelquUnDAutre() const;
+
+    MyLV& m_table;
+    std::weak_ptr<const void> m_vie;
+    int m_colonne;
+    int m_ancienneCle;
+    int m_ancienSens;
+    std::vector<uint32_t> m_ancienOrdre; ///< empty where the entries stood in the column's order already
+    uint64_t m_generation;
+};
