@@ -10,6 +10,7 @@
 #include "catalogue/texte/EcritureQrt.h"
 #include "catalogue/texte/TypeFichier.h"
 #include "cli/Catalogue.h"
+#include "cli/CommandeCompare.h"
 #include "cli/CommandeSearch.h"
 #include "cli/Console.h"
 #include "cli/Json.h"
@@ -222,6 +223,15 @@ const QList<Commande>& LesCommandes()
           {u"json"_s, QString(), u"en JSON, sur une ligne"_s},
           motDePasse},
          ExecuterSearch},
+        {u"compare"_s,
+         u"FICHIER1 FICHIER2"_s,
+         2,
+         u"affiche les entrées qui manquent à l'une des deux catégories"_s,
+         {{u"columns"_s, u"N,M"_s,
+           u"compare la colonne N de la première et la colonne M de la seconde, 1,1 par défaut"_s},
+          {u"json"_s, QString(), u"en JSON, sur une ligne"_s},
+          motDePasse},
+         ExecuterCompare},
     };
     return commandes;
 }
