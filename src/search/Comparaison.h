@@ -12,6 +12,7 @@
 #include <QString>
 #include <QStringView>
 
+#include <algorithm>
 #include <cstdint>
 #include <vector>
 
@@ -47,8 +48,8 @@ public:
     /// through between two calls.
     Etape Avancer(int entrees);
 
-    /// How far it is: the sum of both positions, which count from 1; Total at the end.
-    int Fait() const { return m_a.position + m_b.position; }
+    /// How far it is: the sum of both positions, which count from 1, and Total at the end.
+    int Fait() const { return std::min(m_a.position + m_b.position, Total()); }
     int Total() const { return m_a.nombre + m_b.nombre + 1; }
 
     /// Once it is finished: fills the lists, which have their columns, with the entries of one table alone. All values

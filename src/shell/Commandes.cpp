@@ -12,6 +12,7 @@
 #include "extensions/dialogues/Aide.h"
 #include "extensions/dialogues/frmTip.h"
 #include "kit/FenetreDessous.h"
+#include "search/frmCompare1.h"
 #include "shell/MDIForm1.h"
 
 #include <algorithm>
@@ -108,6 +109,14 @@ void Ajuster(Lieu lieu)
 void Redimensionner(Lieu lieu)
 {
     lieu.document->ListView1().RedimensionnerColonnes();
+}
+
+// ---- two categories
+
+/// The user goes on working in the documents while the window of results is there. From the frame alone it is modal.
+void Comparer(Lieu lieu)
+{
+    frmCompare1::Montrer(lieu.cadre, lieu.cadre, lieu.document ? Qt::NonModal : Qt::ApplicationModal);
 }
 
 // ---- oddities, which are meant
@@ -208,7 +217,7 @@ constexpr RangDeCommande Rangs[] = {
     {u"dupliquer", u"&Dupliquer une colonne", "", "", Besoin::Document},
     // Says so, in no language but this one. It is meant.
     {u"fusioncategories", u"Fusionner &2 catégories", "", "", Besoin::Document, DirePasFait},
-    {u"comparer", u"&Comparer 2 catégories", "compare", "", Besoin::DeuxDocuments},
+    {u"comparer", u"&Comparer 2 catégories", "compare", "", Besoin::Rien, Comparer},
     {u"statistiques", u"S&tatistiques", "stats", "", Besoin::Document},
 
     // The view.

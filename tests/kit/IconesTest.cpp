@@ -51,7 +51,7 @@ const QStringList Noms =
     u"noico ico icoerror up down information question zelvane "
     u"addentree editentree delentree addcat editcat open save print prete rendu rechercher grille image showtexte "
     u"apropos help aide first left right last annuler ok del copy paste refresh close closeall quit saveas saveall "
-    u"import export "
+    u"import export parcourir inverser "
     u"options langue web mail stats compare voir largeur cascade mosaiqueh mosaiquev reduire restaurer"_s.split(u' ');
 
 } // namespace

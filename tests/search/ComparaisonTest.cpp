@@ -215,7 +215,7 @@ TEST_F(ComparaisonTest, GoesThroughItsStepsAndTellsHowFarItIs)
     EXPECT_EQ(comparaison.Fait(), 5);
     EXPECT_EQ(comparaison.Avancer(1), Etape::ResteDeB);
     EXPECT_EQ(comparaison.Avancer(1), Etape::ResteDeA);
-    EXPECT_EQ(comparaison.Fait(), 7);
+    EXPECT_EQ(comparaison.Fait(), 6);
     EXPECT_EQ(comparaison.Avancer(1), Etape::Finie);
 }
 

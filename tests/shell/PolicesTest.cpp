@@ -20,6 +20,8 @@
 #include "kit/frmMsg.h"
 #include "output/frmExport.h"
 #include "search/frmRecherche.h"
+#include "search/frmCompare1.h"
+#include "search/frmCompare2.h"
 #include "shell/CadreEnFenetre.h"
 #include "shell/frmSecours.h"
 #include "support/GardeModale.h"
@@ -305,6 +307,19 @@ TEST_F(Polices, TheSearch)
         QTest::mouseClick(form->findChild<QWidget*>(u"btRecherche"_s), Qt::LeftButton);
         return form;
     });
+}
+
+TEST_F(Polices, TheComparison)
+{
+    Montrer();
+    Ouvrir("discotheque.qrt");
+    RegarderForm([this] {
+        auto form = std::make_unique<frmCompare1>(*cadre);
+        form->findChild<QComboBox*>("CategoriesList_0")->setCurrentIndex(0);
+        return form;
+    });
+    const ColumnHeaders& colonnes = document.table.ColumnHeaders;
+    RegarderForm([&colonnes] { return std::make_unique<frmCompare2>(colonnes, colonnes); });
 }
 
 TEST_F(Polices, TheFrameWithADocument)
