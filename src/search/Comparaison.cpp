@@ -70,20 +70,16 @@ Comparaison::Cote::Cote(MyLV& laTable, int laColonne)
 
 void Comparaison::Cote::LireValeur()
 {
-    if (!AuBout())
-        valeur.Lire(table.StockageDe(position).Champ(colonne));
+    if (AuBout())
+        return;
+    tri.Annoncer(position);
+    valeur.Lire(table.StockageDe(position).Champ(colonne));
 }
 
 void Comparaison::Cote::Suivante()
 {
     ++position;
     LireValeur();
-}
-
-void Comparaison::Cote::Retenir()
-{
-    seules.push_back(static_cast<uint32_t>(position));
-    Suivante();
 }
 
 namespace {
@@ -97,33 +93,45 @@ uint32_t TailleDesCellules(const stockage::EntreeStockee& entree, int colonnes)
     return static_cast<uint32_t>(derniere.debut - entree.Tranche().data()) + derniere.taille;
 }
 
+/// A file without columns has a cell in each line all the same.
+int CellulesDe(const stockage::Source& source)
+{
+    return std::max(1, source.colonnes);
+}
+
 } // namespace
 
+/// At once, while its bytes are at hand.
+void Comparaison::Cote::Retenir()
+{
+    const stockage::EntreeStockee entree = table.StockageDe(position);
+    uint64_t debut = 0;
+    uint32_t longueur = 0;
+    if (entree.EstTranche()) {
+        debut = static_cast<uint64_t>(entree.Tranche().data() - table.TexteSource().octets.get());
+        longueur = TailleDesCellules(entree, CellulesDe(table.TexteSource()));
+    } else {
+        editees.push_back({position, static_cast<int>(seules.debuts.size()) + 1});
+    }
+    seules.debuts.push_back(debut);
+    seules.longueurs.push_back(longueur);
+    Suivante();
+}
+
 /// Slices of the same bytes as those of the table; entries that were edited are written again.
-void Comparaison::Cote::Remplir(MyLV& liste) const
+void Comparaison::Cote::Remplir(MyLV& liste)
 {
     stockage::Source source = table.TexteSource();
-    source.colonnes = std::max(1, source.colonnes);
-    const size_t lignesEnTout = seules.size();
-    stockage::Lignes lignes{std::vector<uint64_t>(lignesEnTout), std::vector<uint32_t>(lignesEnTout),
-                            std::vector<uint8_t>(lignesEnTout)};
-    std::vector<size_t> enBloc;
-    for (size_t i = 0; i < lignesEnTout; ++i) {
-        const stockage::EntreeStockee entree = table.StockageDe(static_cast<int>(seules[i]));
-        if (!entree.EstTranche()) {
-            enBloc.push_back(i);
-            continue;
-        }
-        lignes.debuts[i] = static_cast<uint64_t>(entree.Tranche().data() - source.octets.get());
-        lignes.longueurs[i] = TailleDesCellules(entree, source.colonnes);
-    }
+    source.colonnes = CellulesDe(source);
+    seules.debuts.shrink_to_fit();
+    seules.longueurs.shrink_to_fit();
+    seules.drapeaux.resize(seules.debuts.size());
     // A list that the user has sorted gets its order when all values are there.
     const bool triee = liste.Sorted();
     liste.SetSorted(false);
-    liste.Remplir(std::move(source), std::move(lignes));
-    for (const size_t i : enBloc)
-        liste.ListItems(static_cast<int>(i) + 1)
-            .EcrireValeurs(std::as_const(table).ListItems(static_cast<int>(seules[i])).Valeurs());
+    liste.Remplir(std::move(source), std::move(seules));
+    for (const auto& [positionDEditee, ligne] : editees)
+        liste.ListItems(ligne).EcrireValeurs(std::as_const(table).ListItems(positionDEditee).Valeurs());
     liste.SetSorted(triee);
 }
 
@@ -179,7 +187,7 @@ void Comparaison::Comparer()
     }
 }
 
-void Comparaison::Remplir(MyLV& seulesDeA, MyLV& seulesDeB) const
+void Comparaison::Remplir(MyLV& seulesDeA, MyLV& seulesDeB)
 {
     m_a.Remplir(seulesDeA);
     m_b.Remplir(seulesDeB);

@@ -52,11 +52,18 @@ public:
     int Fait() const { return std::min(m_a.position + m_b.position, Total()); }
     int Total() const { return m_a.nombre + m_b.nombre + 1; }
 
-    /// Once it is finished: fills the lists, which have their columns, with the entries of one table alone. All values
-    /// go over; keys, images and markers do not.
-    void Remplir(MyLV& seulesDeA, MyLV& seulesDeB) const;
+    /// Once it is finished, and once: fills the lists, which have their columns, with the entries of one table alone.
+    /// All values go over; keys, images and markers do not.
+    void Remplir(MyLV& seulesDeA, MyLV& seulesDeB);
 
 private:
+    /// An entry that was edited, and the row of the list that it goes to.
+    struct Editee
+    {
+        int position;
+        int ligne;
+    };
+
     /// One of the tables, as it is walked through.
     struct Cote
     {
@@ -65,15 +72,16 @@ private:
         void LireValeur();
         void Suivante();
         void Retenir();
-        void Remplir(MyLV& liste) const;
+        void Remplir(MyLV& liste);
 
         MyLV& table;
         int colonne;
         TriPassager tri;
         int nombre;
         int position = 1;
-        Capitales valeur; ///< of the entry in the position
-        std::vector<uint32_t> seules;
+        Capitales valeur;        ///< of the entry in the position
+        stockage::Lignes seules; ///< slices of the table's bytes; empty ones for entries that were edited
+        std::vector<Editee> editees;
     };
 
     void Comparer();

@@ -292,6 +292,35 @@ TEST_F(ComparaisonTest, AColumnThatTheFileLacksDoesNotShowTheImage)
     EXPECT_EQ(seulesDeA.ListItems(1).Valeurs(), QStringList({"Aja", "", ""}));
 }
 
+TEST_F(ComparaisonTest, AFileWithoutColumnsHasACellAndNoImage)
+{
+    DocumentDeTest un;
+    TexteDeCatalogue texte;
+    texte.colonnes = {};
+    texte.entrees = {"Aja"};
+    un.Charger(texte.Texte());
+    ASSERT_EQ(un.table.ColonnesSource(), 0);
+    AjouterEntrees(b, {{"x", ""}});
+    Comparer(un.table, 0, b, 0);
+    EXPECT_EQ(seulesDeA.ListItems(1).Text(), "Aja");
+    EXPECT_EQ(seulesDeA.ListItems(1).Tag(), "");
+}
+
+TEST_F(ComparaisonTest, ASortedListIsPutInOrderByTheValuesOfEditedEntriesToo)
+{
+    DocumentDeTest un;
+    TexteDeCatalogue texte;
+    texte.entrees = {"a||", "b||", "c||"};
+    un.Charger(texte.Texte());
+    un.table.ListItems(1).SetText("aa");
+    un.table.ListItems(3).SetText("cc");
+    AjouterEntrees(b, {{"x", ""}});
+    seulesDeA.SetSortOrder(1);
+    seulesDeA.SetSorted(true);
+    Comparer(un.table, 0, b, 0);
+    EXPECT_EQ(ColonneDe(seulesDeA, 1), QStringList({"cc", "b", "aa"}));
+}
+
 TEST_F(ComparaisonTest, AListThatTheUserSortedStaysSorted)
 {
     AjouterEntrees(a, {{"x", ""}});

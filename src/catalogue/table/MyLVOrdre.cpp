@@ -1,4 +1,5 @@
 // Order of the entries.
+#include "catalogue/table/Annoncer.h"
 #include "catalogue/table/Collation.h"
 #include "catalogue/table/MyLV.h"
 
@@ -66,9 +67,11 @@ void MyLV::Ordonner()
     // Files are mostly stored in their order: looking costs less than sorting.
     Collation& collation = Collation::Francaise();
     const int sens = m_sensDeTri == 0 ? 1 : -1;
+    const char* const octets = m_source.octets.get();
     stockage::Cellule precedente = Cellule(m_ordre[0], m_cleDeTri);
     size_t i = 1;
     for (; i < m_ordre.size(); ++i) {
+        stockage::Annoncer(i, m_ordre, m_refs, m_longueurs, m_drapeaux, octets);
         const stockage::Cellule cellule = Cellule(m_ordre[i], m_cleDeTri);
         if (collation.Comparer(precedente, cellule) * sens > 0)
             break;
@@ -78,8 +81,10 @@ void MyLV::Ordonner()
         return;
 
     ClesDeTri cles(m_ordre.size());
-    for (const uint32_t rang : m_ordre)
-        cles.Ajouter(Cellule(rang, m_cleDeTri));
+    for (size_t position = 0; position < m_ordre.size(); ++position) {
+        stockage::Annoncer(position, m_ordre, m_refs, m_longueurs, m_drapeaux, octets);
+        cles.Ajouter(Cellule(m_ordre[position], m_cleDeTri));
+    }
     std::vector<uint32_t> ordre = cles.Ordre(m_sensDeTri == 1);
     for (uint32_t& place : ordre)
         place = m_ordre[place];

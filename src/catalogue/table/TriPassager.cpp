@@ -1,5 +1,6 @@
 #include "catalogue/table/TriPassager.h"
 
+#include "catalogue/table/Annoncer.h"
 #include "catalogue/table/MyLV.h"
 
 #include <utility>
@@ -42,6 +43,12 @@ TriPassager::~TriPassager()
 bool TriPassager::EstIntacte() const
 {
     return !m_vie.expired() && m_table.Generation() == m_generation;
+}
+
+void TriPassager::Annoncer(int position) const
+{
+    stockage::Annoncer(static_cast<size_t>(position) - 1, m_table.m_ordre, m_table.m_refs, m_table.m_longueurs,
+                       m_table.m_drapeaux, m_table.m_source.octets.get());
 }
 
 bool TriPassager::AQuelquUnDAutre() const

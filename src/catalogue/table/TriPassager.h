@@ -25,6 +25,9 @@ public:
     /// The table is still there, and nothing of it changed since it was sorted.
     bool EstIntacte() const;
 
+    /// To be called for each position (from 1) by who walks through all entries: those that follow come sooner.
+    void Annoncer(int position) const;
+
 private:
     bool AQuelquUnDAutre() const;
 
