@@ -112,11 +112,20 @@ void ClesDeTri::Ajouter(const stockage::Cellule& cellule)
 
 namespace {
 
-/// One key while it is being sorted: eight of its bytes, and whose they are.
+/// One key while it is being sorted: eight of its bytes, and whose they are. In halves, so that it takes no more room
+/// than it needs: there are as many as entries.
 struct Element
 {
-    uint64_t tete;
+    uint32_t haut;
+    uint32_t bas;
     uint32_t numero;
+
+    uint64_t Tete() const { return static_cast<uint64_t>(haut) << 32 | bas; }
+    void Mettre(uint64_t tete)
+    {
+        haut = static_cast<uint32_t>(tete >> 32);
+        bas = static_cast<uint32_t>(tete);
+    }
 };
 
 /// Elements whose keys are equal up to `profondeur`.
@@ -133,8 +142,8 @@ struct Avant
     bool descendant;
     bool operator()(const Element& a, const Element& b) const
     {
-        if (a.tete != b.tete)
-            return descendant ? a.tete > b.tete : a.tete < b.tete;
+        if (a.Tete() != b.Tete())
+            return descendant ? a.Tete() > b.Tete() : a.Tete() < b.Tete();
         return a.numero < b.numero;
     }
 };
@@ -154,7 +163,7 @@ uint64_t ClesDeTri::Tete(uint32_t numero, uint64_t profondeur) const
     return tete;
 }
 
-std::vector<uint32_t> ClesDeTri::Ordre(bool descendant) const
+std::vector<uint32_t> ClesDeTri::Ordre(bool descendant)
 {
     // Eight bytes at a time, and deeper only among the keys that are equal so far: many entries with one value cost a
     // pass over their keys, not a comparison of whole keys for each step of the sort.
@@ -169,12 +178,12 @@ std::vector<uint32_t> ClesDeTri::Ordre(bool descendant) const
         const auto debut = elements.begin() + static_cast<std::ptrdiff_t>(groupe.debut);
         const auto fin = elements.begin() + static_cast<std::ptrdiff_t>(groupe.fin);
         for (auto it = debut; it != fin; ++it)
-            it->tete = Tete(it->numero, groupe.profondeur);
+            it->Mettre(Tete(it->numero, groupe.profondeur));
         if (!std::is_sorted(debut, fin, avant))
             std::sort(debut, fin, avant);
         for (auto it = debut; it != fin;) {
-            const uint64_t tete = it->tete;
-            const auto suite = std::find_if(it, fin, [tete](const Element& e) { return e.tete != tete; });
+            const uint64_t tete = it->Tete();
+            const auto suite = std::find_if(it, fin, [tete](const Element& e) { return e.Tete() != tete; });
             const bool fini = (tete & 0xFF) == 0;
             if (suite - it > 1 && !fini)
                 groupes.push_back({static_cast<size_t>(it - elements.begin()),
@@ -183,6 +192,8 @@ std::vector<uint32_t> ClesDeTri::Ordre(bool descendant) const
         }
     }
 
+    m_arene = {};
+    m_fins = {};
     std::vector<uint32_t> ordre(elements.size());
     std::transform(elements.begin(), elements.end(), ordre.begin(), [](const Element& e) { return e.numero; });
     return ordre;

@@ -39,8 +39,8 @@ public:
     explicit ClesDeTri(size_t nombre);
     void Ajouter(const stockage::Cellule& cellule);
     /// The numbers 0 to n - 1 of the added cells in order; equal ones stay in the order of adding, also when
-    /// descending.
-    std::vector<uint32_t> Ordre(bool descendant) const;
+    /// descending. Once: the keys are gone then.
+    std::vector<uint32_t> Ordre(bool descendant);
 
 private:
     /// Eight bytes of a key from `profondeur` on, the first one highest.
