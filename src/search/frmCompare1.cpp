@@ -147,8 +147,7 @@ void frmCompare1::RemplirListes()
         // What is typed stands as it is typed.
         Liste(liste).setCompleter(nullptr);
         Liste(liste).addItems(chemins);
-        Liste(liste).setCurrentIndex(-1);
-        Liste(liste).clearEditText();
+        Liste(liste).setCurrentIndex(-1); // its text goes with it
     }
 }
 

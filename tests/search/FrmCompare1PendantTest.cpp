@@ -4,6 +4,7 @@
 #include "search/ComparaisonEnFenetre.h"
 
 #include <QDialog>
+#include <QPointer>
 
 namespace {
 
@@ -170,6 +171,25 @@ TEST_F(FrmCompare1Pendant, ClosingTheWindowEndsIt)
         Liste(*form, 0).setCurrentIndex(0);
         Liste(*form, 1).setCurrentIndex(1);
     }
+}
+
+TEST_F(FrmCompare1Pendant, AComparisonThatEndsSoTakesTheResultsOfTheLastOneAlong)
+{
+    ComparaisonEnFenetre::Comparer(*form);
+    ASSERT_EQ(form->windowTitle(), "Resultats: 2>1: 3 - 1>2: 1");
+    ComparerEt(1, [this] { deux->Decharger(); });
+    AttendreUneFinTranquille();
+}
+
+TEST_F(FrmCompare1Pendant, AWindowThatWasClosedIsThereUntilTheComparisonHasEnded)
+{
+    const QPointer<frmCompare1> ancienne = form;
+    ComparerEt(1, [&ancienne] {
+        ancienne->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_TRUE(ancienne);
+    });
+    EXPECT_FALSE(ancienne);
 }
 
 TEST_F(FrmCompare1Pendant, AWindowClosedAndOpenedAgainIsAnother)

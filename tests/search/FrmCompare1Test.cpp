@@ -498,9 +498,11 @@ TEST_F(FrmCompare1Test, DeleteCleansTheSecondListAndNoDocument)
     EXPECT_FALSE(deux->myqrt.IlFautSauver);
 
     VueDesLignes& premiere = De<VueDesLignes>(form, "ListView1");
-    QTest::keyClick(&premiere, Qt::Key_A, Qt::ControlModifier);
+    for (VueDesLignes* vue : {&liste, &premiere})
+        QTest::keyClick(vue, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(&premiere, Qt::Key_Delete);
     EXPECT_EQ(Colonne(form, "ListView1").size(), 3) << "it has no such reaction";
+    EXPECT_EQ(Colonne(form, "ListView2").size(), 2);
 }
 
 TEST_F(FrmCompare1Test, EnterInAListComparesNothingAnew)
