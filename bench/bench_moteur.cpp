@@ -1,13 +1,14 @@
 // The engine's hot paths on one large catalogue: reading, searching, sorting, writing, keys and counts.
 //
 // ZELVANE_BENCH_FICHIER names a bare catalogue text whose entries stand in order, ZELVANE_BENCH_DESORDRE the same
-// entries shuffled, ZELVANE_BENCH_TEXTE a text that hardly an entry of the first one holds. Files written go to
-// ZELVANE_BENCH_SORTIE, by default /dev/shm.
+// entries shuffled, ZELVANE_BENCH_CHANGE those with other values in their second column, ZELVANE_BENCH_TEXTE a text
+// that hardly an entry of the first one holds. Files written go to ZELVANE_BENCH_SORTIE, by default /dev/shm.
 #include "Mesurer.h"
 
 #include "catalogue/texte/Categorie.h"
 #include "catalogue/texte/EcritureQrt.h"
 #include "catalogue/texte/LectureQrt.h"
+#include "search/Comparaison.h"
 #include "search/ResultatsDeRecherche.h"
 
 #include <QCoreApplication>
@@ -187,6 +188,90 @@ void TrouverTout(benchmark::State& etat)
     }
 }
 
+/// Two catalogues that are open.
+struct Paire
+{
+    Paire() : a(Variable("ZELVANE_BENCH_FICHIER")), b(Variable("ZELVANE_BENCH_CHANGE"))
+    {
+        ChargerFichier(a.doc);
+        ChargerFichier(b.doc);
+    }
+
+    Document a;
+    Document b;
+};
+
+/// Both tables are sorted and sorted back, and the lists are filled.
+struct Resultats
+{
+    Resultats(Paire& paire, int colonneA, int colonneB)
+    {
+        CopierColonnes(seulesDeA, paire.a.table);
+        CopierColonnes(seulesDeB, paire.b.table);
+        Comparaison comparaison(paire.a.table, colonneA, paire.b.table, colonneB);
+        while (comparaison.Avancer(1 << 14) != Comparaison::Etape::Finie) {
+        }
+        comparaison.Remplir(seulesDeA, seulesDeB);
+    }
+
+    MyLV seulesDeA;
+    MyLV seulesDeB;
+};
+
+void ComparerDeux(benchmark::State& etat)
+{
+    Paire paire;
+    for (auto _ : etat) {
+        const Resultats resultats(paire, 1, 1);
+        etat.PauseTiming();
+        if (resultats.seulesDeB.ListItems.Count() < paire.b.doc.ItemsCount() / 20)
+            etat.SkipWithError("too little was found");
+        etat.ResumeTiming();
+    }
+}
+
+/// The most that the process ever held since it was asked to forget that; 0 where the system does not tell.
+qint64 PicDuProcessus(bool oublier)
+{
+    if (QFile oubli(QStringLiteral("/proc/self/clear_refs"));
+        oublier && (!oubli.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || oubli.write("5") != 1))
+        return 0;
+    QFile statut(QStringLiteral("/proc/self/status"));
+    if (!statut.open(QIODevice::ReadOnly))
+        return 0;
+    const QByteArray texte = statut.readAll();
+    const qsizetype debut = texte.indexOf("VmHWM:");
+    return debut < 0 ? 0 : texte.mid(debut + 6, texte.indexOf("kB", debut) - debut - 6).trimmed().toLongLong() * 1024;
+}
+
+/// What the process grows by at most while it compares, with the results.
+void MesurerComparaison(benchmark::State& etat, int colonneA, int colonneB)
+{
+    for (auto _ : etat) {
+        Paire paire;
+        malloc_trim(0);
+        const qint64 avant = PicDuProcessus(true);
+        const Resultats resultats(paire, colonneA, colonneB);
+        etat.counters["octets"] = static_cast<double>(PicDuProcessus(false) - avant);
+        if (avant == 0 || resultats.seulesDeA.ListItems.Count() == 0)
+            etat.SkipWithError("the peak is not told, or nothing was found");
+    }
+}
+
+void MemoireDeComparaison(benchmark::State& etat)
+{
+    MesurerComparaison(etat, 1, 1);
+}
+
+/// A title is no year.
+void MemoireSansRienDEgal(benchmark::State& etat)
+{
+    MesurerComparaison(etat, 0, 2);
+}
+
+BENCHMARK(MemoireDeComparaison)->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(MemoireSansRienDEgal)->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(ComparerDeux)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(MemoireTableChargee)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(ChargerFichierTrie)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(ChargerFichierDesordre)->Unit(benchmark::kMillisecond)->UseRealTime();
@@ -203,5 +288,6 @@ BENCHMARK(SelItemsCount)->Unit(benchmark::kMillisecond)->UseRealTime();
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    return MesurerTout(argc, argv, {"ZELVANE_BENCH_FICHIER", "ZELVANE_BENCH_DESORDRE", "ZELVANE_BENCH_TEXTE"});
+    return MesurerTout(
+        argc, argv, {"ZELVANE_BENCH_FICHIER", "ZELVANE_BENCH_DESORDRE", "ZELVANE_BENCH_CHANGE", "ZELVANE_BENCH_TEXTE"});
 }

@@ -50,6 +50,8 @@ class Inputs:
         self.rare_text = "ombre vive"  # the title of one entry in two thousand
         self.column_sorted_by = self._write_column(self.shuffled, 0)
         self.other_column = self._write_column(self.sorted, 1)
+        self.changed = self._make_changed(f"change-{entries}.qrt")
+        self.changed_column = self._write_column(self.changed, 1)
         self.many_columns = self._make_columns("colonnes-20000.qrt", columns=20_000, entries=10)
         self.images = images
         self.text_with_images = folder / "images.txt"
@@ -60,6 +62,18 @@ class Inputs:
         path = self.folder / name
         generator = ROOT / "examples" / "faire_exemples.py"
         subprocess.run(["/usr/bin/python3", "-B", generator, "--entrees", str(entries), path, *options], check=True)
+        return path
+
+    def _make_changed(self, name):
+        """The entries out of order, every tenth of them with another artist."""
+        path = self.folder / name
+        head, mark, rest = self.shuffled.read_bytes().partition(b"[ListItems]\r\n")
+        count, *entries = rest.splitlines(keepends=True)
+        for rank in range(5, len(entries), 10):
+            values = entries[rank].split(b"|")
+            values[1] += b" bis"
+            entries[rank] = b"|".join(values)
+        path.write_bytes(head + mark + count + b"".join(entries))
         return path
 
     def _make_columns(self, name, columns, entries):
@@ -91,7 +105,7 @@ class Inputs:
 
     def _write_column(self, catalogue, column):
         """One column of a catalogue, a value a line in UTF-8, for GNU sort."""
-        path = self.folder / f"colonne-{column + 1}.txt"
+        path = self.folder / f"{catalogue.stem}-colonne-{column + 1}.txt"
         entries = catalogue.read_bytes().partition(b"[ListItems]\r\n")[2].splitlines()[1:]
         values = (line.partition(b"=")[2].split(b"|")[column] for line in entries)
         path.write_text(b"\n".join(values).decode("cp1252", "replace") + "\n", encoding="utf-8")
@@ -109,7 +123,7 @@ class Parts:
             command.append("--benchmark_min_time=0.01")
         environment = {**os.environ, "ZELVANE_BENCH_FICHIER": str(inputs.sorted),
                        "ZELVANE_BENCH_DESORDRE": str(inputs.shuffled), "ZELVANE_BENCH_ARCHIVE": str(inputs.archive),
-                       "ZELVANE_BENCH_TEXTE": inputs.rare_text}
+                       "ZELVANE_BENCH_TEXTE": inputs.rare_text, "ZELVANE_BENCH_CHANGE": str(inputs.changed)}
         subprocess.run([str(part) for part in command], check=True, env=environment, stdin=subprocess.DEVNULL,
                        stdout=subprocess.DEVNULL)
         runs = json.loads(out.read_text())["benchmarks"]
@@ -206,6 +220,15 @@ def measure_columns(table, inputs, columns, cli, times):
                quickest([cli, "list", "--json", inputs.many_columns], times), 0.5)
 
 
+def measure_comm(inputs, times):
+    """Seconds of comm on the columns of two catalogues, sorted."""
+    ordered = []
+    for column in (inputs.other_column, inputs.changed_column):
+        ordered.append(inputs.folder / f"{column.stem}-triee.txt")
+        subprocess.run(["sort", "-o", ordered[-1], column], check=True, env=FRENCH)
+    return quickest(["comm", *ordered], times, env=FRENCH)
+
+
 def measure(inputs, engine, window, entries, cli, times):
     """All rows of the table."""
     table = Table()
@@ -224,6 +247,7 @@ def measure(inputs, engine, window, entries, cli, times):
                     env={**os.environ, "LC_ALL": "C"})
     sort_same = quickest(["sort", inputs.column_sorted_by], times, env=FRENCH)
     sort_other = quickest(["sort", inputs.other_column], times, env=FRENCH)
+    compare = measure_comm(inputs, times) + sort_other + quickest(["sort", inputs.changed_column], times, env=FRENCH)
     try:
         cp = quickest(["cp", inputs.sorted, copy], times, before=remove(copy))
     finally:
@@ -249,6 +273,13 @@ def measure(inputs, engine, window, entries, cli, times):
     table.ratio("a text of every entry, to the picture of the results", entries.seconds("ImageDesResultats"), "iconv",
                 iconv, 6)
     table.ratio("`zelvane-cli search`", search, "grep -aic", grep, 3, beyond=(" + 30 ms", 0.030))
+    table.ratio("comparison of two catalogues by another column", engine.seconds("ComparerDeux"),
+                "GNU sort of both columns, and comm", compare, 1)
+    table.ratio("memory of that comparison, at its peak", engine.counter("MemoireDeComparaison", "octets") / 1e6,
+                "one file", inputs.size / 1e6, 1, show="{:.1f} MB")
+    table.ratio("memory of a comparison without an equal value, at its peak",
+                engine.counter("MemoireSansRienDEgal", "octets") / 1e6, "one file", inputs.size / 1e6, 1,
+                show="{:.1f} MB")
     table.ratio("sort by another column", engine.seconds("TriAutreColonne"), "GNU sort of that column", sort_other, 0.7)
     table.ratio("text writer", engine.seconds("EcrireFichier14"), "cp to memory", cp, 2,
                 beyond=(" + 0.1 s", 0.1))
