@@ -124,7 +124,7 @@ void frmCompare1::Brancher()
             deleteLater();
     });
 
-    m_ui->ListView2->horizontalHeader()->setSectionsClickable(true);
+    m_ui->ListView1->horizontalHeader()->setSectionsClickable(false); // no sort comes of it
     connect(m_ui->ListView2, &VueDesLignes::EnteteCliquee, this, &frmCompare1::Trier);
     m_ui->ListView1->installEventFilter(this);
     m_ui->ListView2->installEventFilter(this);
@@ -263,7 +263,6 @@ void frmCompare1::ComparerLesChoisies()
     const MyLV& a = choisies[0].fenetre->myqrt.Table;
     const MyLV& b = choisies[1].fenetre->myqrt.Table;
     m_ui->progress->setMaximum(a.ListItems.Count() + b.ListItems.Count() + 1);
-    m_ui->progress->setValue(0);
     if (const Message refus = RefusDeComparer(a, b); !refus.texte.isEmpty()) {
         Dire(refus);
         return;

@@ -328,6 +328,19 @@ TEST_F(FrmCompare1Test, FilesThatAreNotOpenAreOpenedAndStaySo)
     EXPECT_EQ(cadre->Documents().size(), 2);
 }
 
+TEST_F(FrmCompare1Test, ItComesToTheFrontOnceTheFilesAreOpen)
+{
+    OuvrirDeux();
+    frmCompare1& form = Comparateur();
+    Liste(form, 0).setCurrentIndex(0);
+    Saisir(form, 1, Ecrire("trois.qrt", {}));
+    cadre->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(cadre.get()));
+    Cliquer(form, "btComparer");
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&form)) << "also where there is nothing to compare";
+    EXPECT_EQ(Messages().size(), 1);
+}
+
 TEST_F(FrmCompare1Test, AFileWhoseNameIsNoUtf8IsCompared)
 {
     OuvrirDeux();
@@ -474,9 +487,11 @@ TEST_F(FrmCompare1Test, TitlesSortTheSecondListAlone)
 
     const QStringList avant = Colonne(form, "ListView1");
     ASSERT_EQ(avant.size(), 3);
+    const QSignalSpy clics(&De<VueDesLignes>(form, "ListView1"), &VueDesLignes::EnteteCliquee);
     cliquer("ListView1", 1);
     cliquer("ListView1", 2);
     EXPECT_EQ(Colonne(form, "ListView1"), avant);
+    EXPECT_EQ(clics.count(), 0) << "its titles are none to press";
     EXPECT_EQ(deux->myqrt.Table.SortKey(), 0);
 }
 
