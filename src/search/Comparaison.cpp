@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -123,6 +124,8 @@ void Comparaison::Cote::Remplir(MyLV& liste)
 {
     stockage::Source source = table.TexteSource();
     source.colonnes = CellulesDe(source);
+    if (!source.octets)
+        source.octets = std::make_unique<char[]>(1); // no entry was read from a file: empty slices lie somewhere too
     seules.debuts.shrink_to_fit();
     seules.longueurs.shrink_to_fit();
     seules.drapeaux.resize(seules.debuts.size());
