@@ -87,7 +87,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* octets, size_t taille)
 
     const CompteurDeMessages compteur;
     Categorie doc;
-    MyLV& table = doc.Table;
     doc.TmpFolder = atelier.dossier.path() + u'/';
     ChargerFichier(doc);
     if (compteur.messages > 0) {

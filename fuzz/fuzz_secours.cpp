@@ -111,7 +111,6 @@ bool PeutVivre(qint64 processus)
 std::optional<QByteArray> Relire(const QByteArray& texte)
 {
     Categorie doc;
-    MyLV& table = doc.Table;
     return ChargerTexteExact(doc, texte) ? std::optional(TexteDe(doc, stockage::Codage::Utf8)) : std::nullopt;
 }
 

@@ -125,7 +125,8 @@ void frmCompare1::Brancher()
     });
 
     m_ui->ListView1->horizontalHeader()->setSectionsClickable(false); // no sort comes of it
-    connect(m_ui->ListView2, &VueDesLignes::EnteteCliquee, this, &frmCompare1::Trier);
+    connect(m_ui->ListView2, &VueDesLignes::EnteteCliquee, this,
+            [this](int colonne) { TrierParColonne(m_seulesDeB, colonne); });
     m_ui->ListView1->installEventFilter(this);
     m_ui->ListView2->installEventFilter(this);
 }
@@ -184,17 +185,6 @@ void frmCompare1::Imprimer()
     }
     // The folder stands for none: rows have no pictures.
     ImprimerListe(m_seulesDeB, u"c:\\"_s, u"entrées non présentes dans "_s + Liste(0).currentText());
-}
-
-void frmCompare1::Trier(int colonne)
-{
-    const int cle = colonne - 1;
-    const int sens = m_seulesDeB.SortKey() == cle ? 1 - m_seulesDeB.SortOrder() : 0;
-    m_seulesDeB.SetSorted(false); // one sort, not one for each of the two
-    m_seulesDeB.SetSortKey(cle);
-    m_seulesDeB.SetSortOrder(sens);
-    m_seulesDeB.SetSorted(true);
-    MarquerTri();
 }
 
 void frmCompare1::MarquerTri()

@@ -52,7 +52,6 @@ private:
     void Inverser();
     void Imprimer();
     void SupprimerChoisies();
-    void Trier(int colonne);
     void MarquerTri();
 
     void Comparer();

@@ -63,7 +63,6 @@ protected:
     void LaisserIdentite()
     {
         Categorie doc;
-        MyLV& table = doc.Table;
         doc.TmpFolder = Temp("cat7/");
         doc.SetCheminReel(u"/home/moi/disques.qrt"_s);
         EXPECT_TRUE(EcrireIdentite(doc, u"disques.qrt"_s));
@@ -133,7 +132,6 @@ TEST_F(Laisses, ACategoryWhoseFileDoesNotStandIsTold)
     LaisserDossier();
     const auto enregistree = [this](const QString& chemin, const QString& type) {
         Categorie doc;
-        MyLV& table = doc.Table;
         doc.TmpFolder = Temp("cat7/");
         doc.SetCheminReel(chemin);
         doc.FileType = type;
@@ -391,7 +389,6 @@ TEST_F(Laisses, TheMarkIsPutBehindANameOnce)
 {
     LaisserDossier();
     Categorie doc;
-    MyLV& table = doc.Table;
     doc.TmpFolder = Temp("cat7/");
     EcrireIdentite(doc, u"disques.qrt (récupéré)"_s);
     ASSERT_TRUE(Ouvrir());
