@@ -17,6 +17,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QScopedValueRollback>
 
 #include <algorithm>
@@ -79,6 +80,10 @@ frmCompare1::frmCompare1(Cadre& cadre, QWidget* parent)
     m_ui->btComparer->setIcon(Icone(u"ok"_s));
     m_ui->Annuler->setIcon(Icone(u"annuler"_s));
     m_ui->imprimer->setIcon(Icone(u"print"_s));
+    QSizePolicy place = m_ui->progress->sizePolicy();
+    place.setRetainSizeWhenHidden(true);
+    m_ui->progress->setSizePolicy(place);
+    m_ui->progress->hide();
     m_ui->ListView1->Afficher(m_seulesDeA);
     m_ui->ListView2->Afficher(m_seulesDeB);
     LangForm(*this);
@@ -113,6 +118,8 @@ void frmCompare1::Brancher()
     const auto brancher = [this](const QPushButton* bouton, auto action) {
         connect(bouton, &QPushButton::clicked, this, [this, action] { (this->*action)(); });
     };
+    // Empty it would look like a field to type in.
+    connect(m_ui->progress, &QProgressBar::valueChanged, this, [this](int fait) { m_ui->progress->setVisible(fait > 0); });
     connect(m_ui->parcourir_0, &QPushButton::clicked, this, [this] { ChercherFichier(0); });
     connect(m_ui->parcourir_1, &QPushButton::clicked, this, [this] { ChercherFichier(1); });
     brancher(m_ui->btInverser, &frmCompare1::Inverser);

@@ -112,6 +112,14 @@ TEST_F(FrmCompare1Pendant, TheTablesAreSortedOnTheScreenMeanwhile)
     }
 }
 
+TEST_F(FrmCompare1Pendant, ProgressIsSeenMeanwhile)
+{
+    bool vue = false;
+    ComparerEt(1, [&] { vue = De<QProgressBar>(*form, "progress").isVisible(); });
+    EXPECT_TRUE(vue);
+    EXPECT_FALSE(De<QProgressBar>(*form, "progress").isVisible());
+}
+
 TEST_F(FrmCompare1Pendant, ADocumentThatIsClosedEndsIt)
 {
     for (const int point : Points) {

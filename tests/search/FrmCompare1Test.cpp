@@ -274,6 +274,7 @@ TEST_F(FrmCompare1Test, BothListsShowWhatIsMissing)
     const QProgressBar& progress = De<QProgressBar>(form, "progress");
     EXPECT_EQ(progress.maximum(), 8);
     EXPECT_EQ(progress.value(), 0);
+    EXPECT_TRUE(progress.isHidden()) << "empty it would look like a field";
 }
 
 TEST_F(FrmCompare1Test, TheListsHaveTheColumnsOfTheirDocuments)
