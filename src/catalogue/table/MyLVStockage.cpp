@@ -57,6 +57,11 @@ QString Cellule::Texte() const
     return codage == Codage::Utf8 ? PageDeCode::DeUtf8(octets()) : PageDeCode::VersTexte(octets());
 }
 
+bool Cellule::EstAscii() const
+{
+    return std::none_of(debut, debut + taille, [](char c) { return c & 0x80; });
+}
+
 void Cellule::AjouterEnUtf8(QByteArray& sortie) const
 {
     if (!existe)

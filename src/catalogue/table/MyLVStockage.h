@@ -67,6 +67,8 @@ struct Cellule
 
     QByteArrayView octets() const { return QByteArrayView(debut, static_cast<qsizetype>(taille)); }
     QString Texte() const;
+    /// Whether its bytes are the same in every encoding.
+    bool EstAscii() const;
     /// Appends what Texte().toUtf8() would give, without the text in between.
     void AjouterEnUtf8(QByteArray& sortie) const;
 };

@@ -6,41 +6,17 @@
 #include "platform/PageDeCode.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cstring>
 #include <limits>
 #include <utility>
-#include <vector>
 
 using stockage::Cellule;
 using stockage::Codage;
 
-/// Collects the text in one buffer, in the encoding asked for, and counts what the code page lacks.
-class PlumeQrt
+/// Writes in the encoding asked for, and counts what the code page lacks.
+class PlumeQrt : public PlumeOctets
 {
 public:
-    PlumeQrt(Puits& puits, Codage codage) : m_puits(puits), m_codage(codage), m_tampon(TailleTampon) {}
-
-    /// Bytes that are the same in both encodings, or already in the plume's own.
-    void Octets(const char* octets, size_t taille)
-    {
-        if (taille > m_tampon.size() - m_place) {
-            Vider();
-            if (taille > m_tampon.size()) {
-                m_bon = m_bon && m_puits.Recevoir(octets, taille);
-                return;
-            }
-        }
-        std::memcpy(m_tampon.data() + m_place, octets, taille);
-        m_place += taille;
-    }
-    void Ascii(const char* texte) { Octets(texte, std::strlen(texte)); }
-    void Nombre(int64_t nombre)
-    {
-        char chiffres[24];
-        Octets(chiffres, static_cast<size_t>(std::to_chars(chiffres, std::end(chiffres), nombre).ptr - chiffres));
-    }
-    void FinDeLigne() { Octets("\r\n", 2); }
+    PlumeQrt(Puits& puits, Codage codage) : PlumeOctets(puits), m_codage(codage) {}
 
     void Texte(const QString& texte)
     {
@@ -53,47 +29,25 @@ public:
     {
         if (cellule.taille == 0)
             return;
-        if (cellule.codage == m_codage || EstAscii(cellule))
+        if (cellule.codage == m_codage || cellule.EstAscii())
             Octets(cellule.debut, cellule.taille);
         else
             Texte(cellule.Texte());
     }
 
     Codage codage() const { return m_codage; }
-    bool Bon() const { return m_bon; }
 
-    std::optional<qint64> Finir()
-    {
-        Vider();
-        return m_bon ? std::optional<qint64>(m_manques) : std::nullopt;
-    }
+    std::optional<qint64> Finir() { return Vider() ? std::optional<qint64>(m_manques) : std::nullopt; }
 
 private:
-    static constexpr size_t TailleTampon = size_t(1) << 18;
-
-    static bool EstAscii(const Cellule& cellule)
-    {
-        return std::none_of(cellule.debut, cellule.debut + cellule.taille, [](char c) { return c & 0x80; });
-    }
-
     void CompterManques(const QString& texte)
     {
         for (const QChar c : texte)
             m_manques += !c.isLowSurrogate() && PageDeCode::OctetDe(c.unicode()) < 0;
     }
 
-    void Vider()
-    {
-        m_bon = m_bon && m_puits.Recevoir(m_tampon.data(), m_place);
-        m_place = 0;
-    }
-
-    Puits& m_puits;
     Codage m_codage;
-    std::vector<char> m_tampon;
-    size_t m_place = 0;
     qint64 m_manques = 0;
-    bool m_bon = true;
 };
 
 namespace {

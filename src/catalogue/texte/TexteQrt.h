@@ -1,6 +1,7 @@
 // Writing the catalogue's text.
 #pragma once
 
+#include "catalogue/texte/PlumeOctets.h"
 #include "catalogue/texte/QrtClass.h"
 
 #include <QByteArrayView>
@@ -11,14 +12,6 @@
 
 /// Whose entries are written. A selection is numbered from 1 and has no image field.
 enum class EntreesEcrites { Toutes, Selection };
-
-/// Takes the text piece by piece; false when the device refuses.
-class Puits
-{
-public:
-    virtual ~Puits() = default;
-    virtual bool Recevoir(const char* octets, size_t taille) = 0;
-};
 
 class PlumeQrt;
 
