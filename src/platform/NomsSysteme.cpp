@@ -106,6 +106,15 @@ bool AOctetsBruts(const QString& chemin)
     return false;
 }
 
+QString NomLisible(QString chemin)
+{
+    for (qsizetype i = 0; i < chemin.size(); ++i) {
+        if (EstBrut(chemin, i))
+            chemin[i] = QChar(PageDeCode::TableVersUnicode()[chemin[i].unicode() & 0xFFU]);
+    }
+    return chemin;
+}
+
 QString RetrouverChemin(const QString& chemin)
 {
     if (!chemin.contains(QChar::ReplacementCharacter) || PeutExister(chemin))

@@ -21,6 +21,9 @@ QByteArray OctetsDuChemin(const QString& chemin);
 QString CheminDesOctets(QByteArrayView octets);
 /// Whether a path has bytes that are not UTF-8.
 bool AOctetsBruts(const QString& chemin);
+/// The path as a text that can be written anywhere: such a byte is the character that Windows-1252 has for it, in which
+/// most of those names were written. It names the file no longer.
+QString NomLisible(QString chemin);
 
 /// The file that is meant by a path that somebody decoded with U+FFFD in the place of such bytes: the one whose name
 /// looks so, as long as there is one only. The path itself where it names something or nothing is found.

@@ -82,6 +82,12 @@ TEST_F(NomsSysteme, KnowBytesThatAreNoUtf8)
     EXPECT_FALSE(AOctetsBruts(QString()));
 }
 
+TEST_F(NomsSysteme, AreWrittenAsTextsInTheCodePage)
+{
+    EXPECT_EQ(NomLisible(CheminDesOctets("\xE9t\xE9\x80")), "été€");
+    EXPECT_EQ(NomLisible("été 🎵"), "été 🎵");
+}
+
 TEST_F(NomsSysteme, AreMadeWholeFromTheCurrentFolder)
 {
     const QString ici = QDir::currentPath();

@@ -1,10 +1,10 @@
 // Where a user finds help: the pages that come with the program, the project's home page, the makers' address.
 #pragma once
 
+#include "base/PageDAccueil.h"
+
 #include <QString>
 
-/// The project's home page. Who distributes the program puts an own one here.
-inline const QString PageDAccueil = QStringLiteral("https://zelvane.example/");
 /// Where the makers read mail.
 inline const QString AdresseDuFabricant = QStringLiteral("morvenal@zelvane.example");
 
