@@ -11,7 +11,9 @@
 #include "catalogue/texte/TypeFichier.h"
 #include "cli/Catalogue.h"
 #include "cli/CommandeCompare.h"
+#include "cli/CommandeExport.h"
 #include "cli/CommandeSearch.h"
+#include "cli/CommandeStats.h"
 #include "cli/Console.h"
 #include "cli/Json.h"
 #include "cli/Lister.h"
@@ -232,6 +234,23 @@ const QList<Commande>& LesCommandes()
           {u"json"_s, QString(), u"en JSON, sur une ligne"_s},
           motDePasse},
          ExecuterCompare},
+        {u"export"_s,
+         u"FICHIER SORTIE"_s,
+         2,
+         u"écrit une page, un texte encadré ou un tableau ; une sortie qui existe est remplacée"_s,
+         {{u"as"_s, GenresExport().join(u'|'),
+           u"page avec images ou sans, texte encadré, points-virgules, tabulations"_s, GenresExport()},
+          {u"columns"_s, u"LISTE"_s, u"coche ces colonnes seulement : 1,3,5-8"_s},
+          {u"select"_s, u"LISTE"_s, u"exporte ces entrées seulement : 1,3,5-8"_s},
+          {u"number"_s, QString(), u"numérote les entrées"_s},
+          motDePasse},
+         ExecuterExport},
+        {u"stats"_s,
+         u"FICHIER"_s,
+         1,
+         u"affiche ce qui est prêté, à qui et depuis quand"_s,
+         {motDePasse},
+         ExecuterStats},
     };
     return commandes;
 }

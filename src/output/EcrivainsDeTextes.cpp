@@ -51,7 +51,7 @@ private:
     std::vector<int> m_mesurees;
     std::vector<int> m_ecrites;
     std::array<qsizetype, Place> m_largeurMax{};
-    std::array<qsizetype, Place> m_remplissage{}; ///< number of blanks; 0 for none behind any value
+    std::array<qsizetype, Place> m_remplissage{}; ///< how many blanks a value takes its own from
 };
 
 void TexteEncadre::Mesurer(const EntreeStockee& entree)
@@ -101,8 +101,7 @@ void TexteEncadre::EcrireEntree(PlumeExport& plume, int numero, const EntreeStoc
         if (valeur.taille == 0)
             continue;
         plume.Champ(valeur);
-        if (const qsizetype blancs = m_remplissage[static_cast<size_t>(colonne - 1)]; blancs > 0)
-            plume.Blancs(blancs - Longueur(valeur) + 1);
+        plume.Blancs(m_remplissage[static_cast<size_t>(colonne - 1)] - Longueur(valeur) + 1);
     }
     plume.FinDeLigne();
 }

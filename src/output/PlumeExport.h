@@ -24,6 +24,7 @@ public:
     void Texte(const QString& texte) { Tous(EnOctets(texte)); }
     void Champ(const stockage::Cellule& cellule) { Tous(EnOctets(cellule)); }
     void Tous(QByteArrayView octets) { Octets(octets.data(), static_cast<size_t>(octets.size())); }
+    /// A negative number is none.
     void Blancs(qsizetype nombre);
 
     /// The bytes in the file's set; they stay until the next call.

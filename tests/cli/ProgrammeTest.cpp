@@ -1,9 +1,10 @@
 // zelvane-cli as its users run it.
+#include "CommandeDeTest.h"
+
 #include "catalogue/archive/PlaceDuFichier.h"
 #include "catalogue/texte/TypeFichier.h"
 #include "platform/NomsSysteme.h"
 #include "support/ArchiveDeTest.h"
-#include "support/TableDeTest.h"
 
 #include <QDir>
 #include <QFile>
@@ -33,40 +34,9 @@ char EtatDuProcessus(pid_t pid)
     return texte.at(texte.lastIndexOf(')') + 2);
 }
 
-struct Resultat
-{
-    int statut;
-    QByteArray sortie;
-    QByteArray erreurs;
-};
-
-class ZelvaneCli : public testing::Test
+class ZelvaneCli : public CommandeDeTest
 {
 protected:
-    ZelvaneCli()
-    {
-        environnement = QProcessEnvironment::systemEnvironment();
-        environnement.insert("ZELVANE_DOSSIER", dossier.Fichier("programme"));
-        environnement.insert("XDG_CONFIG_HOME", dossier.Fichier("config"));
-        environnement.insert("XDG_DATA_HOME", dossier.Fichier("donnees"));
-        environnement.remove("ZELVANE_MOT_DE_PASSE");
-    }
-    ~ZelvaneCli() override
-    {
-        EXPECT_TRUE(QDir(dossier.Fichier("programme/temp")).isEmpty()) << "a temporary folder was left behind";
-    }
-
-    Resultat Lancer(const QStringList& arguments) const
-    {
-        QProcess processus;
-        processus.setProcessEnvironment(environnement);
-        processus.setStandardInputFile(QProcess::nullDevice());
-        processus.start(ZELVANE_CLI, arguments);
-        EXPECT_TRUE(processus.waitForFinished(60000));
-        EXPECT_EQ(processus.exitStatus(), QProcess::NormalExit);
-        return {processus.exitCode(), processus.readAllStandardOutput(), processus.readAllStandardError()};
-    }
-
     /// The folders of documents of runs that are at work, or were.
     QStringList Documents() const
     {
@@ -107,30 +77,7 @@ protected:
         }
         return false;
     }
-
-    TexteDeCatalogue Catalogue() const
-    {
-        TexteDeCatalogue texte;
-        texte.version = "1.4";
-        texte.cleDeTri = "1";
-        texte.colonnes = {"Titre|4200,5|", "Artiste|3300|rock|jazz", "Prêté|600|"};
-        texte.entrees = {"Ça|Abba||perdue.gif", "Kind of \"Blue\"|Miles Davis|Éric - 01/02/2026|"};
-        return texte;
-    }
-
-    QString Bare() const { return dossier.Ecrire("bare.qrt", Catalogue().Texte()); }
-
-    DossierDeTest dossier;
-    QProcessEnvironment environnement;
 };
-
-void AttendreUneErreurDUsage(const Resultat& resultat)
-{
-    EXPECT_EQ(resultat.statut, 2);
-    EXPECT_EQ(resultat.sortie, "");
-    EXPECT_EQ(resultat.erreurs.count('\n'), 1) << resultat.erreurs.toStdString();
-    EXPECT_TRUE(resultat.erreurs.contains("--help"));
-}
 
 } // namespace
 
@@ -140,6 +87,7 @@ TEST_F(ZelvaneCli, HelpAndVersionGoToStandardOutput)
     const Resultat aide = Lancer({"--help"});
     EXPECT_EQ(aide.statut, 0);
     for (const char* commande : {"type", "list", "convert", "search", "compare"}) {
+    for (const char* commande : {"type", "list", "convert", "search", "export", "stats"}) {
         EXPECT_TRUE(aide.sortie.contains(commande));
         const Resultat aideDeCommande = Lancer({commande, "--help"});
         EXPECT_EQ(aideDeCommande.statut, 0);
@@ -179,6 +127,8 @@ TEST_F(ZelvaneCli, AFileThatDoesNotExistIsToldByEveryCommand)
                                          {"search", absent, "x"},
                                          {"compare", absent, Bare()},
                                          {"compare", Bare(), absent}}) {
+                                         {"export", absent, dossier.Fichier("x.qrt"), "--as", "csv"},
+                                         {"stats", absent}}) {
         const Resultat resultat = Lancer(arguments);
         EXPECT_EQ(resultat.statut, 1);
         EXPECT_EQ(resultat.sortie, "");

@@ -108,6 +108,24 @@ TEST_F(TexteEncadreTest, OfThirteenColumnsElevenAreMeasuredAndWritten)
         << "the one in the last place has blanks";
 }
 
+TEST_F(TexteEncadreTest, AnEmptyEleventhColumnLeavesTheTenthWithoutBlanks)
+{
+    Colonnes(Numerotes("T", 11));
+    QStringList valeurs = Numerotes("", 11);
+    valeurs[10].clear();
+    AjouterEntrees(d.table, {valeurs});
+    EXPECT_EQ(Exporter(GenreExport::TexteEncadre), Cadre("1", Lignes({"- 1  2  3  4  5  6  7  8  9  10"})));
+}
+
+TEST_F(TexteEncadreTest, AnEmptyTenthColumnBeforeTheEleventhLeavesTheNinthItsBlanks)
+{
+    Colonnes(Numerotes("T", 12));
+    QStringList valeurs = Numerotes("", 12);
+    valeurs[9].clear();
+    AjouterEntrees(d.table, {valeurs});
+    EXPECT_EQ(Exporter(GenreExport::TexteEncadre), Cadre("1", Lignes({"- 1  2  3  4  5  6  7  8  9  11  "})));
+}
+
 TEST_F(TexteEncadreTest, NumbersStandInAColumnAsWideAsThatOfTheCount)
 {
     Colonnes({"A"});
