@@ -10,6 +10,7 @@
 #include "catalogue/texte/LectureQrt.h"
 #include "entries/ModeleASupprimer.h"
 #include "entries/OperationsEntrees.h"
+#include "platform/Plateforme.h"
 #include "search/frmRecherche.h"
 #include "vue/VueDesLignes.h"
 
@@ -163,6 +164,10 @@ BENCHMARK(ImageDesResultats)->Unit(benchmark::kMillisecond)->UseRealTime();
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QTemporaryDir reglages; // windows look up and note their places: not in the user's settings
+    qputenv("XDG_CONFIG_HOME", reglages.path().toUtf8());
+    qputenv("ZELVANE_DOSSIER", reglages.path().toUtf8());
     const QApplication application(argc, argv);
+    const PlateformeReelle plateformeReelle;
     return MesurerTout(argc, argv, {"ZELVANE_BENCH_FICHIER"});
 }
