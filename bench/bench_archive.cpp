@@ -1,4 +1,5 @@
-// A catalogue with many images, from the archive to the table and back: what opening and saving cost.
+// A catalogue with many images, from the archive to the table and back, and to a page: what opening, saving and
+// exporting cost.
 //
 // ZELVANE_BENCH_ARCHIVE names the archive. It is copied to a folder of its own below ZELVANE_BENCH_SORTIE, by default
 // the archive's folder, and the document's folder lies there too.
@@ -9,6 +10,7 @@
 #include "catalogue/texte/EcritureQrt.h"
 #include "catalogue/texte/ExtraireArchive.h"
 #include "catalogue/texte/LectureQrt.h"
+#include "output/EcrireExport.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -89,8 +91,36 @@ void EnregistrerArchive(benchmark::State& etat)
     }
 }
 
+/// A page with all its images, in a folder of its own.
+void ExporterImages(benchmark::State& etat)
+{
+    Document document;
+    if (!document.Ouvrir(CheminArchive())) {
+        etat.SkipWithError("nothing was read");
+        return;
+    }
+    SansAvancement avancement;
+    ChoixExport choix;
+    choix.colonnes.assign(static_cast<size_t>(document.doc.ColCount()), true);
+    for (auto _ : etat) {
+        etat.PauseTiming();
+        auto dossier = std::make_unique<QTemporaryDir>(Modele());
+        sync();
+        etat.ResumeTiming();
+        const QString chemin = dossier->filePath(QStringLiteral("page.htm"));
+        QFile fichier;
+        if (!CreerExport(fichier, chemin) ||
+            !EcrireExport(document.doc, GenreExport::PageAvecImages, choix, fichier, chemin, avancement).EstEntiere())
+            etat.SkipWithError("not written");
+        etat.PauseTiming();
+        dossier.reset();
+        etat.ResumeTiming();
+    }
+}
+
 BENCHMARK(OuvrirArchive)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(EnregistrerArchive)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(ExporterImages)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 } // namespace
 

@@ -1,22 +1,28 @@
-// The engine's hot paths on one large catalogue: reading, searching, sorting, writing, keys and counts.
+// The engine's hot paths on one large catalogue: reading, searching, sorting, writing, exporting, keys and counts.
 //
 // ZELVANE_BENCH_FICHIER names a bare catalogue text whose entries stand in order, ZELVANE_BENCH_DESORDRE the same
 // entries shuffled, ZELVANE_BENCH_CHANGE those with other values in their second column, ZELVANE_BENCH_TEXTE a text
 // that hardly an entry of the first one holds. Files written go to ZELVANE_BENCH_SORTIE, by default /dev/shm.
+// entries shuffled, ZELVANE_BENCH_PRETE the same with all of them lent, ZELVANE_BENCH_TEXTE a text that hardly an entry
+// of the first one holds. Files written go to ZELVANE_BENCH_SORTIE, by default /dev/shm.
 #include "Mesurer.h"
 
 #include "catalogue/texte/Categorie.h"
 #include "catalogue/texte/EcritureQrt.h"
 #include "catalogue/texte/LectureQrt.h"
 #include "search/Comparaison.h"
+#include "output/EcrireExport.h"
+#include "output/Statistiques.h"
 #include "search/ResultatsDeRecherche.h"
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QIODevice>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <malloc.h>
 
@@ -272,6 +278,59 @@ void MemoireSansRienDEgal(benchmark::State& etat)
 BENCHMARK(MemoireDeComparaison)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(MemoireSansRienDEgal)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(ComparerDeux)->Unit(benchmark::kMillisecond)->UseRealTime();
+/// Takes all bytes, and keeps the most that the process held meanwhile.
+class Balance : public QIODevice
+{
+public:
+    Balance() { open(QIODevice::WriteOnly | QIODevice::Unbuffered); }
+    qint64 Sommet = 0;
+
+protected:
+    qint64 readData(char*, qint64) override { return -1; }
+    qint64 writeData(const char*, qint64 taille) override
+    {
+        Sommet = std::max(Sommet, MemoireDuProcessus());
+        return taille;
+    }
+};
+
+/// What the process grows by at most while it exports, of the kind that takes most.
+void MemoireDExport(benchmark::State& etat)
+{
+    const Categorie& doc = DocumentCharge().doc;
+    SansAvancement avancement;
+    ChoixExport choix;
+    choix.colonnes.assign(static_cast<size_t>(doc.ColCount()), true);
+    for (auto _ : etat) {
+        double plus = 0;
+        for (const GenreExport genre :
+             {GenreExport::PageAvecImages, GenreExport::PageSansImages, GenreExport::TexteEncadre,
+              GenreExport::PointsVirgules, GenreExport::Tabulations}) {
+            malloc_trim(0);
+            const qint64 avant = MemoireDuProcessus();
+            Balance balance;
+            EcrireExport(doc, genre, choix, balance, doc.TmpFolder, avancement);
+            plus = std::max(plus, static_cast<double>(balance.Sommet - avant));
+        }
+        etat.counters["octets"] = plus;
+    }
+}
+
+void ChargerFichierPrete(benchmark::State& etat)
+{
+    Charger(etat, "ZELVANE_BENCH_PRETE");
+}
+
+void BenchRapportDesPrets(benchmark::State& etat)
+{
+    Document document(Variable("ZELVANE_BENCH_PRETE"));
+    ChargerFichier(document.doc);
+    for (auto _ : etat) {
+        if (RapportDesPrets(document.doc).count(u'[') != 101) // the total, and a hundred borrowers
+            etat.SkipWithError("not the report that is meant");
+    }
+}
+
 BENCHMARK(MemoireTableChargee)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(ChargerFichierTrie)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(ChargerFichierDesordre)->Unit(benchmark::kMillisecond)->UseRealTime();
@@ -281,6 +340,9 @@ BENCHMARK(BenchRecalculerCles)->Name("RecalculerCles")->Unit(benchmark::kMillise
 BENCHMARK(ChercherDansLaLigne)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(ChercherDansDeuxColonnes)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(TrouverTout)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(MemoireDExport)->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(ChargerFichierPrete)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BenchRapportDesPrets)->Name("RapportDesPrets")->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(SelItemsCount)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 } // namespace
@@ -290,4 +352,5 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     return MesurerTout(
         argc, argv, {"ZELVANE_BENCH_FICHIER", "ZELVANE_BENCH_DESORDRE", "ZELVANE_BENCH_CHANGE", "ZELVANE_BENCH_TEXTE"});
+        argc, argv, {"ZELVANE_BENCH_FICHIER", "ZELVANE_BENCH_DESORDRE", "ZELVANE_BENCH_PRETE", "ZELVANE_BENCH_TEXTE"});
 }

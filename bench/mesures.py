@@ -14,6 +14,7 @@ import pathlib
 import platform
 import random
 import shutil
+import sqlite3
 import subprocess
 import sys
 import time
@@ -38,8 +39,8 @@ def quickest(command, times, before=None, stdout=subprocess.DEVNULL, **how):
 
 
 class Inputs:
-    """The files that all is measured on: one catalogue as bare text, in order and out of order, and its columns; one
-    of many columns; and one with images."""
+    """The files that all is measured on: one catalogue as bare text, in order and out of order, its columns, and its rows
+    in a database; the same with all entries lent; one of many columns; and one with images."""
 
     def __init__(self, folder, entries, images):
         folder.mkdir(parents=True, exist_ok=True)
@@ -52,6 +53,8 @@ class Inputs:
         self.other_column = self._write_column(self.sorted, 1)
         self.changed = self._make_changed(f"change-{entries}.qrt")
         self.changed_column = self._write_column(self.changed, 1)
+        self.database = self._make_database(self.sorted)
+        self.lent = self._make_lent(f"prete-{entries}.qrt")
         self.many_columns = self._make_columns("colonnes-20000.qrt", columns=20_000, entries=10)
         self.images = images
         self.text_with_images = folder / "images.txt"
@@ -74,6 +77,27 @@ class Inputs:
             values[1] += b" bis"
             entries[rank] = b"|".join(values)
         path.write_bytes(head + mark + count + b"".join(entries))
+    def _make_database(self, catalogue):
+        """The entries of a catalogue as the rows of the table "entrees"."""
+        path = self.folder / "entrees.db"
+        path.unlink(missing_ok=True)
+        lines = catalogue.read_bytes().partition(b"[ListItems]\r\n")[2].decode("cp1252").split("\r\n")[1:-1]
+        rows = [line.partition("=")[2].split("|")[:-1] for line in lines]
+        with sqlite3.connect(path) as database:
+            database.execute(f"create table entrees ({', '.join(f'c{i} text' for i in range(len(rows[0])))})")
+            database.executemany(f"insert into entrees values ({', '.join('?' * len(rows[0]))})", rows)
+        database.close()
+        return path
+
+    def _make_lent(self, name):
+        """The entries in order, each of them lent to one of a hundred borrowers."""
+        path = self.folder / name
+        head, mark, rest = self.sorted.read_bytes().partition(b"[ListItems]\r\n")
+        count, *entries = rest.splitlines()
+        for i, entry in enumerate(entries):
+            loan = b"Camille %d - %02d/%02d/%d" % (i % 100, i % 28 + 1, i // 28 % 12 + 1, 2000 + i // 336 % 26)
+            entries[i] = b"|".join([*entry.split(b"|")[:-2], loan, b""])
+        path.write_bytes(head + mark + b"\r\n".join([count, *entries, b""]))
         return path
 
     def _make_columns(self, name, columns, entries):
@@ -124,6 +148,7 @@ class Parts:
         environment = {**os.environ, "ZELVANE_BENCH_FICHIER": str(inputs.sorted),
                        "ZELVANE_BENCH_DESORDRE": str(inputs.shuffled), "ZELVANE_BENCH_ARCHIVE": str(inputs.archive),
                        "ZELVANE_BENCH_TEXTE": inputs.rare_text, "ZELVANE_BENCH_CHANGE": str(inputs.changed)}
+                       "ZELVANE_BENCH_TEXTE": inputs.rare_text, "ZELVANE_BENCH_PRETE": str(inputs.lent)}
         subprocess.run([str(part) for part in command], check=True, env=environment, stdin=subprocess.DEVNULL,
                        stdout=subprocess.DEVNULL)
         runs = json.loads(out.read_text())["benchmarks"]
@@ -175,6 +200,9 @@ class Table:
     def time(self, work, measured, at_most):
         self._add(work, f"{measured * 1e3:.2f} ms", "", "", f"{at_most * 1e3:.0f} ms", measured, at_most)
 
+    def memory(self, work, measured, at_most):
+        self._add(work, f"{measured:.1f} MB", "", "", f"{at_most} MB", measured, at_most)
+
     def _add(self, work, measured, yardstick, ratio, at_most, value, limit):
         share = f"{value / limit:.0%}"
         self.rows.append((work, measured, yardstick, ratio, at_most, share))
@@ -205,10 +233,43 @@ def measure_archive(table, inputs, images, times):
     text = quickest(["zip", "-q", "-5", zipped, inputs.text_with_images], times,
                     before=lambda: zipped.unlink(missing_ok=True))
     unzip = quickest(["unzip", "-q", inputs.archive, "-d", folder], times, before=empty)
+    copies = inputs.folder / "copies"
+
+    def empty_copies():
+        shutil.rmtree(copies, ignore_errors=True)
+        copies.mkdir()
+        os.sync()
+
+    cp_images = quickest(["cp", *folder.glob("*.jpg"), copies], times, before=empty_copies)
+    shutil.rmtree(copies)
     shutil.rmtree(folder)
     table.ratio(f"save of {inputs.images:,} images after an edit", images.seconds("EnregistrerArchive"),
                 "cp of the archive", cp, 1.5, beyond=(" + zip -5 of the text", text))
     table.ratio(f"opening of {inputs.images:,} images", images.seconds("OuvrirArchive"), "unzip -q", unzip, 1.3)
+    table.ratio(f"page with {inputs.images:,} images", images.seconds("ExporterImages"), "cp of the images", cp_images, 1.2)
+
+
+def measure_exports(table, inputs, engine, cli, times):
+    """The rows of exports and of the report. Both sides write files in memory."""
+    out = MEMORY / f"zelvane-bench-export-{os.getpid()}"
+
+    def export(kind):
+        return quickest([cli, "export", inputs.sorted, out, "--as", kind], times, before=lambda: out.unlink(missing_ok=True))
+
+    def sqlite(mode):
+        command = ["sqlite3", "-cmd", f".mode {mode}", "-cmd", f".output {out}", inputs.database, "select * from entrees"]
+        return quickest(command, times, before=lambda: out.unlink(missing_ok=True))
+
+    try:
+        csv, html = sqlite("csv"), sqlite("html")
+        for kind, name, factor in (("csv", "semicolons", 0.5), ("tab", "tabs", 0.5), ("text", "a framed text", 0.8)):
+            table.ratio(f"export to {name}", export(kind), "sqlite3 .mode csv", csv, factor)
+        table.ratio("export to a page without images", export("html"), "sqlite3 .mode html", html, 0.6)
+    finally:
+        out.unlink(missing_ok=True)
+    table.memory("memory of an export beside the table, at its peak", engine.counter("MemoireDExport", "octets") / 1e6, 8)
+    table.ratio("report of loans to 100 borrowers", engine.seconds("RapportDesPrets"), "`ChargerFichier` of that file",
+                engine.seconds("ChargerFichierPrete"), 1.5)
 
 
 def measure_columns(table, inputs, columns, cli, times):
@@ -330,6 +391,7 @@ def main():
     columns = Parts((given.programmes / "bench_colonnes").resolve(), inputs, times, short=given.rapide)
     images = Parts((given.programmes / "bench_archive").resolve(), inputs, times, short=given.rapide)
     table = measure(inputs, engine, window, commands, cli, times)
+    measure_exports(table, inputs, engine, cli, times)
     measure_columns(table, inputs, columns, cli, times)
     measure_archive(table, inputs, images, times)
 
