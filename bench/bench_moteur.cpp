@@ -1,18 +1,17 @@
 // The engine's hot paths on one large catalogue: reading, searching, sorting, writing, exporting, keys and counts.
 //
 // ZELVANE_BENCH_FICHIER names a bare catalogue text whose entries stand in order, ZELVANE_BENCH_DESORDRE the same
-// entries shuffled, ZELVANE_BENCH_CHANGE those with other values in their second column, ZELVANE_BENCH_TEXTE a text
-// that hardly an entry of the first one holds. Files written go to ZELVANE_BENCH_SORTIE, by default /dev/shm.
-// entries shuffled, ZELVANE_BENCH_PRETE the same with all of them lent, ZELVANE_BENCH_TEXTE a text that hardly an entry
-// of the first one holds. Files written go to ZELVANE_BENCH_SORTIE, by default /dev/shm.
+// entries shuffled, ZELVANE_BENCH_CHANGE those with other values in their second column, ZELVANE_BENCH_PRETE the same
+// with all of them lent, ZELVANE_BENCH_TEXTE a text that hardly an entry of the first one holds. Files written go to
+// ZELVANE_BENCH_SORTIE, by default /dev/shm.
 #include "Mesurer.h"
 
 #include "catalogue/texte/Categorie.h"
 #include "catalogue/texte/EcritureQrt.h"
 #include "catalogue/texte/LectureQrt.h"
-#include "search/Comparaison.h"
 #include "output/EcrireExport.h"
 #include "output/Statistiques.h"
+#include "search/Comparaison.h"
 #include "search/ResultatsDeRecherche.h"
 
 #include <QCoreApplication>
@@ -275,9 +274,6 @@ void MemoireSansRienDEgal(benchmark::State& etat)
     MesurerComparaison(etat, 0, 2);
 }
 
-BENCHMARK(MemoireDeComparaison)->Iterations(1)->Unit(benchmark::kMillisecond);
-BENCHMARK(MemoireSansRienDEgal)->Iterations(1)->Unit(benchmark::kMillisecond);
-BENCHMARK(ComparerDeux)->Unit(benchmark::kMillisecond)->UseRealTime();
 /// Takes all bytes, and keeps the most that the process held meanwhile.
 class Balance : public QIODevice
 {
@@ -340,6 +336,9 @@ BENCHMARK(BenchRecalculerCles)->Name("RecalculerCles")->Unit(benchmark::kMillise
 BENCHMARK(ChercherDansLaLigne)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(ChercherDansDeuxColonnes)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(TrouverTout)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(MemoireDeComparaison)->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(MemoireSansRienDEgal)->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(ComparerDeux)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(MemoireDExport)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(ChargerFichierPrete)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(BenchRapportDesPrets)->Name("RapportDesPrets")->Unit(benchmark::kMillisecond)->UseRealTime();

@@ -77,6 +77,8 @@ class Inputs:
             values[1] += b" bis"
             entries[rank] = b"|".join(values)
         path.write_bytes(head + mark + count + b"".join(entries))
+        return path
+
     def _make_database(self, catalogue):
         """The entries of a catalogue as the rows of the table "entrees"."""
         path = self.folder / "entrees.db"
@@ -147,8 +149,8 @@ class Parts:
             command.append("--benchmark_min_time=0.01")
         environment = {**os.environ, "ZELVANE_BENCH_FICHIER": str(inputs.sorted),
                        "ZELVANE_BENCH_DESORDRE": str(inputs.shuffled), "ZELVANE_BENCH_ARCHIVE": str(inputs.archive),
-                       "ZELVANE_BENCH_TEXTE": inputs.rare_text, "ZELVANE_BENCH_CHANGE": str(inputs.changed)}
-                       "ZELVANE_BENCH_TEXTE": inputs.rare_text, "ZELVANE_BENCH_PRETE": str(inputs.lent)}
+                       "ZELVANE_BENCH_TEXTE": inputs.rare_text, "ZELVANE_BENCH_CHANGE": str(inputs.changed),
+                       "ZELVANE_BENCH_PRETE": str(inputs.lent)}
         subprocess.run([str(part) for part in command], check=True, env=environment, stdin=subprocess.DEVNULL,
                        stdout=subprocess.DEVNULL)
         runs = json.loads(out.read_text())["benchmarks"]

@@ -58,7 +58,7 @@ QByteArrayView PlumeExport::EnOctets(const QString& texte)
 QByteArrayView PlumeExport::EnOctets(const Cellule& cellule)
 {
     const bool dansLeJeu = (cellule.codage == Codage::Utf8) == (m_jeu == JeuExport::Utf8);
-    if (!cellule.existe || (dansLeJeu && cellule.codage == Codage::Cp1252) || cellule.EstAscii())
+    if (!cellule.existe || dansLeJeu || cellule.EstAscii())
         return cellule.octets();
     if (m_jeu != JeuExport::Utf8)
         return EnOctets(cellule.Texte());

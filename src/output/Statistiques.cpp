@@ -82,13 +82,11 @@ private:
 void Comptes::Compter()
 {
     const MyLV& table = *m_doc.MyLV;
-    if (!table.ColumnHeaders.Existe(m_doc.IndexColPrete))
-        return;
     QByteArray pret;
     for (int i = 1; i <= table.ListItems.Count(); ++i) {
         const stockage::EntreeStockee entree = table.StockageDe(i);
         pret.resize(0);
-        entree.Champ(m_doc.IndexColPrete - 1).AjouterEnUtf8(pret);
+        entree.Champ(m_doc.IndexColPrete - 1).AjouterEnUtf8(pret); // nothing where no such column is known
         if (!pret.isEmpty())
             CompterPret(pret, entree);
     }

@@ -86,8 +86,7 @@ TEST_F(ZelvaneCli, HelpAndVersionGoToStandardOutput)
     EXPECT_EQ(Lancer({"--version"}).sortie, "zelvane-cli " ZELVANE_VERSION "\n");
     const Resultat aide = Lancer({"--help"});
     EXPECT_EQ(aide.statut, 0);
-    for (const char* commande : {"type", "list", "convert", "search", "compare"}) {
-    for (const char* commande : {"type", "list", "convert", "search", "export", "stats"}) {
+    for (const char* commande : {"type", "list", "convert", "search", "compare", "export", "stats"}) {
         EXPECT_TRUE(aide.sortie.contains(commande));
         const Resultat aideDeCommande = Lancer({commande, "--help"});
         EXPECT_EQ(aideDeCommande.statut, 0);
