@@ -1,10 +1,15 @@
 // The export of a category into a file of another kind.
 #pragma once
 
+#include <QStringList>
+
 class Categorie;
 
-/// Asks for the columns, then for the file, and writes it. `SelectionUniquement` is overwritten: whether only the
-/// selected entries were asked for.
-///
-/// The export is to come: nothing is asked or written. Whoever would call it keeps its button disabled.
-void ExporterCategorie(Categorie& doc, bool& SelectionUniquement);
+/// Plug-ins that export, by file type: the first one has the index 1 and goes with the seventh type of the dialog. One
+/// spare element stands at the end. Made anew by each export; no plug-in is looked for yet.
+extern QStringList NomsPluginsExport;
+
+/// Asks for the columns, then for the file ("msg46" without a type), and writes it; the folder is remembered. A file
+/// that is there is overwritten, as the user chose it; of a catalogue he is asked first ("msgExportSurCatalogue"). What
+/// fails from there on is not told. `SelectionUniquement` becomes whether only the selected entries were asked for.
+void ExporterCategorie(const Categorie& doc, bool& SelectionUniquement);

@@ -51,6 +51,21 @@ std::vector<bool> frmExport::Cochees() const
     return cochees;
 }
 
+bool frmExport::SelectionUniquement() const
+{
+    return m_ui->Check1->isChecked();
+}
+
+bool frmExport::VoirLeResultat() const
+{
+    return m_ui->Check2->isChecked();
+}
+
+bool frmExport::Numeroter() const
+{
+    return m_ui->Check3->isChecked();
+}
+
 void frmExport::Valider()
 {
     const std::vector<bool> cochees = Cochees();

@@ -26,6 +26,10 @@ public:
     /// One element a column, in the order in which they were added.
     std::vector<bool> Cochees() const;
 
+    bool SelectionUniquement() const;
+    bool VoirLeResultat() const;
+    bool Numeroter() const;
+
     bool Valide = false; ///< the user chose, at least one column
 
 private:

@@ -119,7 +119,8 @@ void frmCompare1::Brancher()
         connect(bouton, &QPushButton::clicked, this, [this, action] { (this->*action)(); });
     };
     // Empty it would look like a field to type in.
-    connect(m_ui->progress, &QProgressBar::valueChanged, this, [this](int fait) { m_ui->progress->setVisible(fait > 0); });
+    connect(m_ui->progress, &QProgressBar::valueChanged, this,
+            [this](int fait) { m_ui->progress->setVisible(fait > 0); });
     connect(m_ui->parcourir_0, &QPushButton::clicked, this, [this] { ChercherFichier(0); });
     connect(m_ui->parcourir_1, &QPushButton::clicked, this, [this] { ChercherFichier(1); });
     brancher(m_ui->btInverser, &frmCompare1::Inverser);

@@ -12,6 +12,8 @@
 #include "extensions/dialogues/Aide.h"
 #include "extensions/dialogues/frmTip.h"
 #include "kit/FenetreDessous.h"
+#include "output/ExporterCategorie.h"
+#include "output/frmStat.h"
 #include "search/frmCompare1.h"
 #include "shell/MDIForm1.h"
 
@@ -61,6 +63,12 @@ void Sauver(Lieu lieu, bool sous)
 {
     Enregistrer(lieu.document->myqrt, sous, true);
     lieu.cadre.MontrerNom(*lieu.document);
+}
+
+void Exporter(Lieu lieu)
+{
+    bool SelectionUniquement = false;
+    ExporterCategorie(lieu.document->myqrt, SelectionUniquement);
 }
 
 // ---- entries
@@ -167,7 +175,7 @@ constexpr RangDeCommande Rangs[] = {
     {u"save", u"&Enregistrer", "save", "Ctrl+S", Besoin::Document, [](Lieu l) { Sauver(l, false); }},
     {u"saveas", u"Enregistrer &Sous", "saveas", "Ctrl+Shift+S", Besoin::Document, [](Lieu l) { Sauver(l, true); }},
     {u"saveall", u"Enregistrer To&ut", "saveall", "", Besoin::DeuxDocuments, EnregistrerTous},
-    {u"exporter", u"E&xporter", "export", "", Besoin::Document},
+    {u"exporter", u"E&xporter", "export", "", Besoin::Document, Exporter},
     {u"print", u"Im&primer", "print", "Ctrl+P", Besoin::Document},
     {u"devant", u"Restaurer", "restaurer", "", Besoin::Document, [](Lieu l) { l.cadre.AmenerDevant(*l.document); }},
     {u"fermer", u"&Fermer", "close", "Ctrl+W; Ctrl+F4", Besoin::Document, [](Lieu l) { l.document->Decharger(); }},
@@ -218,7 +226,8 @@ constexpr RangDeCommande Rangs[] = {
     // Says so, in no language but this one. It is meant.
     {u"fusioncategories", u"Fusionner &2 catégories", "", "", Besoin::Document, DirePasFait},
     {u"comparer", u"&Comparer 2 catégories", "compare", "", Besoin::Rien, Comparer},
-    {u"statistiques", u"S&tatistiques", "stats", "", Besoin::Document},
+    {u"statistiques", u"S&tatistiques", "stats", "", Besoin::Document,
+     [](Lieu l) { frmStat(l.document->myqrt, FenetreDessous()).exec(); }},
 
     // The view.
     {u"grille", u"Afficher la &grille", "grille", "", Besoin::Document, BasculerGrille,

@@ -125,7 +125,7 @@ TEST_F(ZelvaneCli, AFileThatDoesNotExistIsToldByEveryCommand)
                                          {"convert", absent, dossier.Fichier("x.qrt")},
                                          {"search", absent, "x"},
                                          {"compare", absent, Bare()},
-                                         {"compare", Bare(), absent}}) {
+                                         {"compare", Bare(), absent},
                                          {"export", absent, dossier.Fichier("x.qrt"), "--as", "csv"},
                                          {"stats", absent}}) {
         const Resultat resultat = Lancer(arguments);

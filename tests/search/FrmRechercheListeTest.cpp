@@ -224,6 +224,23 @@ TEST_F(FrmRechercheTest, WhileItSearchesByDefaultEnterInTheListSearches)
     });
 }
 
+// ---- export
+
+TEST_F(FrmRechercheTest, ExportsTheWholeCategory)
+{
+    FileDeFichiers fichiers;
+    const QString page = dossier.Fichier(u"page.csv"_s);
+    fichiers.Preparer({page}, 5);
+    Lancer({{"frmRecherche",
+             [](QWidget& form) {
+                 Chercher(form, u"jazz"_s);
+                 Cliquer(form, "Command1");
+             }},
+            {"frmExport", [](QWidget& form) { Cliquer(form, "btExporter"); }},
+            {"frmRecherche", [](QWidget&) {}}});
+    EXPECT_EQ(dossier.Lire(u"page.csv"_s).count('\n'), 5) << "the titles, and all entries";
+}
+
 // ---- columns
 
 TEST_F(FrmRechercheTest, ATitleSortsTheResultsAndNothingElse)

@@ -5,6 +5,7 @@
 #include "entries/GestesDEditeur.h"
 #include "search/frmRecherche.h"
 #include "support/CadreDeTest.h"
+#include "support/FileDeFichiers.h"
 #include "support/FileDeReponses.h"
 #include "support/GardeModale.h"
 #include "support/Impression.h"

@@ -19,6 +19,7 @@
 #include "kit/frmMotDePasse.h"
 #include "kit/frmMsg.h"
 #include "output/frmExport.h"
+#include "output/frmStat.h"
 #include "search/frmCompare1.h"
 #include "search/frmCompare2.h"
 #include "search/frmRecherche.h"
@@ -294,6 +295,11 @@ TEST_F(Polices, TheChooserOfColumns)
         form->AjouterColonne(u"Artiste"_s, false);
         return form;
     });
+}
+
+TEST_F(Polices, TheStatistics)
+{
+    RegarderForm([this] { return std::make_unique<frmStat>(document.doc); });
 }
 
 TEST_F(Polices, TheSearch)
