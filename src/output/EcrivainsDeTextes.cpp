@@ -3,6 +3,9 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
+#include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 using stockage::Cellule;
@@ -133,6 +136,11 @@ public:
         Separer();
         m_plume.Nombre(nombre);
     }
+    void Octets(const std::string& octets)
+    {
+        Separer();
+        m_plume.Octets(octets.data(), octets.size());
+    }
 
 private:
     void Separer()
@@ -152,7 +160,9 @@ class TexteSepare : public Ecrivain
 {
 public:
     TexteSepare(const SujetExport& sujet, char separateur, std::vector<int> colonnes)
-        : Ecrivain(sujet), m_separateur(separateur), m_colonnes(std::move(colonnes))
+        : Ecrivain(sujet), m_separateur(separateur), m_colonnes(std::move(colonnes)),
+          m_commeLaSource(static_cast<int>(m_colonnes.size()) == sujet.Colonnes() &&
+                          sujet.Colonnes() == sujet.table.ColonnesSource())
     {
     }
 
@@ -161,15 +171,31 @@ public:
         LigneSeparee ligne(plume, m_separateur);
         if (Sujet().choix.numeroter)
             ligne.Nombre(numero);
-        for (const int colonne : m_colonnes)
-            ligne.Champ(entree.Champ(colonne - 1));
+        if (m_commeLaSource && entree.EstReguliere()) {
+            EcrireTranche(plume, ligne, entree.ToutesEnUne());
+        } else {
+            for (const int colonne : m_colonnes)
+                ligne.Champ(entree.Champ(colonne - 1));
+        }
         plume.FinDeLigne();
     }
     void EcrirePied(PlumeExport&) override {}
 
 private:
+    /// All values at once: a slice holds them in their order, and the image behind the last "|".
+    void EcrireTranche(PlumeExport& plume, LigneSeparee& ligne, Cellule tranche)
+    {
+        tranche.taille = static_cast<uint32_t>(tranche.octets().lastIndexOf('|'));
+        const QByteArrayView octets = plume.EnOctets(tranche);
+        m_valeurs.assign(octets.begin(), octets.end());
+        std::replace(m_valeurs.begin(), m_valeurs.end(), '|', m_separateur);
+        ligne.Octets(m_valeurs);
+    }
+
     char m_separateur;
     std::vector<int> m_colonnes;
+    bool m_commeLaSource; ///< slices have the fields that are written, and no others
+    std::string m_valeurs;
 };
 
 class PointsVirgules : public TexteSepare

@@ -83,7 +83,7 @@ protected:
 
 TEST_F(EcrireExportTest, WhatIsReadFromTheFileGoesOutLikeWhatWasTyped)
 {
-    Charger({"élan\x7F|œuvre||é.jpg", "", "€|b"});
+    Charger({"élan\x7F|œuvre||é.jpg", "", "€|b", "a|b|c|i.jpg|trop"});
     ASSERT_EQ(d.table.CodageSource(), stockage::Codage::Cp1252);
     QList<QByteArray> lus;
     for (const GenreExport genre : s_genres)
@@ -94,7 +94,18 @@ TEST_F(EcrireExportTest, WhatIsReadFromTheFileGoesOutLikeWhatWasTyped)
     for (const GenreExport genre : s_genres)
         EXPECT_EQ(Exporter(genre), lus.takeFirst());
     EXPECT_EQ(Exporter(GenreExport::PointsVirgules),
-              EnHuitBits("Titre;Année;Prêté;\r\nélan\x7F;œuvre;\r\n;;\r\n€;b;\r\n"));
+              EnHuitBits("Titre;Année;Prêté;\r\nélan\x7F;œuvre;\r\n;;\r\n€;b;\r\na;b;c\r\n"));
+}
+
+TEST_F(EcrireExportTest, ALoanColumnThatTheFileLacksIsEmpty)
+{
+    TexteDeCatalogue texte;
+    texte.colonnes = {"A|1000|", "B|1000|"};
+    texte.entrees = {"a|b|image.jpg"};
+    d.Charger(texte.Texte());
+    choix.colonnes.assign(3, true);
+    EXPECT_EQ(Exporter(GenreExport::PointsVirgules), EnHuitBits("A;B;Prêté;\r\na;b;\r\n"));
+    EXPECT_EQ(Exporter(GenreExport::Tabulations), EnHuitBits("A\tB\tPrêté\r\na\tb\t\r\n"));
 }
 
 TEST_F(EcrireExportTest, ATextThatTheCodePageLacksIsInUtf8WithItsMark)
