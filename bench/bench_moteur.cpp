@@ -349,7 +349,7 @@ BENCHMARK(SelItemsCount)->Unit(benchmark::kMillisecond)->UseRealTime();
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    return MesurerTout(
-        argc, argv, {"ZELVANE_BENCH_FICHIER", "ZELVANE_BENCH_DESORDRE", "ZELVANE_BENCH_CHANGE", "ZELVANE_BENCH_TEXTE"});
-        argc, argv, {"ZELVANE_BENCH_FICHIER", "ZELVANE_BENCH_DESORDRE", "ZELVANE_BENCH_PRETE", "ZELVANE_BENCH_TEXTE"});
+    return MesurerTout(argc, argv,
+                       {"ZELVANE_BENCH_FICHIER", "ZELVANE_BENCH_DESORDRE", "ZELVANE_BENCH_CHANGE",
+                        "ZELVANE_BENCH_PRETE", "ZELVANE_BENCH_TEXTE"});
 }

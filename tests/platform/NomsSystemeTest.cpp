@@ -55,11 +55,12 @@ TEST_F(NomsSysteme, EveryNameComesBackByteForByte)
         "été.qrt",
         "日本 \xF0\x9F\x8E\xB5.qrt",
         s_ete,
-        "\xC3",                     // a character cut short
-        "\xC0\xAF",                 // two bytes for what takes one
-        "\xED\xA0\x80",             // a surrogate
-        "\xF4\x90\x80\x80",         // beyond the last character
-        "\xEF\xBB\xBFa",            // a byte order mark
+        "\xC3",             // a character cut short
+        "\xC0\xAF",         // two bytes for what takes one
+        "\xED\xA0\x80",     // a surrogate
+        "\xF4\x90\x80\x80", // beyond the last character
+        "\xEF\xBB\xBF"
+        "a",                        // a byte order mark
         "\xF0\x9F\x8E\xB5\xB5\xE9", // a stray byte behind a surrogate pair
         tous,
     };
