@@ -32,8 +32,8 @@ void MettreCle(QByteArray& cle, QByteArrayView date)
         date = barre < 0 ? QByteArrayView() : date.sliced(barre + 1);
     }
     cle.resize(0);
-    for (auto partie = parties.rbegin(); partie != parties.rend(); ++partie)
-        cle.append(*partie);
+    for (const QByteArrayView partie : {parties[2], parties[1], parties[0]})
+        cle.append(partie);
 }
 
 /// A date of a borrower's loans, with its key.
