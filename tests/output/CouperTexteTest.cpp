@@ -62,4 +62,5 @@ TEST(CouperTexte, ACharacterOfTwoUnitsIsNotCutInTwo)
 {
     const QString signe = QString::fromUcs4(U"\U0001D11E");
     EXPECT_EQ(Couper(signe + signe, 2), QStringList({signe, signe, ""}));
+    EXPECT_EQ(Couper(signe + signe, 1), QStringList({"", signe, signe, ""}));
 }
