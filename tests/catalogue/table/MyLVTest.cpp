@@ -428,6 +428,34 @@ TEST(MyLVOrder, AddedEntriesFindTheirPlacesDescendingToo)
     EXPECT_EQ(ColonneDe(table, 1), QStringList({"z", "m", "b", "a"}));
 }
 
+TEST(MyLVOrder, EntriesAddedInThePlaceOfDeletedOnesStandOnce)
+{
+    MyLV table;
+    MettreColonnes(table, {"A"});
+    AjouterEntrees(table, {{"a"}, {"c"}, {"e"}, {"g"}, {"i"}});
+    table.SetSorted(true);
+    for (const int place : {1, 2, 2})
+        table.ListItems.Remove(place);
+    RecalculerCles(table);
+    {
+        AjoutsDansTable ajouts(table);
+        AjouterEntrees(table, {{"b"}, {"d"}, {"f"}});
+    }
+    EXPECT_EQ(ColonneDe(table, 1), QStringList({"b", "c", "d", "f", "i"}));
+}
+
+TEST(MyLVOrder, TheFirstColumnCanBeSortedByAgain)
+{
+    MyLV table;
+    MettreColonnes(table, {"A", "B"});
+    AjouterEntrees(table, {Textes({"a", "2"}), Textes({"b", "1"})});
+    table.SetSorted(true);
+    EXPECT_TRUE(table.SetSortKey(1));
+    EXPECT_EQ(ColonneDe(table, 1), QStringList({"b", "a"}));
+    EXPECT_TRUE(table.SetSortKey(0));
+    EXPECT_EQ(ColonneDe(table, 1), QStringList({"a", "b"}));
+}
+
 // ---- Observers
 
 TEST(MyLVObserver, HearsOfManyChangesOnceAndTakesThemAsRanges)
@@ -461,6 +489,20 @@ TEST(MyLVObserver, HearsOfManyChangesOnceAndTakesThemAsRanges)
     c = MyLV::PrendreChangements(avertissements);
     EXPECT_FALSE(c.lignes || c.colonnes || c.selection || c.aspect || c.valeurs);
     table.NePlusObserver(avertissements);
+}
+
+TEST(MyLVObserver, HearsOfASortMarker)
+{
+    struct : ObservateurTable
+    {
+        void TableModifiee() override {}
+    } observateur;
+    MyLV table;
+    MettreColonnes(table, {"A"});
+    table.Observer(observateur);
+    table.ColumnHeaders(1).SetIcon(QStringLiteral("up"));
+    EXPECT_TRUE(MyLV::PrendreChangements(observateur).colonnes);
+    table.NePlusObserver(observateur);
 }
 
 TEST(MyLVObserver, HearsOfEntriesAddedRemovedAndReordered)
