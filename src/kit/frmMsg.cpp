@@ -134,6 +134,16 @@ bool frmMsg::eventFilter(QObject* objet, QEvent* event)
     return QDialog::eventFilter(objet, event);
 }
 
+/// Before the letters with Alt are looked for: a button's goes on with a held key.
+bool frmMsg::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride && EstRestee(*static_cast<QKeyEvent*>(event))) {
+        event->accept();
+        return true;
+    }
+    return QDialog::event(event);
+}
+
 void frmMsg::keyPressEvent(QKeyEvent* event)
 {
     if (!EstRestee(*event))

@@ -34,6 +34,7 @@ public:
 protected:
     // A key that is held down and repeats answers nothing.
     bool eventFilter(QObject* objet, QEvent* event) override;
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:

@@ -146,6 +146,8 @@ TEST(FrmMsg, AKeyThatIsHeldAnswersNothing)
                                    Repeter(*cible, touche, avec);
                                    QTest::keyRelease(cible, touche, avec);
                                    EXPECT_TRUE(boite.isVisible()) << touche;
+                                   for (const char* nom : {"btYes", "btNo"})
+                                       EXPECT_FALSE(Bouton(boite, nom).isDown()) << "it clicks in a moment";
                                }
                                QTest::keyClick(boite.focusWidget(), Qt::Key_N, Qt::AltModifier);
                            }),
