@@ -119,13 +119,13 @@ void Ecrire(const Categorie& doc, const Choix& choix, const Cible& cible)
 
 } // namespace
 
-void ExporterCategorie(const Categorie& doc, bool& SelectionUniquement)
+void ExporterCategorie(const Categorie& doc, bool& selectionUniquement)
 {
     NomsPluginsExport = {QString(), QString()};
     const std::optional<Choix> choix = DemanderColonnes(doc);
     if (!choix)
         return;
-    SelectionUniquement = choix->quoi.selectionUniquement;
+    selectionUniquement = choix->quoi.selectionUniquement;
     const std::optional<Cible> cible = DemanderFichier();
     if (!cible || cible->type > TypeTabulations || !AccepterEcrasement(cible->chemin))
         return;

@@ -11,5 +11,5 @@ extern QStringList NomsPluginsExport;
 
 /// Asks for the columns, then for the file ("msg46" without a type), and writes it; the folder is remembered. A file
 /// that is there is overwritten, as the user chose it; of a catalogue he is asked first ("msgExportSurCatalogue"). What
-/// fails from there on is not told. `SelectionUniquement` becomes whether only the selected entries were asked for.
-void ExporterCategorie(const Categorie& doc, bool& SelectionUniquement);
+/// fails from there on is not told. `selectionUniquement` becomes whether only the selected entries were asked for.
+void ExporterCategorie(const Categorie& doc, bool& selectionUniquement);

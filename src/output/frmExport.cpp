@@ -46,6 +46,7 @@ void frmExport::AjouterColonne(const QString& titre, bool cochee)
 std::vector<bool> frmExport::Cochees() const
 {
     std::vector<bool> cochees;
+    cochees.reserve(static_cast<size_t>(m_ui->List1->count()));
     for (int i = 0; i < m_ui->List1->count(); ++i)
         cochees.push_back(m_ui->List1->item(i)->checkState() == Qt::Checked);
     return cochees;

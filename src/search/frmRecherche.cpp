@@ -311,8 +311,8 @@ void frmRecherche::Editer()
 /// The whole category goes out, and not the results. It is meant.
 void frmRecherche::Exporter()
 {
-    bool SelectionUniquement = false;
-    ExporterCategorie(*QrtCourant, SelectionUniquement);
+    bool selectionUniquement = false;
+    ExporterCategorie(*QrtCourant, selectionUniquement);
 }
 
 void frmRecherche::Imprimer()

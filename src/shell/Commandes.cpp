@@ -67,8 +67,8 @@ void Sauver(Lieu lieu, bool sous)
 
 void Exporter(Lieu lieu)
 {
-    bool SelectionUniquement = false;
-    ExporterCategorie(lieu.document->myqrt, SelectionUniquement);
+    bool selectionUniquement = false;
+    ExporterCategorie(lieu.document->myqrt, selectionUniquement);
 }
 
 // ---- entries
