@@ -1,5 +1,6 @@
 #include "output/EcrireExport.h"
 
+#include "catalogue/texte/PuitsAppareil.h"
 #include "catalogue/texte/QrtClass.h"
 #include "output/ImagesDePage.h"
 #include "platform/NomsSysteme.h"
@@ -18,20 +19,6 @@ std::vector<int> SujetExport::Cochees(int premiere, int derniere) const
 }
 
 namespace {
-
-class PuitsAppareil : public Puits
-{
-public:
-    explicit PuitsAppareil(QIODevice& appareil) : m_appareil(appareil) {}
-    bool Recevoir(const char* octets, size_t taille) override
-    {
-        const auto attendu = static_cast<qint64>(taille);
-        return m_appareil.write(octets, attendu) == attendu;
-    }
-
-private:
-    QIODevice& m_appareil;
-};
 
 class PuitsSansFond : public Puits
 {

@@ -9,6 +9,7 @@
 #include "catalogue/archive/PlaceDuFichier.h"
 #include "catalogue/archive/ccZip.h"
 #include "catalogue/texte/Categorie.h"
+#include "catalogue/texte/PuitsAppareil.h"
 #include "catalogue/texte/TexteExact.h"
 #include "catalogue/texte/TexteQrt.h"
 #include "extensions/langue/modLang.h"
@@ -33,20 +34,6 @@ namespace {
 
 constexpr QIODevice::OpenMode s_aEcrire = QIODevice::WriteOnly | QIODevice::Unbuffered;
 
-class PuitsFichier : public Puits
-{
-public:
-    explicit PuitsFichier(QFileDevice& fichier) : m_fichier(fichier) {}
-    bool Recevoir(const char* octets, size_t taille) override
-    {
-        const auto attendu = static_cast<qint64>(taille);
-        return m_fichier.write(octets, attendu) == attendu;
-    }
-
-private:
-    QFileDevice& m_fichier;
-};
-
 EntreesEcrites Entrees(bool selection)
 {
     return selection ? EntreesEcrites::Selection : EntreesEcrites::Toutes;
@@ -58,7 +45,7 @@ bool PreparerTexteExact(const QrtClass& doc, EntreesEcrites entrees, const std::
 {
     if (!fichier.Ouvrir())
         return false;
-    PuitsFichier puits(fichier.Fichier());
+    PuitsAppareil puits(fichier.Fichier());
     if (!EcrireTexteQrt(doc, "2", entrees, Codage::Utf8, puits))
         return false;
     const QByteArray suite = commentaire ? TexteExact::Separateur() + *commentaire : QByteArray();
@@ -96,7 +83,7 @@ bool EcrireTextes(const QrtClass& doc, EntreesEcrites entrees)
     FichierDuDossier fichierExact(cheminExact);
     if (!fichier.Ouvrir())
         return false;
-    PuitsFichier puits(fichier.Fichier());
+    PuitsAppareil puits(fichier.Fichier());
     const std::optional<qint64> manques = EcrireTexteQrt(doc, "2", entrees, Codage::Cp1252, puits);
     if (!manques)
         return false;
@@ -139,7 +126,7 @@ bool EcrireArchive(Categorie& doc, const QStringList& noms, Origine origine, Pla
 
 bool EcrireTexte14(const QrtClass& doc, bool selection, QFileDevice& fichier)
 {
-    PuitsFichier puits(fichier);
+    PuitsAppareil puits(fichier);
     return EcrireTexteQrt(doc, "1.4", Entrees(selection), Codage::Cp1252, puits).has_value();
 }
 
