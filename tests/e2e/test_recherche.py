@@ -143,11 +143,7 @@ class Searching(ProgramTest):
         program.find(name="6 entrée(s)")
         program.await_frame()
 
-        program.key("ctrl+f")
-        program.find(name="Pour que la recherche tienne compte des modifications effectuées, veuillez enregistrer "
-                          "votre fichier.")
-        program.key("Return")
-        program.find(name="Voulez-vous enregistrer les changement dans cette catégorie?")
+        self.ask_to_save_changes()
         program.key("Escape")
         self.await_search()
         self.look_in_vain("hejira")
@@ -155,11 +151,7 @@ class Searching(ProgramTest):
         program.key("Escape")
         program.await_window("Zelvane v2 - [disques.qrt]")
 
-        program.key("ctrl+f")
-        program.find(name="Pour que la recherche tienne compte des modifications effectuées, veuillez enregistrer "
-                          "votre fichier.")
-        program.key("Return")
-        program.find(name="Voulez-vous enregistrer les changement dans cette catégorie?")
+        self.ask_to_save_changes()
         program.key("Return")
         self.await_search()
         self.look_for("hejira", 1)
@@ -195,6 +187,14 @@ class Searching(ProgramTest):
         program.key("Escape")
         program.await_window("Zelvane v2 - [neuve.qrt]")
         self.assertTrue(path.exists())
+
+    def ask_to_save_changes(self):
+        program = self.program
+        program.key("ctrl+f")
+        program.find(name="Pour que la recherche tienne compte des modifications effectuées, veuillez enregistrer "
+                          "votre fichier.")
+        program.key("Return")
+        program.find(name="Voulez-vous enregistrer les changement dans cette catégorie?")
 
     def ask_to_save(self):
         program = self.program
