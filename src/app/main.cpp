@@ -3,6 +3,7 @@
 #include "kit/DialoguesEnFenetre.h"
 #include "kit/MessagesEnFenetre.h"
 #include "kit/RepriseDuFocus.h"
+#include "platform/ImprimantesBureau.h"
 #include "platform/NomsSysteme.h"
 #include "platform/Plateforme.h"
 #include "platform/Presence.h"
@@ -52,6 +53,8 @@ int main(int argc, char** argv)
     const PlateformeReelle plateformeReelle;
     ProgrammesBureau programmes;
     plateforme().programmes = &programmes;
+    ImprimantesBureau imprimantes;
+    plateforme().imprimantes = &imprimantes;
     RendezvousLocal rendezvous(RendezvousLocal::Lieu::DuSysteme(), jeton);
     plateforme().rendezvous = &rendezvous;
     const MessagesEnFenetre messages;

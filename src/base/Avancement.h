@@ -13,6 +13,11 @@ public:
             Dire(fait, total);
     }
 
+    /// The same for steps that are long themselves, whatever their number.
+    void Signaler(int fait, int total) { Dire(fait, total); }
+    /// The user has given up what is under way; whoever allows that asks.
+    virtual bool EstAbandonne() const { return false; }
+
     static constexpr int Pas = 1024;
 
 protected:

@@ -2,6 +2,7 @@
 
 #include "extensions/langue/LangForm.h"
 #include "kit/FenetreDessous.h"
+#include "kit/Icones.h"
 #include "ui_frmAvancement.h"
 
 #include <QCloseEvent>
@@ -17,6 +18,9 @@ frmAvancement::frmAvancement(QWidget* parent) : QDialog(parent), m_ui(std::make_
 {
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     m_ui->setupUi(this);
+    m_ui->btAnnuler->hide();
+    m_ui->btAnnuler->setIcon(Icone(QStringLiteral("annuler")));
+    connect(m_ui->btAnnuler, &QPushButton::clicked, this, &QDialog::reject);
     LangForm(*this);
 }
 
@@ -28,12 +32,25 @@ void frmAvancement::Montrer(int fait, int total)
     m_ui->PB->setValue(fait);
 }
 
+void frmAvancement::PermettreAbandon()
+{
+    m_ui->btAnnuler->show();
+}
+
+/// The window stays until the operation has heard of it.
+void frmAvancement::reject()
+{
+    m_abandonne = !m_ui->btAnnuler->isHidden();
+}
+
 void frmAvancement::closeEvent(QCloseEvent* event)
 {
+    reject();
     event->ignore();
 }
 
-AvancementEnFenetre::AvancementEnFenetre(std::chrono::milliseconds delai) : m_delai(delai)
+AvancementEnFenetre::AvancementEnFenetre(std::chrono::milliseconds delai, Abandon abandon)
+    : m_delai(delai), m_abandon(abandon)
 {
     m_depuis.start();
 }
@@ -46,6 +63,8 @@ void AvancementEnFenetre::Dire(int fait, int total)
         return;
     if (!m_fenetre) {
         m_fenetre = std::make_unique<frmAvancement>(FenetreDessous());
+        if (m_abandon == Abandon::Permis)
+            m_fenetre->PermettreAbandon();
         m_fenetre->show();
         m_delai = EntreDeuxImages;
     }

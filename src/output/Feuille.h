@@ -36,6 +36,7 @@ struct Feuille
     double gaucheDeLV1 = 4.233;
     double hautDeLV1 = 10.583;
     double largeurDeLV1 = 74.348;
+    double hauteurDeLV1 = 101.865;
     PoliceDePage policeDeLV1{QStringLiteral("Arial"), 6, false};
     std::vector<Colonne> colonnes; ///< one of no width is not printed
 };

@@ -26,7 +26,7 @@ uint32_t PagesComposees::Police(const PoliceDePage& police)
 MiseEnPages::MiseEnPages(const MyLV& table, Feuille feuille, const QString& nomDePolice, bool selection,
                          MesureDeTexte& mesure)
     : m_table(table), m_feuille(std::move(feuille)), m_police{nomDePolice, m_feuille.policeDeLV1.taille, false},
-      m_selection(selection), m_mesure(mesure), m_y(m_feuille.hautDeLV1)
+      m_selection(selection), m_mesure(mesure), m_y(m_feuille.hautDeLV1), m_lignes(m_feuille.colonnes.size())
 {
     CommencerPage();
     if (m_feuille.iconeMontree) {
@@ -74,7 +74,7 @@ void MiseEnPages::ImprimerTitres()
     for (const Feuille::Colonne& colonne : m_feuille.colonnes) {
         if (colonne.largeur <= 0)
             continue;
-        m_hauteur = ImprimerCellule(colonne.titre, colonne.largeur, x, police, m_hauteur).hauteur;
+        m_hauteur = ImprimerCellule(Couper(colonne.titre, colonne.largeur, police), x, m_hauteur).hauteur;
         x += colonne.largeur;
     }
     ImprimerBoites();
@@ -104,8 +104,9 @@ void MiseEnPages::ImprimerRangee()
         const double largeur = m_feuille.colonnes[j].largeur;
         if (largeur <= 0)
             continue;
-        const Cellule cellule =
-            ImprimerCellule(entree.Valeur(static_cast<int>(j) + 1), largeur, x, m_police, m_hauteur);
+        if (m_suites.empty())
+            m_lignes[j] = Couper(entree.Valeur(static_cast<int>(j) + 1), largeur, m_police);
+        const Cellule cellule = ImprimerCellule(m_lignes[j], x, m_hauteur);
         m_hauteur = cellule.hauteur;
         if (cellule.deborde >= 0)
             deborde = cellule.deborde;
@@ -134,18 +135,21 @@ void MiseEnPages::PoursuivreRangee(int deborde)
     m_y = m_feuille.hautDeLV1 - RemonteeDeSuite;
 }
 
-MiseEnPages::Cellule MiseEnPages::ImprimerCellule(const QString& texte, double largeur, double x,
-                                                  const PoliceDePage& police, double hauteur)
+MiseEnPages::Lignes MiseEnPages::Couper(const QString& texte, double largeur, const PoliceDePage& police)
 {
     m_mesure.Choisir(police);
-    const double hauteurDeLigne = m_mesure.Hauteur();
-    const uint32_t numero = Pages.Police(police);
+    return {CouperTexte(texte, m_feuille.EchelleX() * largeur, m_mesure), Pages.Police(police), m_mesure.Hauteur()};
+}
+
+MiseEnPages::Cellule MiseEnPages::ImprimerCellule(const Lignes& coupees, double x, double hauteur)
+{
+    const QStringList& lignes = coupees.textes;
+    const double hauteurDeLigne = coupees.hauteur;
     double yy = m_feuille.EchelleY() * m_y;
-    const QStringList lignes = CouperTexte(texte, m_feuille.EchelleX() * largeur, m_mesure);
     int imprimees = 0;
     int deborde = -1;
     for (qsizetype k = m_premiere; k < lignes.size() && deborde < 0; ++k) {
-        Pages.pages.back().EcrireTexte(m_feuille.EchelleX() * x, yy, lignes[k], numero);
+        Pages.pages.back().EcrireTexte(m_feuille.EchelleX() * x, yy, lignes[k], coupees.police);
         yy += hauteurDeLigne;
         ++imprimees;
         if (yy > BasDePage) {

@@ -6,6 +6,7 @@
 #include "output/PagesComposees.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -34,7 +35,15 @@ private:
     };
     void CommencerPage();
     void ImprimerLibelle(const Feuille::Libelle& libelle);
-    Cellule ImprimerCellule(const QString& texte, double largeur, double x, const PoliceDePage& police, double hauteur);
+    /// What a cell holds, cut into lines for its width.
+    struct Lignes
+    {
+        QStringList textes;
+        uint32_t police = 0;
+        double hauteur = 0; ///< of a line
+    };
+    Lignes Couper(const QString& texte, double largeur, const PoliceDePage& police);
+    Cellule ImprimerCellule(const Lignes& coupees, double x, double hauteur);
     void ImprimerTitres();
     void ImprimerBoites();
     void ImprimerRangee();
@@ -47,9 +56,10 @@ private:
     MesureDeTexte& m_mesure;
 
     int m_entree = 1;
-    double m_y;           ///< of the row, on the sheet
-    double m_hauteur = 0; ///< of the row, on paper
-    int m_premiere = 0;   ///< line of the cells that comes first on this page, from 0
+    double m_y;                   ///< of the row, on the sheet
+    double m_hauteur = 0;         ///< of the row, on paper
+    std::vector<Lignes> m_lignes; ///< of the row, by columns
+    int m_premiere = 0;           ///< line of the cells that comes first on this page, from 0
 
     /// How a page began on which a row goes on: the pages that follow are the same where it begins so again.
     struct Suite

@@ -5,9 +5,9 @@
 
 class MyLV;
 
-/// `dossier`, with a trailing separator, is where the print options and the picture at the top of the page lie; a
-/// folder that there is not has neither. Returns whether the options changed: they are part of the document's file
-/// then.
+/// Asks by frmPrint, composes the pages, asks whether to go on, and prints. `dossier`, with a trailing separator, is
+/// where the print options and the picture at the top of the page lie; a folder that there is not has neither. `titre`
+/// names the table in the heading. Events run meanwhile; the table must stay.
 ///
-/// Printing is to come: nothing is printed, and nothing changes. Whoever would call it keeps its button disabled.
+/// Returns whether the options changed, printed or not: they are part of the document's file then.
 bool ImprimerListe(MyLV& table, const QString& dossier, const QString& titre);

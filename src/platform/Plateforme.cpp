@@ -27,6 +27,7 @@ struct PlateformeReelle::Objets
     RegionDuSysteme region;
     AssociationBureau association;
     AucunProgramme programmes;
+    AucuneImprimante imprimantes;
 };
 
 PlateformeReelle::PlateformeReelle()
@@ -42,6 +43,7 @@ PlateformeReelle::PlateformeReelle()
     p.region = &m_objets->region;
     p.association = &m_objets->association;
     p.programmes = &m_objets->programmes;
+    p.imprimantes = &m_objets->imprimantes;
     p.dossierProgramme = dossier;
 }
 

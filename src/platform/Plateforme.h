@@ -4,6 +4,7 @@
 #include "platform/Association.h"
 #include "platform/Attributs.h"
 #include "platform/FichiersIni.h"
+#include "platform/Imprimantes.h"
 #include "platform/Programmes.h"
 #include "platform/Region.h"
 #include "platform/Reglages.h"
@@ -26,6 +27,7 @@ struct Plateforme
     Region* region = nullptr;
     Association* association = nullptr;
     Programmes* programmes = nullptr;
+    Imprimantes* imprimantes = nullptr;
     Rendezvous* rendezvous = nullptr; ///< null in programs that have no window to be found by
 
     QString dossierProgramme;                         ///< with a trailing separator
@@ -36,7 +38,7 @@ struct Plateforme
 Plateforme& plateforme();
 
 /// The real platform. Fills plateforme() for as long as it lives; needs the application object. Programs are not
-/// started: the windows' main puts a ProgrammesBureau in.
+/// started and there are no printers: the windows' main puts a ProgrammesBureau and an ImprimantesBureau in.
 class PlateformeReelle
 {
 public:

@@ -14,6 +14,7 @@
 #include "kit/FenetreDessous.h"
 #include "output/ExporterCategorie.h"
 #include "output/frmStat.h"
+#include "output/modImprimerLV.h"
 #include "search/frmCompare1.h"
 #include "shell/MDIForm1.h"
 
@@ -69,6 +70,12 @@ void Exporter(Lieu lieu)
 {
     bool selectionUniquement = false;
     ExporterCategorie(lieu.document->myqrt, selectionUniquement);
+}
+
+void Imprimer(Lieu lieu)
+{
+    Categorie& doc = lieu.document->myqrt;
+    doc.EcraserIlFautSauver(ImprimerListe(*doc.MyLV, doc.TmpFolder, doc.filename()));
 }
 
 // ---- entries
@@ -176,7 +183,7 @@ constexpr RangDeCommande Rangs[] = {
     {u"saveas", u"Enregistrer &Sous", "saveas", "Ctrl+Shift+S", Besoin::Document, [](Lieu l) { Sauver(l, true); }},
     {u"saveall", u"Enregistrer To&ut", "saveall", "", Besoin::DeuxDocuments, EnregistrerTous},
     {u"exporter", u"E&xporter", "export", "", Besoin::Document, Exporter},
-    {u"print", u"Im&primer", "print", "Ctrl+P", Besoin::Document},
+    {u"print", u"Im&primer", "print", "Ctrl+P", Besoin::Document, Imprimer},
     {u"devant", u"Restaurer", "restaurer", "", Besoin::Document, [](Lieu l) { l.cadre.AmenerDevant(*l.document); }},
     {u"fermer", u"&Fermer", "close", "Ctrl+W; Ctrl+F4", Besoin::Document, [](Lieu l) { l.document->Decharger(); }},
     {u"fermertout", u"Fermer &Tout", "closeall", "Ctrl+Shift+W", Besoin::DeuxDocuments, [](Lieu) { ToutFermer(); }},

@@ -197,6 +197,14 @@ void VueDesLignes::showEvent(QShowEvent* event)
                 Qt::UniqueConnection);
 }
 
+/// Printing keeps the proportions that the columns have here.
+void VueDesLignes::resizeEvent(QResizeEvent* event)
+{
+    QTableView::resizeEvent(event);
+    if (m_modele)
+        m_modele->Table().SetWidth(UnitesDe(width()));
+}
+
 // ---- display
 
 void VueDesLignes::scrollTo(const QModelIndex& index, ScrollHint ou)

@@ -88,6 +88,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void currentChanged(const QModelIndex& courante, const QModelIndex& quittee) override;
     void selectionChanged(const QItemSelection& choisies, const QItemSelection& laissees) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,

@@ -1,10 +1,14 @@
 #include "search/ComparaisonEnFenetre.h"
 #include "support/Accessibilite.h"
 
+#include "base/Const_Vrac.h"
+#include "base/Options.h"
 #include "kit/UnitesEcran.h"
 #include "platform/NomsSysteme.h"
 
+#include <QFile>
 #include <QSignalSpy>
+#include <QTableWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -67,7 +71,6 @@ TEST_F(FrmCompare1Test, ItsControlsCarryTheirTexts)
     EXPECT_EQ(texte("Annuler"), "Annuler");
     for (const char* bouton : {"parcourir_0", "parcourir_1", "btInverser", "btComparer", "Annuler", "imprimer"})
         EXPECT_FALSE(De<QPushButton>(form, bouton).icon().isNull()) << bouton;
-    EXPECT_FALSE(De<QPushButton>(form, "imprimer").isEnabled()) << "printing is to come";
 }
 
 TEST_F(FrmCompare1Test, ScreenReadersAreToldEveryControl)
@@ -96,12 +99,12 @@ TEST_F(FrmCompare1Test, TheTabKeyGoesByTheEye)
     ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
     Liste(form, 0).setFocus();
     QStringList noms;
-    for (int i = 0; i < 9; ++i) {
+    for (int i = 0; i < 10; ++i) {
         noms.append(form.focusWidget()->objectName());
         QTest::keyClick(form.focusWidget(), Qt::Key_Tab);
     }
     EXPECT_EQ(noms, QStringList({"CategoriesList_0", "parcourir_0", "CategoriesList_1", "parcourir_1", "btInverser",
-                                 "btComparer", "Annuler", "ListView2", "ListView1"}));
+                                 "btComparer", "imprimer", "Annuler", "ListView2", "ListView1"}));
 }
 
 TEST_F(FrmCompare1Test, ItIsNeverSmallerThanItsLeastSize)
@@ -534,7 +537,6 @@ TEST_F(FrmCompare1Test, EnterInAListComparesNothingAnew)
 TEST_F(FrmCompare1Test, OnlyTheSecondListIsPrinted)
 {
     frmCompare1& form = ComparateurDesDeux();
-    De<QPushButton>(form, "imprimer").setEnabled(true);
     deux->myqrt.Table.ListItems.Clear();
     AjouterEntrees(deux->myqrt.Table, {{"Aja", ""}});
     Comparer(form);
@@ -544,7 +546,15 @@ TEST_F(FrmCompare1Test, OnlyTheSecondListIsPrinted)
     EXPECT_EQ(Messages().mid(avant), QStringList("Il n'y a rien à imprimer"));
     Cliquer(form, "btInverser");
     Comparer(form);
+    EcrireOption(Options::MessageImprim, false);
     const qsizetype apres = Messages().size();
+    const GardeModale garde([](QWidget& dialogue) {
+        EXPECT_EQ(dialogue.objectName(), "frmPrint");
+        EXPECT_TRUE(dialogue.findChild<QLabel*>("NomCat")->text().contains(u"entrées non présentes dans "_s));
+        EXPECT_EQ(De<QTableWidget>(dialogue, "Largeurs").rowCount(), 3);
+        dialogue.close();
+    });
     Cliquer(form, "imprimer");
     EXPECT_EQ(Messages().size(), apres);
+    EXPECT_TRUE(QFile::exists(DossierProgramme() + u"print.ini"_s)) << "all comparisons share these";
 }

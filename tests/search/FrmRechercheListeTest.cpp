@@ -1,6 +1,11 @@
 // What is done with the results of a search.
 #include "RechercheEnFenetre.h"
 
+#include "base/Options.h"
+
+#include <QFile>
+#include <QTableWidget>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -239,6 +244,33 @@ TEST_F(FrmRechercheTest, ExportsTheWholeCategory)
             {"frmExport", [](QWidget& form) { Cliquer(form, "btExporter"); }},
             {"frmRecherche", [](QWidget&) {}}});
     EXPECT_EQ(dossier.Lire(u"page.csv"_s).count('\n'), 5) << "the titles, and all entries";
+}
+
+// ---- printing
+
+TEST_F(FrmRechercheTest, PrintsTheResultsUnderTheNameOfTheSearch)
+{
+    EcrireOption(Options::MessageImprim, false);
+    for (const bool changer : {false, true}) {
+        doc.IlFautSauver = false;
+        Lancer({{"frmRecherche",
+                 [](QWidget& form) {
+                     Chercher(form, u"jazz"_s);
+                     Cliquer(form, "Command2");
+                 }},
+                {"frmPrint",
+                 [&](QWidget& form) {
+                     EXPECT_EQ(Le<QLabel>(form, "NomCat").text(),
+                               u"Zelvane v2.2 by Morvenal - ## "_s + doc.filename() + u" (jazz)"_s);
+                     EXPECT_EQ(Le<QTableWidget>(form, "Largeurs").rowCount(), table.ColumnHeaders.Count());
+                     if (changer)
+                         Cliquer(form, "Option1_1");
+                     Cliquer(form, "Command2");
+                 }},
+                {"frmRecherche", [](QWidget&) {}}});
+        EXPECT_TRUE(QFile::exists(doc.TmpFolder + u"print.ini"_s));
+        EXPECT_EQ(doc.IlFautSauver, changer) << "the options are part of the file";
+    }
 }
 
 // ---- columns

@@ -92,10 +92,10 @@ TEST_F(BarreOutilsTest, CommandsToComeAreShownDisabled)
 {
     Montrer();
     Ouvrir(u"a.qrt"_s);
-    for (const QString& cle : {u"editcat"_s, u"print"_s, u"preter"_s, u"rendu"_s})
+    for (const QString& cle : {u"editcat"_s, u"preter"_s, u"rendu"_s})
         EXPECT_FALSE(Bouton(cle).isEnabled()) << cle.toStdString();
     for (const QString& cle : {u"addentree"_s, u"delentree"_s, u"addcat"_s, u"ouvrir"_s, u"save"_s, u"rechercher"_s,
-                               u"grille"_s, u"image"_s, u"commentaire "_s, u"apropos"_s, u"aide"_s})
+                               u"grille"_s, u"image"_s, u"commentaire "_s, u"apropos"_s, u"aide"_s, u"print"_s})
         EXPECT_TRUE(Bouton(cle).isEnabled()) << cle.toStdString();
 }
 

@@ -7,6 +7,7 @@
 
 #include <QMenu>
 #include <QSignalSpy>
+#include <QTableWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -149,13 +150,40 @@ TEST_F(Form1Test, LargeIconsAreAStateOfTheFrame)
     }
 }
 
+TEST_F(Form1Test, PrintingTellsWhetherItsOptionsAreToBeSaved)
+{
+    EcrireOption(Options::MessageImprim, false);
+    Form1& fenetre = Ouvrir();
+    const double largeurDeLaVue = fenetre.ListView1().UnitesDe(fenetre.ListView1().width());
+    for (const bool changer : {true, false}) {
+        const GardeModale garde([&](QWidget& form) {
+            ASSERT_EQ(form.objectName(), "frmPrint");
+            EXPECT_EQ(form.findChild<QLabel*>("NomCat")->text(),
+                      u"Zelvane v2.2 by Morvenal - ## "_s + fenetre.myqrt.filename());
+            if (changer) {
+                const auto& colonne = fenetre.myqrt.MyLV->ColumnHeaders(1);
+                EXPECT_NEAR(form.findChild<QTableWidget*>("Largeurs")->item(0, 1)->data(Qt::EditRole).toDouble(),
+                            colonne.Width() * 74.348 / largeurDeLaVue * 2.5, 0.06)
+                    << "its part of the list's width";
+                QTest::mouseClick(form.findChild<QWidget*>("Option1_1"), Qt::LeftButton, {}, QPoint(8, 8));
+            }
+            form.close();
+        });
+        cadre->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(cadre.get()));
+        QTest::keyClick(&fenetre.ListView1(), Qt::Key_P, Qt::ControlModifier);
+        EXPECT_EQ(fenetre.myqrt.IlFautSauver, changer) << "also where there were changes: it is meant";
+        EXPECT_TRUE(fenetre.myqrt.AChange()) << "which the rescue copy goes on to hold";
+    }
+}
+
 TEST_F(Form1Test, ItemsWhoseCommandIsNotBuiltStandDisabled)
 {
     const Form1& fenetre = Ouvrir();
-    for (const QString& nom : {u"mImprimer"_s, u"mCopier"_s, u"mColler"_s, u"mCopieParLot"_s, u"mModifierCategorie"_s,
-                               u"mTxtPreEnregistre"_s, u"mFusionner2Colonnes"_s, u"mSeparer1ColonneEn2"_s,
-                               u"mDupliquerUneColonne"_s, u"mMarquerCommePrete"_s, u"mMarquerCommerendu"_s,
-                               u"mOrganiserSesContacts"_s, u"mEnvoyerMailAvertissement"_s, u"mPlusPlugins"_s})
+    for (const QString& nom :
+         {u"mCopier"_s, u"mColler"_s, u"mCopieParLot"_s, u"mModifierCategorie"_s, u"mTxtPreEnregistre"_s,
+          u"mFusionner2Colonnes"_s, u"mSeparer1ColonneEn2"_s, u"mDupliquerUneColonne"_s, u"mMarquerCommePrete"_s,
+          u"mMarquerCommerendu"_s, u"mOrganiserSesContacts"_s, u"mEnvoyerMailAvertissement"_s, u"mPlusPlugins"_s})
         EXPECT_FALSE(Commande(fenetre, nom).isEnabled()) << nom.toStdString();
 }
 

@@ -1,4 +1,5 @@
 // Every dialog at the sizes of letters that people set: all is read, and all is on a small screen.
+#include "base/Options.h"
 #include "catalogue/documents/Commentaires.h"
 #include "catalogue/documents/DossiersLaisses.h"
 #include "entries/frmAddCategorie2.h"
@@ -18,7 +19,10 @@
 #include "kit/frmInputText.h"
 #include "kit/frmMotDePasse.h"
 #include "kit/frmMsg.h"
+#include "output/frmApercu.h"
 #include "output/frmExport.h"
+#include "output/frmPrint.h"
+#include "output/frmPrintOptions.h"
 #include "output/frmStat.h"
 #include "search/frmCompare1.h"
 #include "search/frmCompare2.h"
@@ -29,6 +33,7 @@
 
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
+#include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QImage>
@@ -91,7 +96,8 @@ QStringList Defauts(const QWidget& form)
     QList<const QWidget*> vus;
     for (const QWidget* controle : form.findChildren<QWidget*>()) {
         if (!controle->isVisibleTo(&form) || controle->isWindow() || Defile(*controle) ||
-            qobject_cast<const QSizeGrip*>(controle) || qobject_cast<const QComboBox*>(controle->parentWidget()))
+            qobject_cast<const QSizeGrip*>(controle) || qobject_cast<const QComboBox*>(controle->parentWidget()) ||
+            qobject_cast<const QAbstractSpinBox*>(controle->parentWidget()))
             continue;
         vus.append(controle);
         const QSize place = PlaceDuTexte(*controle);
@@ -300,6 +306,45 @@ TEST_F(Polices, TheChooserOfColumns)
 TEST_F(Polices, TheStatistics)
 {
     RegarderForm([this] { return std::make_unique<frmStat>(document.doc); });
+}
+
+TEST_F(Polices, ThePrintDialog)
+{
+    EcrireOption(Options::MessageImprim, false);
+    RegarderForm([this] {
+        auto form = std::make_unique<frmPrint>(document.doc.TmpFolder);
+        form->TexteEntete = u"%titre% - %nb% %nomcat%"_s;
+        form->TitreImpression = u"Zelvane v2.2 by Morvenal"_s;
+        form->NombreEntrees = u"##"_s;
+        form->NomCategorie = u"discotheque.qrt"_s;
+        form->ActualiseNomCat();
+        form->MontrerImage(ImageDEnteteParDefaut());
+        form->AjouterColonne(u"Titre"_s, 30);
+        form->AjouterColonne(u"Artiste"_s, 20);
+        form->AjouterColonne(u"Année"_s, 0);
+        form->AjouterColonne(u"Prêté"_s, 30);
+        form->MontrerRangees(40);
+        return form;
+    });
+}
+
+TEST_F(Polices, ThePrintOptions)
+{
+    RegarderForm([this] {
+        auto form = std::make_unique<frmPrintOptions>(document.doc.TmpFolder);
+        form->MettreTextes(u"%titre% - %nb% %nomcat%"_s, u"Zelvane v2.2 by Morvenal"_s);
+        return form;
+    });
+}
+
+TEST_F(Polices, ThePagesToBePrinted)
+{
+    PagesComposees pages;
+    pages.pages.resize(12);
+    pages.pages[0].EcrireTexte(22, 12, u"Zelvane v2.2 by Morvenal - 40 discotheque.qrt",
+                               pages.Police({u"Arial Black"_s, 15, false}));
+    pages.pages[0].boites.push_back({10, 26, 90, 4});
+    RegarderForm([&pages] { return std::make_unique<frmApercu>(pages, QImage()); });
 }
 
 TEST_F(Polices, TheSearch)

@@ -1,6 +1,7 @@
 // What assistive technology is told of a form.
 #pragma once
 
+#include <QAbstractSpinBox>
 #include <QAccessible>
 #include <QString>
 #include <QStringList>
@@ -17,6 +18,9 @@ inline QStringList ControlesSansNom(const QWidget& form)
 {
     QStringList sans;
     for (QWidget* controle : form.findChildren<QWidget*>()) {
+        // The field within a spin box is read out as the box.
+        if (qobject_cast<QAbstractSpinBox*>(controle->parentWidget()))
+            continue;
         if (controle->focusPolicy() != Qt::NoFocus && controle->isVisibleTo(&form) &&
             NomAccessible(*controle).isEmpty())
             sans.append(controle->objectName());

@@ -109,6 +109,7 @@ PlateformeDeTest::PlateformeDeTest()
     p.region = &region;
     p.association = &association;
     p.programmes = &programmes;
+    p.imprimantes = &imprimantes;
     p.rendezvous = &rendezvous;
     p.dossierProgramme = dossier.Chemin();
     TempFolder = dossier.Fichier("temp");

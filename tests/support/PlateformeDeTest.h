@@ -12,6 +12,9 @@
 #include <QSet>
 #include <QStringList>
 
+#include <functional>
+#include <memory>
+
 class ReglagesEnMemoire : public Reglages
 {
 public:
@@ -99,6 +102,22 @@ public:
     bool reponse = true;
 };
 
+/// Printers that a test names; jobs are made by `commencer`, and there are none without it.
+class ImprimantesPreparees : public Imprimantes
+{
+public:
+    QStringList Noms() const override { return noms; }
+    QString ParDefaut() const override { return parDefaut; }
+    std::unique_ptr<TravailDImpression> Commencer(const QString& imprimante, const QString& titre) override
+    {
+        return commencer ? commencer(imprimante, titre) : nullptr;
+    }
+
+    QStringList noms;
+    QString parDefaut;
+    std::function<std::unique_ptr<TravailDImpression>(const QString& imprimante, const QString& titre)> commencer;
+};
+
 /// Fills plateforme() for one test, and clears what is global at its end: TempFolder, FichierLangue. Every test of a
 /// program that uses the support's main has one: Courante(). Ini files and attributes are those of the disk, since
 /// tests look at the files; put the doubles in where a test needs them.
@@ -123,6 +142,7 @@ public:
     RegionDeTest region;
     AssociationComptee association;
     ProgrammesNotes programmes;
+    ImprimantesPreparees imprimantes;
     RendezvousEnMemoire rendezvous;
 };
 

@@ -244,6 +244,9 @@ public:
     bool SetView(int mode);
     bool GridLines() const { return m_grille; }
     void SetGridLines(bool grille);
+    /// Of the list that shows it, in units of 1/1440 inch, which sees to it; 0 until one does.
+    double Width() const { return m_largeur; }
+    void SetWidth(double largeur) { m_largeur = largeur; }
 
     /// The entry with the focus: the first one until another gets it; nothing in an empty table only.
     ListItem SelectedItem();
@@ -338,6 +341,7 @@ private:
     int m_ajoutsOuverts = 0;
 
     bool m_trie = false;
+    double m_largeur = 0;
     bool m_grille = false;
     int m_cleDeTri = 0;
     int m_sensDeTri = 0;

@@ -191,7 +191,11 @@ TEST_F(SaisieAuSecours, WhereNobodyCanBeAskedTheCopyStaysUntilTheUserGoesOn)
     EXPECT_TRUE(Copie()) << "the process ends now";
 
     ReprendreLaSession(cadre);
-    Battre();
+    // The copy stays until what was saved is on the disk, which may be busy for long.
+    for (int i = 0; i < 6000 && Copie(); ++i) {
+        Battre();
+        QThread::msleep(10);
+    }
     EXPECT_FALSE(Copie()) << "the dialog was cancelled, and the document is as it was saved";
     ExpectCommeAvant();
 }
