@@ -169,8 +169,8 @@ TEST_F(Form1Test, PrintingTellsWhetherItsOptionsAreToBeSaved)
             }
             form.close();
         });
-        cadre->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(cadre.get()));
+        cadre.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&cadre));
         QTest::keyClick(&fenetre.ListView1(), Qt::Key_P, Qt::ControlModifier);
         EXPECT_EQ(fenetre.myqrt.IlFautSauver, changer) << "also where there were changes: it is meant";
         EXPECT_TRUE(fenetre.myqrt.AChange()) << "which the rescue copy goes on to hold";
