@@ -20,6 +20,7 @@
 #include "platform/Retenue.h"
 #include "vue/PoliceDeTable.h"
 
+#include <QDir>
 #include <QPainter>
 
 #include <cmath>
@@ -99,7 +100,8 @@ QString DemanderFichierPdf(const QString& titre)
     DemandeFichier demande;
     QString nom = NomLisible(NomDeFichier(titre));
     nom.truncate(nom.endsWith(u".qrt", Qt::CaseInsensitive) ? nom.size() - 4 : nom.size());
-    demande.depart = AjouterSlash(LireOption(Options::ExportInitDir)) + nom + u".pdf"_s;
+    const QString dossier = LireOption(Options::ExportInitDir);
+    demande.depart = AjouterSlash(dossier.isEmpty() ? QDir::homePath() : dossier) + nom + u".pdf"_s;
     demande.types = TypesDuFiltre(u"PDF (*.pdf)|*.pdf"_s);
     const std::optional<ReponseFichier> reponse = DialogueEnregistrer(demande);
     if (!reponse || reponse->fichiers.isEmpty())
