@@ -1,12 +1,21 @@
 // What the benchmark programs begin with.
 #pragma once
 
-#include <QtGlobal>
+#include <QFile>
 
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
 #include <initializer_list>
+
+/// Memory that the process holds, in bytes, as the system counts it.
+inline qint64 MemoireDuProcessus()
+{
+    QFile statut(QStringLiteral("/proc/self/statm"));
+    if (!statut.open(QIODevice::ReadOnly))
+        return 0;
+    return statut.readAll().split(' ').value(1).toLongLong() * 4096;
+}
 
 /// Runs all benchmarks of the program: its exit status. It is 2, with a word on standard error, when one of the
 /// variables of the environment that they read is missing, or an argument is unknown.

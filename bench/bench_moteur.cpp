@@ -81,14 +81,6 @@ void ChargerFichierDesordre(benchmark::State& etat)
     Charger(etat, "ZELVANE_BENCH_DESORDRE");
 }
 
-qint64 MemoireDuProcessus()
-{
-    QFile statut(QStringLiteral("/proc/self/statm"));
-    if (!statut.open(QIODevice::ReadOnly))
-        return 0;
-    return statut.readAll().split(' ').value(1).toLongLong() * 4096;
-}
-
 /// What the process grows by when it loads the file, as the system counts it.
 void MemoireTableChargee(benchmark::State& etat)
 {

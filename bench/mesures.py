@@ -56,6 +56,7 @@ class Inputs:
         self.database = self._make_database(self.sorted)
         self.lent = self._make_lent(f"prete-{entries}.qrt")
         self.many_columns = self._make_columns("colonnes-20000.qrt", columns=20_000, entries=10)
+        self.pdf = folder / "pages.pdf"
         self.images = images
         self.text_with_images = folder / "images.txt"
         self.archive = self._make_archive(f"images-{images}.qrt", images)
@@ -150,7 +151,7 @@ class Parts:
         environment = {**os.environ, "ZELVANE_BENCH_FICHIER": str(inputs.sorted),
                        "ZELVANE_BENCH_DESORDRE": str(inputs.shuffled), "ZELVANE_BENCH_ARCHIVE": str(inputs.archive),
                        "ZELVANE_BENCH_TEXTE": inputs.rare_text, "ZELVANE_BENCH_CHANGE": str(inputs.changed),
-                       "ZELVANE_BENCH_PRETE": str(inputs.lent)}
+                       "ZELVANE_BENCH_PRETE": str(inputs.lent), "ZELVANE_BENCH_PDF": str(inputs.pdf)}
         subprocess.run([str(part) for part in command], check=True, env=environment, stdin=subprocess.DEVNULL,
                        stdout=subprocess.DEVNULL)
         runs = json.loads(out.read_text())["benchmarks"]
@@ -292,6 +293,15 @@ def measure_comm(inputs, times):
     return quickest(["comm", *ordered], times, env=FRENCH)
 
 
+def measure_printing(table, inputs, printing, times):
+    """The rows of printing: what comes before the user is asked, against reading the text of the same pages."""
+    printing.seconds("EcrireLePdf")
+    pdftotext = quickest(["pdftotext", inputs.pdf, "-"], times)
+    table.ratio("composing the pages of 100,000 entries", printing.seconds("ComposerLesPages"), "pdftotext of their PDF",
+                pdftotext, 2)
+    table.memory("memory of those pages", printing.counter("MemoireDesPages", "octets") / 1e6, 100)
+
+
 def measure(inputs, engine, window, entries, cli, times):
     """All rows of the table."""
     table = Table()
@@ -391,9 +401,11 @@ def main():
     window = Parts((given.programmes / "bench_fenetre").resolve(), inputs, times, short=given.rapide)
     commands = Parts((given.programmes / "bench_entrees").resolve(), inputs, times, short=given.rapide)
     columns = Parts((given.programmes / "bench_colonnes").resolve(), inputs, times, short=given.rapide)
+    printing = Parts((given.programmes / "bench_impression").resolve(), inputs, times, short=given.rapide)
     images = Parts((given.programmes / "bench_archive").resolve(), inputs, times, short=given.rapide)
     table = measure(inputs, engine, window, commands, cli, times)
     measure_exports(table, inputs, engine, cli, times)
+    measure_printing(table, inputs, printing, times)
     measure_columns(table, inputs, columns, cli, times)
     measure_archive(table, inputs, images, times)
 
