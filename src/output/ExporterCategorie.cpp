@@ -10,6 +10,7 @@
 #include "kit/FenetreDessous.h"
 #include "kit/frmAvancement.h"
 #include "output/EcrireExport.h"
+#include "output/ExporteursAjoutes.h"
 #include "output/frmExport.h"
 #include "platform/DossierProgramme.h"
 #include "platform/NomsSysteme.h"
@@ -17,12 +18,15 @@
 #include "platform/Retenue.h"
 
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 QStringList NomsPluginsExport;
 
 namespace {
+
+ExporteursAjoutes* s_exporteurs = nullptr;
 
 /// The types of the dialog, by their places in its list.
 enum TypeDExport { TypeQuelconque = 1, TypeAvecImages, TypeSansImages, TypeTexte, TypeCsv, TypeTabulations };
@@ -57,12 +61,25 @@ struct Cible
     int type;
 };
 
+/// Their names go behind each other from 1 on, with an empty one at either end; returned is what their types add to the
+/// filter.
+QString ChercherExporteurs()
+{
+    QString filtre;
+    for (const auto& exporteur : s_exporteurs ? s_exporteurs->Chercher() : QList<ExporteursAjoutes::Exporteur>()) {
+        filtre += u'|' + exporteur.filtre;
+        NomsPluginsExport.last() = exporteur.nom;
+        NomsPluginsExport.append(QString());
+    }
+    return filtre;
+}
+
 std::optional<Cible> DemanderFichier()
 {
     DemandeFichier demande;
     const QString dossier = LireOption(Options::ExportInitDir);
     demande.depart = dossier.isEmpty() ? DossierProgramme() : dossier;
-    demande.types = TypesDuFiltre(Filtre.toString());
+    demande.types = TypesDuFiltre(Filtre.toString() + ChercherExporteurs());
     demande.type = TypeAvecImages;
     const std::optional<ReponseFichier> reponse = DialogueEnregistrer(demande);
     if (!reponse || reponse->fichiers.isEmpty())
@@ -119,7 +136,7 @@ void Ecrire(const Categorie& doc, const Choix& choix, const Cible& cible)
 
 } // namespace
 
-void ExporterCategorie(const Categorie& doc, bool& selectionUniquement)
+void ExporterCategorie(Categorie& doc, bool& selectionUniquement)
 {
     NomsPluginsExport = {QString(), QString()};
     const std::optional<Choix> choix = DemanderColonnes(doc);
@@ -127,7 +144,15 @@ void ExporterCategorie(const Categorie& doc, bool& selectionUniquement)
         return;
     selectionUniquement = choix->quoi.selectionUniquement;
     const std::optional<Cible> cible = DemanderFichier();
-    if (!cible || cible->type > TypeTabulations || !AccepterEcrasement(cible->chemin))
+    if (!cible || !AccepterEcrasement(cible->chemin))
         return;
-    Ecrire(doc, *choix, *cible);
+    if (cible->type <= TypeTabulations)
+        Ecrire(doc, *choix, *cible);
+    else if (const QString nom = NomsPluginsExport.value(cible->type - TypeTabulations); !nom.isEmpty())
+        s_exporteurs->Exporter(nom, doc, cible->chemin);
+}
+
+ExporteursAjoutes* InstallerExporteurs(ExporteursAjoutes* exporteurs)
+{
+    return std::exchange(s_exporteurs, exporteurs);
 }

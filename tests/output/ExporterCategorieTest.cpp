@@ -3,6 +3,7 @@
 
 #include "base/AfficherMsg.h"
 #include "base/Options.h"
+#include "output/ExporteursAjoutes.h"
 #include "support/FileDeFichiers.h"
 #include "support/FileDeReponses.h"
 #include "support/Impression.h"
@@ -12,6 +13,7 @@
 
 #include <QAbstractButton>
 #include <QCheckBox>
+#include <QFile>
 #include <QListWidget>
 #include <QTest>
 
@@ -198,4 +200,63 @@ TEST_F(ExporterCategorieTest, ATypeOfAPluginThatIsNotThereWritesNothing)
     Exporter();
     EXPECT_FALSE(sortie.Existe(u"sortie"_s));
     EXPECT_TRUE(reponses.Affiches().isEmpty());
+}
+
+// ---- plug-ins
+
+namespace {
+
+class DeuxExporteurs : public ExporteursAjoutes
+{
+public:
+    DeuxExporteurs() : m_avant(InstallerExporteurs(this)) {}
+    ~DeuxExporteurs() override { InstallerExporteurs(m_avant); }
+
+    QList<Exporteur> Chercher() override
+    {
+        ++cherches;
+        return {{u"Tableur"_s, u"tableur (*.ods)|*.ods"_s}, {u"Carte"_s, u"carte|*.vcf"_s}};
+    }
+    void Exporter(const QString& nom, Categorie& doc, const QString& chemin) override
+    {
+        faits.append(nom + u' ' + doc.filename() + u' ' + chemin);
+    }
+
+    int cherches = 0;
+    QStringList faits;
+
+private:
+    ExporteursAjoutes* m_avant;
+};
+
+} // namespace
+
+TEST_F(ExporterCategorieTest, PluginsAddTypesBehindTheProgramsOwn)
+{
+    DeuxExporteurs plugins;
+    const QString chemin = Cible(u"disques.vcf"_s, PremierPlugin + 1);
+    Exporter();
+    ASSERT_EQ(fichiers.Demandes().size(), 1);
+    const auto& types = fichiers.Demandes()[0].types;
+    ASSERT_EQ(types.size(), 8);
+    EXPECT_EQ(types[6].libelle, "tableur (*.ods)");
+    EXPECT_EQ(types[6].motifs, "*.ods");
+    EXPECT_EQ(NomsPluginsExport, QStringList({"", "Tableur", "Carte", ""}));
+    EXPECT_EQ(plugins.faits, QStringList(u"Carte mes disques.qrt "_s + chemin));
+    EXPECT_FALSE(QFile::exists(chemin)) << "the plug-in writes it";
+    EXPECT_TRUE(PlateformeDeTest::Courante().programmes.fichiers.isEmpty());
+
+    fichiers.PreparerAnnulation();
+    Exporter();
+    EXPECT_EQ(NomsPluginsExport, QStringList({"", "Tableur", "Carte", ""})) << "looked for anew each time";
+    EXPECT_EQ(plugins.cherches, 2);
+    EXPECT_EQ(plugins.faits.size(), 1);
+}
+
+TEST_F(ExporterCategorieTest, PluginsAreNotLookedForWithoutAChoiceOfColumns)
+{
+    DeuxExporteurs plugins;
+    Exporter([](QWidget& form) { form.close(); });
+    EXPECT_EQ(plugins.cherches, 0);
+    EXPECT_EQ(NomsPluginsExport, QStringList({"", ""}));
 }
