@@ -91,6 +91,8 @@ TEST_F(ZelvaneCli, HelpAndVersionGoToStandardOutput)
         EXPECT_EQ(aideDeCommande.statut, 0);
         EXPECT_TRUE(aideDeCommande.sortie.startsWith("Usage : zelvane-cli " + QByteArray(commande)));
     }
+    EXPECT_TRUE(Lancer({"list", "--help"}).sortie.contains("\n  --json\n"));
+    EXPECT_TRUE(Lancer({"convert", "--help"}).sortie.contains("\n  --format "));
 }
 
 TEST_F(ZelvaneCli, WrongUsageIsOneLineAndTouchesNothing)
@@ -338,7 +340,9 @@ TEST_F(ZelvaneCli, PasswordsComeFromAFileOrAVariable)
     EXPECT_TRUE(sans.erreurs.contains("--password-file")) << "how to give it is told";
     const QString fichier = dossier.Ecrire("mdp", "zelvane\nautre");
     EXPECT_EQ(Lancer({"list", protege, "--password-file", fichier}).statut, 0);
-    EXPECT_EQ(Lancer({"list", protege, "--password-file", dossier.Fichier("absent")}).statut, 1);
+    const Resultat absent = Lancer({"list", protege, "--password-file", dossier.Fichier("absent")});
+    EXPECT_EQ(absent.statut, 1);
+    EXPECT_TRUE(absent.erreurs.contains(dossier.Fichier("absent").toUtf8())) << absent.erreurs.toStdString();
     environnement.insert("ZELVANE_MOT_DE_PASSE", "faux");
     const Resultat faux = Lancer({"list", protege});
     EXPECT_EQ(faux.statut, 1);

@@ -19,7 +19,10 @@ TEST(PlateformeReelle, FillsThePlatformForAsLongAsItLives)
         const Plateforme& p = plateforme();
         EXPECT_EQ(p.dossierProgramme, dossier.Fichier("program/"));
         EXPECT_EQ(p.nomProgramme, "zelvane");
-        EXPECT_TRUE(p.reglages && p.ini && p.attributs && p.horloge && p.hasard && p.association);
+        EXPECT_TRUE(p.reglages && p.ini && p.attributs && p.horloge && p.hasard && p.region && p.association);
+        EXPECT_NE(p.attributs, doubles.attributs);
+        EXPECT_NE(p.region, doubles.region);
+        EXPECT_EQ(p.imprimantes->Noms(), QStringList());
         EXPECT_NE(p.reglages, doubles.reglages);
         EXPECT_FALSE(p.programmes->OuvrirFichier(dossier.Chemin()));
     }

@@ -53,6 +53,12 @@ TEST_F(Volume, TheQuestionTellsBothSizes)
     EXPECT_FALSE(AccepterVolume(Go * 5 / 2, 1500000));
     EXPECT_EQ(messages.Affiches()[0].genre, MsgOuiNon);
     EXPECT_TRUE(messages.Affiches()[0].message.texte.startsWith("Ce fichier de 1,4 Mo contient 2,5 Go de données"));
+    messages.Preparer(RepNon);
+    EXPECT_FALSE(AccepterVolume(Go * 5 / 2, 1000));
+    EXPECT_TRUE(messages.Affiches()[1].message.texte.startsWith("Ce fichier de 1000 octets contient"));
+    messages.Preparer(RepNon);
+    EXPECT_FALSE(AccepterVolume(Go * 5 / 2, 2048));
+    EXPECT_TRUE(messages.Affiches()[2].message.texte.startsWith("Ce fichier de 2,0 Ko contient"));
 }
 
 TEST_F(Volume, ANoWritesNothing)

@@ -180,7 +180,11 @@ TEST_F(SaisieAuSecours, TheChangesOfTheTableAreInTheSameCopy)
 
 TEST_F(SaisieAuSecours, WhereNobodyCanBeAskedTheCopyStaysUntilTheUserGoesOn)
 {
-    Battre();
+    // What was saved is on the disk, and the folder tells whose it is.
+    for (int i = 0; i < 6000 && !LireIdentite(FichierDeSecours(doc.TmpFolder)); ++i) {
+        Battre();
+        QThread::msleep(10);
+    }
     Taper(Cible::Entree, {"bb", "2"});
     EXPECT_TRUE(PeutFinirLaSession(cadre, false));
     doc.Saisie = nullptr; // the end of the session closes the dialog

@@ -127,6 +127,7 @@ TEST_F(NomsImpossibles, ANameInTheCodePageUnderTheMarkOfUtf8IsReadSo)
     Ouvrir({"été.jpg"}, {{"\xE9t\xE9.jpg", "image", false, DrapeauUtf8}});
     EXPECT_EQ(Image(1), u"été.jpg"_s);
     EXPECT_EQ(Icone(1), "ico");
+    EXPECT_EQ(Contenu(1), "image");
     EXPECT_EQ(messages.Cles(), QStringList());
 }
 

@@ -41,6 +41,13 @@ TEST_F(AboutTest, TheAuthorIsShownWithAddressAndBuild)
     EXPECT_EQ(Etiquette(form, 0).property("Tag").toString(), AdresseDuFabricant);
 }
 
+TEST_F(AboutTest, ShowsTheProgramsPicture)
+{
+    const About form;
+    EXPECT_FALSE(form.findChild<QLabel*>("Image1")->pixmap().isNull());
+    EXPECT_FALSE(form.findChild<QPushButton*>("Command1")->icon().isNull());
+}
+
 TEST_F(AboutTest, WithoutALanguageFileTheTranslatorIsNobodyAndMailGoesToTheMakers)
 {
     const About form;
