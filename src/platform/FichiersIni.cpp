@@ -8,8 +8,13 @@
 
 #include <QFile>
 #include <QSaveFile>
+#include <QThread>
 
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -23,6 +28,58 @@ qint64 Nanosecondes(const timespec& heure)
     return qint64(heure.tv_sec) * 1'000'000'000 + heure.tv_nsec;
 }
 
+constexpr int EssaisDeTenir = 10;
+constexpr unsigned long EntreDeuxEssais = 20; // ms
+
+/// A lock of each kind on a file, as far as the file system knows them: other programs use one or the other.
+class VerrouFichier
+{
+public:
+    explicit VerrouFichier(const QString& chemin) : m_octets(OctetsDuChemin(chemin))
+    {
+        constexpr int communs = O_NONBLOCK | O_CLOEXEC;
+        m_descripteur = open(m_octets.constData(), O_RDWR | communs);
+        if (m_descripteur < 0)
+            m_descripteur = open(m_octets.constData(), O_RDONLY | communs);
+        m_pris = m_descripteur < 0 || (!EstRefuse(flock(m_descripteur, LOCK_EX | LOCK_NB)) && !EstRefuse(Poser()));
+    }
+    ~VerrouFichier()
+    {
+        if (m_descripteur >= 0)
+            close(m_descripteur);
+    }
+    VerrouFichier(const VerrouFichier&) = delete;
+    VerrouFichier& operator=(const VerrouFichier&) = delete;
+
+    /// Whether nobody else holds the file that stands there now. What is not there or cannot be opened nobody holds.
+    bool EstCelui(const QString& chemin) const
+    {
+        if (!m_pris || m_descripteur < 0)
+            return m_pris;
+        struct stat tenu
+        {
+        };
+        const auto la = EtatDuChemin(chemin);
+        return la && fstat(m_descripteur, &tenu) == 0 && la->st_dev == tenu.st_dev && la->st_ino == tenu.st_ino;
+    }
+
+private:
+    static bool EstRefuse(int issue) { return issue != 0 && (errno == EWOULDBLOCK || errno == EACCES); }
+    int Poser() const
+    {
+        struct flock verrou
+        {
+        };
+        verrou.l_type = F_WRLCK;
+        verrou.l_whence = SEEK_SET;
+        return fcntl(m_descripteur, F_OFD_SETLK, &verrou);
+    }
+
+    QByteArray m_octets;
+    int m_descripteur = -1;
+    bool m_pris = false;
+};
+
 } // namespace
 
 FichiersIni::Lecture FichiersIni::Lire(const QString& fichier, const QString& section, const QString& cle) const
@@ -33,23 +90,32 @@ FichiersIni::Lecture FichiersIni::Lire(const QString& fichier, const QString& se
     return {TexteIni::Lire(contenu.octets, section, cle), QString()};
 }
 
-bool FichiersIni::Ecrire(const QString& fichier, const QString& section, const QString& cle, const QString& valeur)
+bool FichiersIni::ParcourirSection(const QString& fichier, const QString& section,
+                                   const std::function<void(QByteArrayView cle, QByteArrayView valeur)>& visiter) const
 {
     const Contenu contenu = Actuel(fichier);
-    const std::optional<QByteArray> apres = TexteIni::Ecrire(contenu.octets, section, cle, valeur);
-    return apres && Conclure(fichier, contenu, *apres);
+    TexteIni::Parcourir(contenu.octets, section, visiter);
+    return contenu.etat == Contenu::Lu || contenu.etat == Contenu::Absent;
+}
+
+bool FichiersIni::Ecrire(const QString& fichier, const QString& section, const QString& cle, const QString& valeur)
+{
+    return Changer(fichier, [&](QByteArrayView texte) { return TexteIni::Ecrire(texte, section, cle, valeur); });
+}
+
+bool FichiersIni::EcrireCles(const QString& fichier, const QString& section, const TexteIni::Cles& cles)
+{
+    return Changer(fichier, [&](QByteArrayView texte) { return TexteIni::EcrireCles(texte, section, cles); });
 }
 
 bool FichiersIni::SupprimerCle(const QString& fichier, const QString& section, const QString& cle)
 {
-    const Contenu contenu = Actuel(fichier);
-    return Conclure(fichier, contenu, TexteIni::SupprimerCle(contenu.octets, section, cle));
+    return Changer(fichier, [&](QByteArrayView texte) { return TexteIni::SupprimerCle(texte, section, cle); });
 }
 
 bool FichiersIni::SupprimerSection(const QString& fichier, const QString& section)
 {
-    const Contenu contenu = Actuel(fichier);
-    return Conclure(fichier, contenu, TexteIni::SupprimerSection(contenu.octets, section));
+    return Changer(fichier, [&](QByteArrayView texte) { return TexteIni::SupprimerSection(texte, section); });
 }
 
 FichiersIni::Contenu FichiersIni::Actuel(const QString& fichier) const
@@ -69,12 +135,15 @@ FichiersIni::Contenu FichiersIni::Actuel(const QString& fichier) const
     return contenu;
 }
 
-bool FichiersIni::Conclure(const QString& fichier, const Contenu& avant, const QByteArray& apres)
+bool FichiersIni::Changer(const QString& fichier, const std::function<std::optional<QByteArray>(QByteArrayView)>& faire)
 {
+    const std::shared_ptr<const void> tenu = Tenir(fichier);
+    const Contenu avant = tenu ? Actuel(fichier) : Contenu{Contenu::Ferme, {}, {}};
     // What could not be read must not be replaced.
     if (avant.etat == Contenu::Ferme || avant.etat == Contenu::Casse)
         return false;
-    return apres == avant.octets || Remplacer(fichier, apres);
+    const std::optional<QByteArray> apres = faire(avant.octets);
+    return apres && (*apres == avant.octets || Remplacer(fichier, *apres));
 }
 
 std::optional<FichiersIni::Empreinte> FichiersIniDisque::Regarder(const QString& chemin) const
@@ -103,6 +172,18 @@ FichiersIni::Contenu FichiersIniDisque::Charger(const QString& chemin) const
     if (fichier.error() != QFileDevice::NoError)
         return {Contenu::Casse, {}, fichier.errorString()};
     return contenu;
+}
+
+std::shared_ptr<const void> FichiersIniDisque::Tenir(const QString& chemin) const
+{
+    // Who writes here holds a file for moments; it is another file then.
+    for (int i = 0; i < EssaisDeTenir; ++i) {
+        auto verrou = std::make_shared<VerrouFichier>(chemin);
+        if (verrou->EstCelui(chemin))
+            return verrou;
+        QThread::msleep(EntreDeuxEssais);
+    }
+    return nullptr;
 }
 
 bool FichiersIniDisque::Remplacer(const QString& chemin, const QByteArray& octets)

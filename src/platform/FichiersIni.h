@@ -2,10 +2,14 @@
 // kept as it was read only while nothing about it tells that it could be another one.
 #pragma once
 
+#include "platform/TexteIni.h"
+
 #include <QByteArray>
 #include <QHash>
 #include <QString>
 
+#include <functional>
+#include <memory>
 #include <optional>
 
 class FichiersIni
@@ -20,9 +24,16 @@ public:
     };
     Lecture Lire(const QString& fichier, const QString& section, const QString& cle) const;
 
+    /// Hands over the keys of a section: see TexteIni::Parcourir. False when there is a file that cannot be read.
+    bool ParcourirSection(const QString& fichier, const QString& section,
+                          const std::function<void(QByteArrayView cle, QByteArrayView valeur)>& visiter) const;
+
     /// Writes a key; creates file and section as needed. False when the text cannot be held by an ini file (see
-    /// TexteIni::Ecrire) or the file cannot be written; it is then as it was.
+    /// TexteIni::Ecrire) or the file cannot be written, because another program holds it for instance; it is then as it
+    /// was.
     bool Ecrire(const QString& fichier, const QString& section, const QString& cle, const QString& valeur);
+    /// Several keys at once: all of them are written or none.
+    bool EcrireCles(const QString& fichier, const QString& section, const TexteIni::Cles& cles);
     /// Removes a key. True also when there was none; false when the file cannot be written.
     bool SupprimerCle(const QString& fichier, const QString& section, const QString& cle);
     /// Removes a section with its keys, as SupprimerCle.
@@ -48,6 +59,10 @@ protected:
     /// Nothing where there is no file, or where it could change and look the same.
     virtual std::optional<Empreinte> Regarder(const QString& fichier) const = 0;
     virtual Contenu Charger(const QString& fichier) const = 0;
+    /// Holds a file against other programs that write it, for as long as the result lives: between reading and
+    /// replacing it nobody's change may come in between and be lost. Null when another one holds it and does not let
+    /// go.
+    virtual std::shared_ptr<const void> Tenir(const QString& fichier) const = 0;
     /// Puts `octets` in the file's place, whole or not at all.
     virtual bool Remplacer(const QString& fichier, const QByteArray& octets) = 0;
 
@@ -58,17 +73,19 @@ private:
         Contenu contenu;
     };
     Contenu Actuel(const QString& fichier) const;
-    bool Conclure(const QString& fichier, const Contenu& avant, const QByteArray& apres);
+    bool Changer(const QString& fichier, const std::function<std::optional<QByteArray>(QByteArrayView)>& faire);
 
     mutable QHash<QString, Retenu> m_retenus;
 };
 
 /// The files of the file system. One with the read-only attribute is not written. A write goes into a new file that
-/// then takes the old one's place, so nobody ever sees half a file.
+/// then takes the old one's place, so nobody ever sees half a file. Locks are the system's, of either kind; on file
+/// systems without any a file is written all the same.
 class FichiersIniDisque : public FichiersIni
 {
 protected:
     std::optional<Empreinte> Regarder(const QString& fichier) const override;
     Contenu Charger(const QString& fichier) const override;
+    std::shared_ptr<const void> Tenir(const QString& fichier) const override;
     bool Remplacer(const QString& fichier, const QByteArray& octets) override;
 };

@@ -2,6 +2,8 @@
 
 #include "platform/PageDeCode.h"
 
+#include <QHash>
+
 #include <algorithm>
 
 namespace TexteIni {
@@ -94,7 +96,6 @@ struct Endroit
 {
     std::optional<Ligne> section;
     qsizetype finSection = 0; ///< where the next section starts, or the end
-    Ligne derniere;           ///< the last line of the section that is not blank
     std::optional<Ligne> cle;
     Contenu contenu; ///< of the key's line
 };
@@ -117,10 +118,7 @@ Endroit Trouver(QByteArrayView texte, const Nom& section, const Nom* cle)
             if (section.Est(contenu.nom))
                 endroit.section = ligne;
         }
-        if (!endroit.section || contenu.genre == Contenu::Vide)
-            continue;
-        endroit.derniere = ligne;
-        if (cle && contenu.genre == Contenu::Cle && cle->Est(contenu.nom)) {
+        if (endroit.section && cle && contenu.genre == Contenu::Cle && cle->Est(contenu.nom)) {
             endroit.cle = ligne;
             endroit.contenu = contenu;
             break;
@@ -179,13 +177,101 @@ QByteArray Concat(std::initializer_list<QByteArrayView> morceaux)
     return resultat;
 }
 
-/// Puts a line in behind `position`, which is where a line ends or the end of a text whose last line has no end.
-QByteArray Inserer(QByteArrayView texte, qsizetype position, QByteArrayView ligne)
+/// Calls `visiter` with each line of the first section of that name, the one with its name first.
+void ParcourirLignes(QByteArrayView texte, const Nom& section,
+                     const std::function<void(const Ligne& ligne, const Contenu& contenu)>& visiter)
 {
-    const QByteArrayView fin = FinDeLigne(texte);
-    const bool ouverte = position > 0 && !EstFinDeLigne(texte[position - 1]);
-    return Concat({texte.first(position), ouverte ? fin : QByteArrayView(), ligne, fin, texte.sliced(position)});
+    bool dedans = false;
+    for (qsizetype debut = 0; debut < texte.size();) {
+        const Ligne ligne = LigneA(texte, debut);
+        const Contenu contenu = Analyser(texte, ligne);
+        debut = ligne.suite;
+        if (contenu.genre == Contenu::Section) {
+            if (dedans)
+                return;
+            dedans = section.Est(contenu.nom);
+        }
+        if (dedans)
+            visiter(ligne, contenu);
+    }
 }
+
+/// A name in the case that names are compared in.
+QString Plie(QByteArrayView nom)
+{
+    QString texte = PageDeCode::VersTexte(nom);
+    for (QChar& c : texte)
+        c = c.toCaseFolded();
+    return texte;
+}
+
+/// Keys and values as a file holds them, on their way there.
+class LignesAEcrire
+{
+public:
+    /// Nothing when a file cannot hold one of them.
+    static std::optional<LignesAEcrire> De(const Cles& cles)
+    {
+        LignesAEcrire lignes;
+        lignes.m_lignes.reserve(cles.size());
+        lignes.m_places.reserve(static_cast<qsizetype>(cles.size()));
+        for (const auto& [cle, valeur] : cles) {
+            const Nom nom(cle);
+            const QByteArray octets = PageDeCode::VersOctets(valeur);
+            const QByteArrayView ecrite = JusquAuNul(octets);
+            if (!EstNomDeCle(nom.octets) || !TientSurUneLigne(ecrite))
+                return std::nullopt;
+            const size_t place = lignes.m_places.value(Plie(nom.octets), lignes.m_lignes.size());
+            if (place == lignes.m_lignes.size()) {
+                lignes.m_places.insert(Plie(nom.octets), place);
+                lignes.m_lignes.push_back({nom.octets.toByteArray(), {}});
+            }
+            lignes.m_lignes[place].valeur = ecrite.toByteArray();
+        }
+        lignes.m_reste = lignes.m_lignes.size();
+        return lignes;
+    }
+
+    qsizetype Taille() const
+    {
+        qsizetype taille = 0;
+        for (const UneLigne& ligne : m_lignes)
+            taille += ligne.nom.size() + ligne.valeur.size() + 3;
+        return taille;
+    }
+
+    /// The value for the key at hand, for the first line that has its name; null when none is to be written there.
+    const QByteArray* Prendre(QByteArrayView nom)
+    {
+        const auto place = m_places.constFind(Plie(nom));
+        if (place == m_places.cend() || m_lignes[*place].ecrite)
+            return nullptr;
+        m_lignes[*place].ecrite = true;
+        --m_reste;
+        return &m_lignes[*place].valeur;
+    }
+
+    /// Whether there are keys that have no line yet.
+    bool Reste() const { return m_reste > 0; }
+    void AjouterReste(QByteArray& texte, QByteArrayView fin) const
+    {
+        for (const UneLigne& ligne : m_lignes) {
+            if (!ligne.ecrite)
+                texte += Concat({ligne.nom, "=", ligne.valeur, fin});
+        }
+    }
+
+private:
+    struct UneLigne
+    {
+        QByteArray nom;
+        QByteArray valeur;
+        bool ecrite = false;
+    };
+    std::vector<UneLigne> m_lignes;
+    QHash<QString, size_t> m_places;
+    size_t m_reste = 0;
+};
 
 } // namespace
 
@@ -193,31 +279,68 @@ std::optional<QString> Lire(QByteArrayView texte, QStringView section, QStringVi
 {
     const Nom nomCle(cle);
     const Endroit endroit = Trouver(texte, Nom(section), &nomCle);
-    if (!endroit.cle)
-        return std::nullopt;
-    const QByteArrayView valeur = SansGuillemets(endroit.contenu.valeur);
+    return endroit.cle ? std::optional(Valeur(endroit.contenu.valeur)) : std::nullopt;
+}
+
+QString Valeur(QByteArrayView octets)
+{
+    const QByteArrayView valeur = SansGuillemets(octets);
     return PageDeCode::VersTexte(JusquAuNul(valeur.first(std::min(valeur.size(), LongueurMax))));
+}
+
+QString CommeRelue(QStringView valeur)
+{
+    const QByteArray octets = PageDeCode::VersOctets(valeur);
+    return Valeur(SansBlancs(JusquAuNul(octets)));
+}
+
+void Parcourir(QByteArrayView texte, QStringView section,
+               const std::function<void(QByteArrayView cle, QByteArrayView valeur)>& visiter)
+{
+    ParcourirLignes(texte, Nom(section), [&](const Ligne&, const Contenu& contenu) {
+        if (contenu.genre == Contenu::Cle)
+            visiter(contenu.nom, contenu.valeur);
+    });
 }
 
 std::optional<QByteArray> Ecrire(QByteArrayView texte, QStringView section, QStringView cle, QStringView valeur)
 {
+    return EcrireCles(texte, section, {{cle.toString(), valeur.toString()}});
+}
+
+std::optional<QByteArray> EcrireCles(QByteArrayView texte, QStringView section, const Cles& cles)
+{
     const Nom nomSection(section);
-    const Nom nomCle(cle);
-    const QByteArray octets = PageDeCode::VersOctets(valeur);
-    const QByteArrayView ecrite = JusquAuNul(octets);
-    if (!EstNomDeSection(nomSection.octets) || !EstNomDeCle(nomCle.octets) || !TientSurUneLigne(ecrite))
+    std::optional<LignesAEcrire> aEcrire = LignesAEcrire::De(cles);
+    if (!EstNomDeSection(nomSection.octets) || !aEcrire)
         return std::nullopt;
 
-    const Endroit endroit = Trouver(texte, nomSection, &nomCle);
-    if (endroit.cle) {
-        return Concat(
-            {texte.first(endroit.cle->debut), endroit.contenu.nom, "=", ecrite, texte.sliced(endroit.cle->fin)});
-    }
-    const QByteArray ligne = Concat({nomCle.octets, "=", ecrite});
-    if (endroit.section)
-        return Inserer(texte, endroit.derniere.suite, ligne);
-    const QByteArray avecSection = Inserer(texte, texte.size(), Concat({"[", nomSection.octets, "]"}));
-    return Inserer(avecSection, avecSection.size(), ligne);
+    QByteArray ecrit;
+    ecrit.reserve(texte.size() + aEcrire->Taille());
+    qsizetype copie = 0;           // up to where the text was taken over
+    std::optional<Ligne> derniere; // of the section, not blank
+    ParcourirLignes(texte, nomSection, [&](const Ligne& ligne, const Contenu& contenu) {
+        if (contenu.genre == Contenu::Vide)
+            return;
+        derniere = ligne;
+        if (const QByteArray* valeur = contenu.genre == Contenu::Cle ? aEcrire->Prendre(contenu.nom) : nullptr) {
+            ecrit += texte.sliced(copie, ligne.debut - copie);
+            ecrit += contenu.nom;
+            ecrit += '=';
+            ecrit += *valeur;
+            copie = ligne.fin;
+        }
+    });
+    const qsizetype place = derniere ? derniere->suite : texte.size();
+    const QByteArrayView fin = FinDeLigne(texte);
+    ecrit += texte.sliced(copie, place - copie);
+    if ((aEcrire->Reste() || !derniere) && !ecrit.isEmpty() && !EstFinDeLigne(ecrit.back()))
+        ecrit += fin;
+    if (!derniere)
+        ecrit += Concat({"[", nomSection.octets, "]", fin});
+    aEcrire->AjouterReste(ecrit, fin);
+    ecrit += texte.sliced(place);
+    return ecrit;
 }
 
 QByteArray SupprimerCle(QByteArrayView texte, QStringView section, QStringView cle)

@@ -10,7 +10,10 @@
 #include <QString>
 #include <QStringView>
 
+#include <functional>
 #include <optional>
+#include <utility>
+#include <vector>
 
 namespace TexteIni {
 
@@ -21,10 +24,24 @@ constexpr qsizetype LongueurMax = 1024;
 /// there is no such key in the first section of that name.
 std::optional<QString> Lire(QByteArrayView texte, QStringView section, QStringView cle);
 
+/// Hands over each key of the first section of that name with the bytes behind its "=", in file order, from first to
+/// last in one pass. Of two keys that share a name Lire knows the first.
+void Parcourir(QByteArrayView texte, QStringView section,
+               const std::function<void(QByteArrayView cle, QByteArrayView valeur)>& visiter);
+/// What Lire gives for these bytes behind a "=".
+QString Valeur(QByteArrayView octets);
+/// What Lire gives once this value was written.
+QString CommeRelue(QStringView valeur);
+
 /// The text with the key's line replaced or added, and the section added at the end when it is missing. Nothing when
 /// an ini file cannot hold it: a line break in name or value, an empty key, a key with "=" in it or that starts with
 /// "[" or ";", a section with "]" in it. A value is cut at the first NUL.
 std::optional<QByteArray> Ecrire(QByteArrayView texte, QStringView section, QStringView cle, QStringView valeur);
+
+/// The same for several keys, as if they were written one after the other, in one pass. Nothing when one of them cannot
+/// be held.
+using Cles = std::vector<std::pair<QString, QString>>; ///< names and values
+std::optional<QByteArray> EcrireCles(QByteArrayView texte, QStringView section, const Cles& cles);
 
 /// The text without the key's line.
 QByteArray SupprimerCle(QByteArrayView texte, QStringView section, QStringView cle);

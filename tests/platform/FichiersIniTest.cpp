@@ -11,7 +11,10 @@
 
 #include <csignal>
 #include <cstdio>
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/resource.h>
+#include <thread>
 
 namespace {
 
@@ -304,6 +307,71 @@ TEST(FichiersIniTest, TellsAReadThatFailedFromAFileThatIsClosed)
     EXPECT_EQ(ini.Lire("ferme", "s", "k").erreur, "");
     EXPECT_EQ(ini.Lire("casse", "s", "k").erreur, "Input/output error");
     EXPECT_EQ(ini.Lire("casse", "s", "k").valeur, std::nullopt);
+}
+
+TEST(FichiersIniTest, WritesSeveralKeysInOneGo)
+{
+    FichiersIniEnMemoire ini;
+    EXPECT_TRUE(ini.EcrireCles("a", "s", {{"k", "1"}, {"l", "2"}}));
+    EXPECT_EQ(ini.fichiers["a"], "[s]\r\nk=1\r\nl=2\r\n");
+    EXPECT_EQ(ini.ecritures, 1);
+}
+
+TEST(FichiersIniTest, WritesNothingThatAnotherProgramHolds)
+{
+    FichiersIniEnMemoire ini;
+    ini.fichiers["a"] = "[s]\nk=1\n";
+    ini.tenus = {"a"};
+    EXPECT_FALSE(ini.Ecrire("a", "s", "k", "2"));
+    EXPECT_FALSE(ini.EcrireCles("a", "s", {{"k", "2"}}));
+    EXPECT_FALSE(ini.SupprimerCle("a", "s", "k"));
+    EXPECT_EQ(ini.Lire("a", "s", "k").valeur, "1");
+}
+
+TEST(FichiersIniTest, TellsASectionThatCannotBeReadFromOneThatIsNotThere)
+{
+    FichiersIniEnMemoire ini;
+    ini.fichiers["a"] = "[s]\nk=1\n";
+    const auto rien = [](QByteArrayView, QByteArrayView) {};
+    EXPECT_TRUE(ini.ParcourirSection("a", "s", rien));
+    EXPECT_TRUE(ini.ParcourirSection("a", "t", rien));
+    EXPECT_TRUE(ini.ParcourirSection("b", "s", rien));
+    ini.fermes = {"a"};
+    EXPECT_FALSE(ini.ParcourirSection("a", "s", rien));
+}
+
+TEST_F(FichiersIniDisqueTest, WaitsForLocksOfBothKindsAndGivesUp)
+{
+    const QString fichier = m_dossier.Ecrire("a.ini", "[s]\nk=1\n");
+    for (const bool parPlage : {false, true}) {
+        QFile autre(fichier);
+        ASSERT_TRUE(autre.open(QIODevice::ReadWrite));
+        struct flock verrou
+        {
+        };
+        verrou.l_type = F_WRLCK;
+        ASSERT_EQ(parPlage ? fcntl(autre.handle(), F_OFD_SETLK, &verrou) : flock(autre.handle(), LOCK_EX), 0);
+        EXPECT_FALSE(m_ini.Ecrire(fichier, "s", "k", "2")) << parPlage;
+        EXPECT_EQ(m_dossier.Lire("a.ini"), "[s]\nk=1\n");
+    }
+    EXPECT_TRUE(m_ini.Ecrire(fichier, "s", "k", "2")) << "nobody holds it any more";
+}
+
+TEST_F(FichiersIniDisqueTest, TwoThatWriteInTurnLoseNothing)
+{
+    const QString fichier = m_dossier.Fichier("a.ini");
+    ASSERT_TRUE(m_ini.Ecrire(fichier, "s", "k", "1"));
+    const auto ecrire = [&fichier](const QString& debut) {
+        FichiersIniDisque ini;
+        for (int i = 0; i < 20; ++i) {
+            while (!ini.Ecrire(fichier, "s", debut + QString::number(i), "1")) {
+            }
+        }
+    };
+    std::thread autre(ecrire, QStringLiteral("a"));
+    ecrire(QStringLiteral("b"));
+    autre.join();
+    EXPECT_EQ(m_dossier.Lire("a.ini").count("=1"), 41);
 }
 
 } // namespace

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 const QByteArray s_fichier = Lignes(
@@ -205,6 +207,43 @@ TEST(TexteIniEcrire, RefusesWhatAnIniFileCannotHold)
         EXPECT_EQ(TexteIni::Ecrire("[s]\n", u"s", cle, u"1"), std::nullopt) << cle.toStdString();
     for (const QString& section : {QStringLiteral("a]b"), QStringLiteral("a\rb"), QString::fromLatin1("\0", 1)})
         EXPECT_EQ(TexteIni::Ecrire("[s]\n", section, u"k", u"1"), std::nullopt) << section.toStdString();
+}
+
+TEST(TexteIniEcrireCles, WritesAsIfOneWereWrittenAfterTheOther)
+{
+    const TexteIni::Cles cles{{"b", "2"}, {"A", "1"}, {"é", "3"}, {"c", ""}, {"b", "4"}};
+    for (const char* avant :
+         {"", "x", "[s]", "[s]\n", "[s]\r\na=0\r\n\r\n[t]\r\nb=9\r\n", "[t]\nb=9", "[s]\n a = 0\nB=7\nb=8\n; c\n\n",
+          "[s]\nx=1\nb=2\n[s]\nc=3", "[s]\nc=3", "[s]\r\xC9=0\r"}) {
+        std::optional<QByteArray> attendu = avant;
+        for (const auto& [cle, valeur] : cles)
+            attendu = TexteIni::Ecrire(*attendu, u"s", cle, valeur);
+        EXPECT_EQ(TexteIni::EcrireCles(avant, u"s", cles), attendu) << avant;
+    }
+    EXPECT_EQ(TexteIni::EcrireCles("[s]\na=0\n\n[t]\n", u"s", {{"b", "2"}, {"a", "1"}}), "[s]\na=1\nb=2\n\n[t]\n");
+}
+
+TEST(TexteIniEcrireCles, WritesNoneWhenOneCannotBeHeld)
+{
+    EXPECT_EQ(TexteIni::EcrireCles("", u"s", {{"a", "1"}, {"b", "2\n3"}}), std::nullopt);
+}
+
+TEST(TexteIniParcourir, HandsOverTheKeysOfTheFirstSectionOfThatName)
+{
+    QByteArrayList vues;
+    TexteIni::Parcourir("x=0\n[S]\n b = \"2\" \n;c=3\n\nz\nB=4\n[s]\nd=5\n", u"s",
+                        [&vues](QByteArrayView cle, QByteArrayView valeur) {
+                            vues.append(cle.toByteArray() + ':' + TexteIni::Valeur(valeur).toUtf8());
+                        });
+    EXPECT_EQ(vues, QByteArrayList({"b:2", "B:4"}));
+}
+
+TEST(TexteIniCommeRelue, IsWhatIsReadOnceItWasWritten)
+{
+    for (const QString& valeur : {u"Paul|p@x.fr"_s, u" a "_s, u"\"a\""_s, u"Łódź"_s, u""_s, u"'"_s, QString(2000, u'é'),
+                                  QString::fromLatin1("a\0b", 3)})
+        EXPECT_EQ(TexteIni::CommeRelue(valeur), TexteIni::Lire(*TexteIni::Ecrire("", u"s", u"k", valeur), u"s", u"k"))
+            << valeur.toStdString();
 }
 
 TEST(TexteIniSupprimer, TakesTheLineOfAKeyOut)

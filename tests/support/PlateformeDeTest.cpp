@@ -46,6 +46,11 @@ FichiersIni::Contenu FichiersIniEnMemoire::Charger(const QString& fichier) const
     return {Contenu::Lu, fichiers.value(fichier), {}};
 }
 
+std::shared_ptr<const void> FichiersIniEnMemoire::Tenir(const QString& fichier) const
+{
+    return tenus.contains(fichier) ? nullptr : std::make_shared<char>();
+}
+
 bool FichiersIniEnMemoire::Remplacer(const QString& fichier, const QByteArray& octets)
 {
     if (proteges.contains(fichier))

@@ -34,6 +34,7 @@ public:
     QSet<QString> fermes;   ///< files that cannot be opened
     QSet<QString> casses;   ///< files whose reading fails with `erreur`
     QSet<QString> proteges; ///< files that cannot be written
+    QSet<QString> tenus;    ///< files that another program holds
     QString erreur = QStringLiteral("Input/output error");
     int ecritures = 0;
     mutable int lectures = 0; ///< how often a file was read whole
@@ -42,6 +43,7 @@ public:
 protected:
     std::optional<Empreinte> Regarder(const QString& fichier) const override;
     Contenu Charger(const QString& fichier) const override;
+    std::shared_ptr<const void> Tenir(const QString& fichier) const override;
     bool Remplacer(const QString& fichier, const QByteArray& octets) override;
 };
 
