@@ -4,54 +4,10 @@
 #include "catalogue/table/Collation.h"
 #include "catalogue/texte/Dependance.h"
 #include "catalogue/texte/QrtClass.h"
+#include "catalogue/texte/ValeursVues.h"
 #include "images/FichierImage.h"
 
-#include <QHash>
-#include <QSet>
-
 #include <algorithm>
-
-namespace {
-
-/// Values seen so far, as one text "|value|value|" in which a value is looked for between its bars. A value with a bar
-/// in it is therefore found also across two others, and its parts are found alone.
-class ValeursVues
-{
-public:
-    void Ajouter(const QString& valeur)
-    {
-        if (Contient(valeur))
-            return;
-        for (const QString& partie : valeur.split(u'|'))
-            m_parties.insert(partie);
-        m_texte += valeur + u'|';
-    }
-
-    bool Contient(const QString& valeur)
-    {
-        return valeur.contains(u'|') ? ContientParties(valeur) : m_parties.contains(valeur);
-    }
-
-private:
-    /// Only pasted values hold bars. Each of them looks through the text once, however many entries have it.
-    bool ContientParties(const QString& valeur)
-    {
-        qsizetype& cherchee = m_cherchees[valeur];
-        if (cherchee == Trouvee)
-            return true;
-        const QString avecBarres = u'|' + valeur + u'|';
-        const bool trouvee = m_texte.indexOf(avecBarres, cherchee) >= 0;
-        cherchee = trouvee ? Trouvee : qMax<qsizetype>(m_texte.size() - avecBarres.size() + 1, 0);
-        return trouvee;
-    }
-
-    static constexpr qsizetype Trouvee = -1;
-    QString m_texte{u'|'};
-    QSet<QString> m_parties;
-    QHash<QString, qsizetype> m_cherchees; // where to go on looking
-};
-
-} // namespace
 
 void ListeASupprimer::Remplir(bool avecDependantes, Avancement& avancement)
 {

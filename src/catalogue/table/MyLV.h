@@ -133,6 +133,9 @@ public:
     void SetText(const QString& texte);
     /// False when i is outside its range.
     bool SetSubItems(int i, const QString& texte);
+    /// The value of column `colonne` (from 1), for who writes the same text into many entries. False when there is no
+    /// such column.
+    bool EcrireUtf8(int colonne, QByteArrayView utf8);
 
     /// Takes the cell i out; those behind it move one to the left. False when it was never written.
     bool RetirerCellule(int i);
@@ -296,7 +299,8 @@ private:
     stockage::EntreeStockee StockageDuRang(uint32_t rang, stockage::Place place = {}) const;
     stockage::Cellule Cellule(uint32_t rang, int cellule) const;
     void Reecrire(uint32_t rang, const stockage::Rangee& rangee);
-    void EcrireCellule(uint32_t rang, int cellule, const QString& texte);
+    void PoserBloc(uint32_t rang, char* bloc);
+    void EcrireCellule(uint32_t rang, int cellule, QByteArrayView utf8);
     void LibererBloc(uint32_t rang);
     uint32_t NouveauRang();
     void ViderEntrees();

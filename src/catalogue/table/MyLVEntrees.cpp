@@ -69,7 +69,11 @@ void MyLV::LibererBloc(uint32_t rang)
 
 void MyLV::Reecrire(uint32_t rang, const Rangee& rangee)
 {
-    char* bloc = stockage::NouveauBloc(rangee);
+    PoserBloc(rang, stockage::NouveauBloc(rangee));
+}
+
+void MyLV::PoserBloc(uint32_t rang, char* bloc)
+{
     LibererBloc(rang);
     m_refs[rang] = reinterpret_cast<uint64_t>(bloc);
     m_longueurs[rang] = 0;
@@ -78,13 +82,9 @@ void MyLV::Reecrire(uint32_t rang, const Rangee& rangee)
     ChangeLigne(rang, &ChangementsTable::valeurs);
 }
 
-void MyLV::EcrireCellule(uint32_t rang, int cellule, const QString& texte)
+void MyLV::EcrireCellule(uint32_t rang, int cellule, QByteArrayView utf8)
 {
-    Rangee rangee = StockageDuRang(rang).Lire();
-    if (rangee.cellules.size() <= static_cast<size_t>(cellule))
-        rangee.cellules.resize(static_cast<size_t>(cellule) + 1);
-    rangee.cellules[static_cast<size_t>(cellule)] = texte;
-    Reecrire(rang, rangee);
+    PoserBloc(rang, stockage::BlocAvecCellule(StockageDuRang(rang), cellule, utf8));
 }
 
 uint32_t MyLV::NouveauRang()
@@ -131,7 +131,7 @@ QString ListItemLu::Text() const
 
 void ListItem::SetText(const QString& texte)
 {
-    m_table->EcrireCellule(m_rang, 0, texte);
+    m_table->EcrireCellule(m_rang, 0, texte.toUtf8());
 }
 
 QString ListItemLu::SubItems(int i) const
@@ -143,7 +143,15 @@ bool ListItem::SetSubItems(int i, const QString& texte)
 {
     if (i < 1 || i >= m_table->ColumnHeaders.Count())
         return false;
-    m_table->EcrireCellule(m_rang, i, texte);
+    m_table->EcrireCellule(m_rang, i, texte.toUtf8());
+    return true;
+}
+
+bool ListItem::EcrireUtf8(int colonne, QByteArrayView utf8)
+{
+    if (!m_table->ColumnHeaders.Existe(colonne))
+        return false;
+    m_table->EcrireCellule(m_rang, colonne - 1, utf8);
     return true;
 }
 

@@ -48,6 +48,44 @@ Cellule ChampDeBloc(const char* bloc, uint32_t champ)
     return {texte + debut, fin - debut, Codage::Utf8, true};
 }
 
+/// A block while its cells are put together.
+class Ebauche
+{
+public:
+    explicit Ebauche(size_t cellules)
+    {
+        m_texte.reserve(OctetsUsuels);
+        m_debuts.reserve(cellules + 2);
+    }
+
+    void Ajouter(QByteArrayView utf8)
+    {
+        m_debuts.push_back(static_cast<uint32_t>(m_texte.size()));
+        m_texte.append(utf8);
+    }
+    /// A cell that was never written.
+    void Sauter() { m_debuts.push_back(static_cast<uint32_t>(m_texte.size()) | JamaisEcrite); }
+
+    char* Finir(QByteArrayView image)
+    {
+        const auto nombre = static_cast<uint32_t>(m_debuts.size());
+        Ajouter(image);
+        m_debuts.push_back(static_cast<uint32_t>(m_texte.size()));
+        const size_t entete = TailleEntete(nombre);
+        auto* bloc = static_cast<char*>(std::malloc(entete + static_cast<size_t>(m_texte.size())));
+        if (!bloc)
+            throw std::bad_alloc();
+        std::memcpy(bloc, &nombre, sizeof nombre);
+        std::memcpy(bloc + sizeof nombre, m_debuts.data(), entete - sizeof nombre);
+        std::memcpy(bloc + entete, m_texte.constData(), static_cast<size_t>(m_texte.size()));
+        return bloc;
+    }
+
+private:
+    QByteArray m_texte;
+    std::vector<uint32_t> m_debuts;
+};
+
 } // namespace
 
 QString Cellule::Texte() const
@@ -132,10 +170,15 @@ Cellule EntreeStockee::Image() const
     return ChampDeBloc(m_octets, NombreDeCellules(m_octets));
 }
 
+int EntreeStockee::Places() const
+{
+    return EstTranche() ? std::max(1, m_colonnes) : static_cast<int>(NombreDeCellules(m_octets));
+}
+
 Rangee EntreeStockee::Lire() const
 {
     Rangee rangee;
-    const int nombre = EstTranche() ? std::max(1, m_colonnes) : static_cast<int>(NombreDeCellules(m_octets));
+    const int nombre = Places();
     rangee.cellules.reserve(static_cast<size_t>(std::min(nombre, ColonnesUsuelles))); // a file may claim any number
     for (int i = 0; i < nombre; ++i) {
         const Cellule cellule = Champ(i);
@@ -149,28 +192,41 @@ Rangee EntreeStockee::Lire() const
 
 char* NouveauBloc(const Rangee& rangee)
 {
-    const auto nombre = static_cast<uint32_t>(rangee.cellules.size());
+    Ebauche ebauche(rangee.cellules.size());
+    for (const std::optional<QString>& cellule : rangee.cellules) {
+        if (cellule)
+            ebauche.Ajouter(cellule->toUtf8());
+        else
+            ebauche.Sauter();
+    }
+    return ebauche.Finir(rangee.image.toUtf8());
+}
+
+char* BlocAvecCellule(const EntreeStockee& entree, int cellule, QByteArrayView utf8)
+{
+    const int nombre = entree.Places();
+    Ebauche ebauche(static_cast<size_t>(std::min(std::max(nombre, cellule + 1), ColonnesUsuelles)));
     QByteArray texte;
     texte.reserve(OctetsUsuels);
-    std::vector<uint32_t> entete;
-    entete.reserve(nombre + 3);
-    entete.push_back(nombre);
-    for (const std::optional<QString>& cellule : rangee.cellules) {
-        entete.push_back(static_cast<uint32_t>(texte.size()) | (cellule ? 0 : JamaisEcrite));
-        if (cellule)
-            texte += cellule->toUtf8();
+    bool aLaFin = false; // the fields behind are missing too, and get no place
+    for (int i = 0; i < nombre || i <= cellule; ++i) {
+        const Cellule la = aLaFin || i >= nombre ? Cellule() : entree.Champ(i);
+        aLaFin = aLaFin || (entree.EstTranche() && !la.existe);
+        if (aLaFin && i > cellule)
+            break;
+        if (i == cellule) {
+            ebauche.Ajouter(utf8);
+        } else if (la.existe) {
+            texte.resize(0);
+            la.AjouterEnUtf8(texte);
+            ebauche.Ajouter(texte);
+        } else {
+            ebauche.Sauter();
+        }
     }
-    entete.push_back(static_cast<uint32_t>(texte.size()));
-    texte += rangee.image.toUtf8();
-    entete.push_back(static_cast<uint32_t>(texte.size()));
-
-    const size_t taille = TailleEntete(nombre) + static_cast<size_t>(texte.size());
-    auto* bloc = static_cast<char*>(std::malloc(taille));
-    if (!bloc)
-        throw std::bad_alloc();
-    std::memcpy(bloc, entete.data(), TailleEntete(nombre));
-    std::memcpy(bloc + TailleEntete(nombre), texte.constData(), static_cast<size_t>(texte.size()));
-    return bloc;
+    texte.resize(0);
+    entree.Image().AjouterEnUtf8(texte);
+    return ebauche.Finir(texte);
 }
 
 void LibererBloc(char* bloc)

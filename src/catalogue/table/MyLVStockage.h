@@ -114,6 +114,8 @@ public:
     Cellule Image() const;
     /// All cells there are room for, and the image.
     Rangee Lire() const;
+    /// How many cells Lire reads at most.
+    int Places() const;
 
     /// For the next reader of this slice.
     Place PlaceLue() const { return m_place; }
@@ -133,6 +135,8 @@ private:
 
 /// Blocks of edited entries: one allocation an entry, UTF-8 inside.
 char* NouveauBloc(const Rangee& rangee);
+/// The block of the entry with another text, in UTF-8, in one cell. Cheap: no text of the others is decoded.
+char* BlocAvecCellule(const EntreeStockee& entree, int cellule, QByteArrayView utf8);
 void LibererBloc(char* bloc);
 size_t TailleBloc(const char* bloc);
 

@@ -136,3 +136,32 @@ TEST(MyLVLarge, NothingIsRememberedOfWhatWasThereBefore)
     EXPECT_EQ(t.table.ListItems(1).Valeur(51), "neuf");
     EXPECT_EQ(t.table.ListItems(1).Valeur(52), "v49");
 }
+
+TEST(BlocAvecCellule, IsTheBlockOfTheEntryWithThatTextInThatCell)
+{
+    const auto relire = [](const stockage::EntreeStockee& entree, int cellule, const QByteArray& utf8) {
+        char* bloc = stockage::BlocAvecCellule(entree, cellule, utf8);
+        const stockage::Rangee lue =
+            stockage::EntreeStockee(bloc, 0, stockage::Codage::Utf8, 0, stockage::EnBloc).Lire();
+        stockage::LibererBloc(bloc);
+        return lue;
+    };
+    const auto attendre = [&relire](const stockage::EntreeStockee& entree) {
+        for (int cellule = 0; cellule < 5; ++cellule) {
+            stockage::Rangee attendue = entree.Lire();
+            if (attendue.cellules.size() <= static_cast<size_t>(cellule))
+                attendue.cellules.resize(static_cast<size_t>(cellule) + 1);
+            attendue.cellules[static_cast<size_t>(cellule)] = QStringLiteral("neuf é");
+            const stockage::Rangee lue = relire(entree, cellule, "neuf \xC3\xA9");
+            EXPECT_EQ(lue.cellules, attendue.cellules) << cellule;
+            EXPECT_EQ(lue.image, attendue.image) << cellule;
+        }
+    };
+    for (const char* tranche : {"", "a", "a|b", "a|\xE9|c|\xE9.png", "||", "a|b|c|i.png|x|y"}) {
+        const QByteArray octets = tranche;
+        attendre(EntreeDe(octets, 3));
+    }
+    char* bloc = stockage::NouveauBloc({{std::nullopt, QStringLiteral("b"), std::nullopt}, QStringLiteral("é.png")});
+    attendre(stockage::EntreeStockee(bloc, 0, stockage::Codage::Utf8, 0, stockage::EnBloc));
+    stockage::LibererBloc(bloc);
+}

@@ -108,7 +108,11 @@ TEST(MyLV, ACellOutsideTheColumnsIsRefused)
     ListItem entree = table.ListItems.Add(0, "k1", "a");
     EXPECT_FALSE(entree.SetSubItems(0, "x"));
     EXPECT_FALSE(entree.SetSubItems(2, "x"));
+    EXPECT_FALSE(entree.EcrireUtf8(0, "x"));
+    EXPECT_FALSE(entree.EcrireUtf8(3, "x"));
     EXPECT_EQ(entree.Valeurs(), Textes({"a", ""}));
+    EXPECT_TRUE(entree.EcrireUtf8(2, "\xC3\xA9"));
+    EXPECT_EQ(entree.Valeurs(), Textes({"a", "é"}));
 }
 
 TEST(MyLV, RemovingAndInsertingCellsMovesThoseBehind)
