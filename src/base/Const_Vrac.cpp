@@ -2,7 +2,10 @@
 
 #include "base/Nombres.h"
 #include "base/Options.h"
+#include "platform/PageDeCode.h"
 #include "platform/Plateforme.h"
+
+#include <QFile>
 
 #include <algorithm>
 
@@ -56,6 +59,20 @@ QString LireIni(const QString& fichier, const QString& section, const QString& c
 bool EcrireIni(const QString& fichier, const QString& section, const QString& cle, const QString& valeur)
 {
     return plateforme().ini->Ecrire(fichier, section, cle, valeur);
+}
+
+bool CreerIni(const QString& fichier, const QString& texte)
+{
+    const QByteArray octets = PageDeCode::VersOctets(texte);
+    // NewOnly: a file that appears meanwhile is not overwritten.
+    QFile neuf(fichier);
+    if (!neuf.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+        return false;
+    const bool ecrit = neuf.write(octets) == octets.size() && neuf.flush();
+    neuf.close();
+    if (!ecrit)
+        neuf.remove();
+    return ecrit;
 }
 
 void EnregistrerAssociation()

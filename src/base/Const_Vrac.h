@@ -27,6 +27,9 @@ QString LireIni(const QString& fichier, const QString& section, const QString& c
 /// the text (see TexteIni::Ecrire): it is then as it was.
 bool EcrireIni(const QString& fichier, const QString& section, const QString& cle, const QString& valeur);
 
+/// Makes an ini file with this text, in the code page. False when there is a file already, or none can be made.
+bool CreerIni(const QString& fichier, const QString& texte);
+
 /// Associates catalogue files with the program. Failures are not looked at.
 void EnregistrerAssociation();
 

@@ -2,9 +2,7 @@
 
 #include "base/Const_Vrac.h"
 #include "base/Options.h"
-#include "platform/PageDeCode.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 namespace {
@@ -60,25 +58,17 @@ SuiteDemarrage Main(const QString& ligneDeCommande, EtapesDemarrage& etapes)
 
 void CreerZelvaneIni()
 {
-    const QByteArray contenu = PageDeCode::VersOctets(
-        QStringLiteral("[FileInfo]\r\n"
-                       "Type=QRT INI FILE\r\n"
-                       "Version=2.1\r\n"
-                       "\r\n"
-                       "[Preter]\r\n"
-                       "count=0\r\n"
-                       "\r\n"
-                       "[Internet]\r\n"
-                       "  #Parametre du proxy? mettre Use proxy à 0 (pas de proxy) ou 1 (proxy)\r\n"
-                       "UseProxy=0\r\n"
-                       "HostProxy=\r\n"
-                       "PortProxy=\r\n"));
-    // NewOnly: a file that appears meanwhile is not overwritten.
-    QFile fichier(FichierZelvaneIni());
-    if (!fichier.open(QIODevice::WriteOnly | QIODevice::NewOnly))
-        return;
-    const bool ecrit = fichier.write(contenu) == contenu.size() && fichier.flush();
-    fichier.close();
-    if (!ecrit)
-        fichier.remove();
+    CreerIni(FichierZelvaneIni(),
+             QStringLiteral("[FileInfo]\r\n"
+                            "Type=QRT INI FILE\r\n"
+                            "Version=2.1\r\n"
+                            "\r\n"
+                            "[Preter]\r\n"
+                            "count=0\r\n"
+                            "\r\n"
+                            "[Internet]\r\n"
+                            "  #Parametre du proxy? mettre Use proxy à 0 (pas de proxy) ou 1 (proxy)\r\n"
+                            "UseProxy=0\r\n"
+                            "HostProxy=\r\n"
+                            "PortProxy=\r\n"));
 }
