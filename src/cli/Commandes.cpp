@@ -2,14 +2,12 @@
 
 #include "base/AfficherMsg.h"
 #include "base/Nombres.h"
-#include "catalogue/archive/PlaceDuFichier.h"
 #include "catalogue/archive/ccZip.h"
 #include "catalogue/documents/ChargerCatalogue.h"
-#include "catalogue/documents/FichiersDisparus.h"
 #include "catalogue/texte/Categorie.h"
-#include "catalogue/texte/EcritureQrt.h"
 #include "catalogue/texte/TypeFichier.h"
 #include "cli/Catalogue.h"
+#include "cli/CommandeColumn.h"
 #include "cli/CommandeCompare.h"
 #include "cli/CommandeExport.h"
 #include "cli/CommandeSearch.h"
@@ -17,13 +15,9 @@
 #include "cli/Console.h"
 #include "cli/Json.h"
 #include "cli/Lister.h"
+#include "cli/Sortie.h"
 #include "extensions/langue/modLang.h"
-#include "platform/NomsSysteme.h"
 #include "platform/Presence.h"
-
-#include <QFile>
-
-#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -108,71 +102,13 @@ Statut ExecuterList(const LigneDeCommande& ligne)
 
 // ---- convert
 
-/// A folder beside the file to be written, in which it is made: renaming it there replaces the old one at once.
-QString DossierVoisin(const QString& chemin)
-{
-    QByteArray nom = OctetsDuChemin(DossierDuChemin(chemin) + u"/.zelvane-XXXXXX"_s);
-    return mkdtemp(nom.data()) ? CheminDesOctets(nom) + u'/' : QString();
-}
-
-bool EcrireDans(Categorie& doc, const QString& chemin, FormeFichier forme)
-{
-    doc.SetCheminReel(chemin);
-    const bool ecrit = forme == TexteSeul ? EcrireFichier14(doc, false) : doc.Ecrire(false) == IssueEcriture::Entiere;
-    return ecrit && doc.Forcer();
-}
-
-/// Gives the new file what the one that it replaces has: its owner and who may read it.
-void HeriterDroits(const QString& neuf, const struct stat& ancien)
-{
-    QFile fichier;
-    if (OuvrirParChemin(fichier, neuf, QIODevice::ReadWrite | QIODevice::ExistingOnly))
-        TransmettreDroits(fichier.handle(), ancien);
-}
-
-/// Writes the document beside `sortie` and puts it in its place once it is whole.
-bool Remplacer(Categorie& doc, const QString& sortie, FormeFichier forme)
-{
-    // Through a link the file that it names is replaced, not the link; what is no file is never replaced.
-    const QString destination = CibleDesLiens(CheminAbsolu(sortie));
-    PlaceDuFichier place(destination);
-    if (!place.Prendre() || (place.Ancien() && !S_ISREG(place.Ancien()->st_mode)))
-        return false;
-    const DossierPassager voisin([&destination] { return DossierVoisin(destination); });
-    if (voisin.Chemin().isEmpty())
-        return false;
-    const QString neuf = voisin.Chemin() + u"categorie.qrt"_s;
-    bool fait = EcrireDans(doc, neuf, forme);
-    if (fait && place.Ancien())
-        HeriterDroits(neuf, *place.Ancien());
-    fait = fait && RenommerParChemin(neuf, destination);
-    if (!fait)
-        SupprimerParChemin(neuf); // by its name: a disk with errors may not list it any more
-    return fait;
-}
-
 Statut ExecuterConvert(const LigneDeCommande& ligne)
 {
     const QString& sortie = ligne.arguments[1];
-    const FormeFichier forme = ligne.Valeur(u"format"_s) == u"1.4" ? TexteSeul : Archive;
-    const bool force = ligne.A(u"force"_s);
-    if ((PeutExister(sortie) || EstLien(sortie)) && !force) {
-        AfficherMsg(LangMsg(u"msg59"_s, u"Le fichier existe deja, voulez-vous le remplacer?"_s), MsgOuiNonAnnuler,
-                    sortie);
+    if (!SortieLibre(ligne, sortie))
         return Echec;
-    }
     const auto catalogue = CatalogueOuvert::Ouvrir(ligne.arguments[0]);
-    if (!catalogue)
-        return Echec;
-    if (forme == TexteSeul && !force && !AccepterPerteDeCaracteres(catalogue->doc))
-        return Echec;
-    if (forme == Archive && !RetablirDisparus(catalogue->doc))
-        return Echec;
-    if (Remplacer(catalogue->doc, sortie, forme))
-        return Fait;
-    AfficherMsg(LangMsg(u"msg62"_s, u"Erreur d'enregistrement !"_s), MsgOk, QString());
-    DireErreur(u"Le fichier n'a pas pu être écrit : "_s + sortie);
-    return Echec;
+    return catalogue ? EcrireSortie(ligne, catalogue->doc, sortie, FormeDemandee(ligne, Archive)) : Echec;
 }
 
 } // namespace
@@ -196,61 +132,57 @@ const QList<Commande>& LesCommandes()
 {
     static const OptionConnue motDePasse{u"password-file"_s, u"FICHIER"_s,
                                          u"fichier dont la première ligne est le mot de passe"_s};
-    static const QList<Commande> commandes{
-        {u"type"_s,
-         u"FICHIER"_s,
-         1,
-         u"affiche 0 (pas une catégorie), 1 (texte 1.4) ou 2 (archive)"_s,
-         {},
-         ExecuterType},
-        {u"list"_s,
-         u"FICHIER"_s,
-         1,
-         u"affiche les colonnes et les entrées"_s,
-         {{u"json"_s, QString(), u"en JSON, sur une ligne"_s}, motDePasse},
-         ExecuterList},
-        {u"convert"_s,
-         u"ENTREE SORTIE"_s,
-         2,
-         u"enregistre la catégorie dans l'autre format"_s,
-         {{u"format"_s, u"2|1.4"_s, u"format de la sortie, 2 par défaut"_s, {u"2"_s, u"1.4"_s}},
-          {u"force"_s, QString(), u"remplace un fichier existant et accepte la perte de caractères"_s},
-          motDePasse},
-         ExecuterConvert},
-        {u"search"_s,
-         u"FICHIER TEXTE"_s,
-         2,
-         u"affiche les entrées qui contiennent un texte"_s,
-         {{u"columns"_s, u"LISTE"_s, u"cherche dans ces colonnes seulement : 1,3,5-8"_s},
-          {u"json"_s, QString(), u"en JSON, sur une ligne"_s},
-          motDePasse},
-         ExecuterSearch},
-        {u"compare"_s,
-         u"FICHIER1 FICHIER2"_s,
-         2,
-         u"affiche les entrées qui manquent à l'une des deux catégories"_s,
-         {{u"columns"_s, u"N,M"_s,
-           u"compare la colonne N de la première et la colonne M de la seconde, 1,1 par défaut"_s},
-          {u"json"_s, QString(), u"en JSON, sur une ligne"_s},
-          motDePasse},
-         ExecuterCompare},
-        {u"export"_s,
-         u"FICHIER SORTIE"_s,
-         2,
-         u"écrit une page, un texte encadré ou un tableau ; une sortie qui existe est remplacée"_s,
-         {{u"as"_s, GenresExport().join(u'|'),
-           u"page avec images ou sans, texte encadré, points-virgules, tabulations"_s, GenresExport()},
-          {u"columns"_s, u"LISTE"_s, u"coche ces colonnes seulement : 1,3,5-8"_s},
-          {u"select"_s, u"LISTE"_s, u"exporte ces entrées seulement : 1,3,5-8"_s},
-          {u"number"_s, QString(), u"numérote les entrées"_s},
-          motDePasse},
-         ExecuterExport},
-        {u"stats"_s,
-         u"FICHIER"_s,
-         1,
-         u"affiche ce qui est prêté, à qui et depuis quand"_s,
-         {motDePasse},
-         ExecuterStats},
-    };
+    static const QList<Commande> commandes =
+        QList<Commande>{
+            {u"type"_s,
+             u"FICHIER"_s,
+             1,
+             u"affiche 0 (pas une catégorie), 1 (texte 1.4) ou 2 (archive)"_s,
+             {},
+             ExecuterType},
+            {u"list"_s,
+             u"FICHIER"_s,
+             1,
+             u"affiche les colonnes et les entrées"_s,
+             {{u"json"_s, QString(), u"en JSON, sur une ligne"_s}, motDePasse},
+             ExecuterList},
+            {u"convert"_s, u"ENTREE SORTIE"_s, 2, u"enregistre la catégorie dans l'autre format"_s,
+             OptionsDeSortie(u"2"_s) + QList{motDePasse}, ExecuterConvert},
+            {u"search"_s,
+             u"FICHIER TEXTE"_s,
+             2,
+             u"affiche les entrées qui contiennent un texte"_s,
+             {{u"columns"_s, u"LISTE"_s, u"cherche dans ces colonnes seulement : 1,3,5-8"_s},
+              {u"json"_s, QString(), u"en JSON, sur une ligne"_s},
+              motDePasse},
+             ExecuterSearch},
+            {u"compare"_s,
+             u"FICHIER1 FICHIER2"_s,
+             2,
+             u"affiche les entrées qui manquent à l'une des deux catégories"_s,
+             {{u"columns"_s, u"N,M"_s,
+               u"compare la colonne N de la première et la colonne M de la seconde, 1,1 par défaut"_s},
+              {u"json"_s, QString(), u"en JSON, sur une ligne"_s},
+              motDePasse},
+             ExecuterCompare},
+            {u"export"_s,
+             u"FICHIER SORTIE"_s,
+             2,
+             u"écrit une page, un texte encadré ou un tableau ; une sortie qui existe est remplacée"_s,
+             {{u"as"_s, GenresExport().join(u'|'),
+               u"page avec images ou sans, texte encadré, points-virgules, tabulations"_s, GenresExport()},
+              {u"columns"_s, u"LISTE"_s, u"coche ces colonnes seulement : 1,3,5-8"_s},
+              {u"select"_s, u"LISTE"_s, u"exporte ces entrées seulement : 1,3,5-8"_s},
+              {u"number"_s, QString(), u"numérote les entrées"_s},
+              motDePasse},
+             ExecuterExport},
+            {u"stats"_s,
+             u"FICHIER"_s,
+             1,
+             u"affiche ce qui est prêté, à qui et depuis quand"_s,
+             {motDePasse},
+             ExecuterStats},
+        } +
+        CommandesColumn({motDePasse});
     return commandes;
 }

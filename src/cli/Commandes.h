@@ -13,7 +13,7 @@ class SortieStandard;
 
 struct Commande
 {
-    QString nom;
+    QString nom;       ///< one word, or two where one word stands for several commands: "column add"
     QString arguments; ///< as the help shows them
     int nombreArguments;
     QString explication; ///< one line for the help

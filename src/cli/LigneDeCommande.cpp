@@ -41,6 +41,22 @@ QString LireOptionDeLigne(const QStringList& mots, qsizetype& i, const QList<Opt
 
 } // namespace
 
+qsizetype PremierArgument(const QStringList& mots, const QList<OptionConnue>& options)
+{
+    for (qsizetype i = 0; i < mots.size(); ++i) {
+        const QString& mot = mots[i];
+        if (mot == u"--")
+            return i + 1 < mots.size() ? i + 1 : -1;
+        if (!mot.startsWith(u'-') || mot == u"-")
+            return i;
+        // Behind an option that takes one stands its value.
+        i += std::any_of(options.begin(), options.end(), [&](const OptionConnue& option) {
+            return !option.valeur.isEmpty() && mot == u"--"_s + option.nom;
+        });
+    }
+    return -1;
+}
+
 LigneAnalysee Analyser(const QStringList& mots, const QList<OptionConnue>& options, int arguments)
 {
     const QList<OptionConnue> connues = options + QList<OptionConnue>{{u"help"_s, QString(), QString()}};

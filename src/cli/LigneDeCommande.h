@@ -36,6 +36,10 @@ struct LigneAnalysee
     QString erreur;
 };
 
+/// Place of the first argument among the words: where the first one stands that is neither an option nor the value of
+/// one; -1 when there is none.
+qsizetype PremierArgument(const QStringList& mots, const QList<OptionConnue>& options);
+
 /// Takes apart what follows the command's name. An unknown option, a missing, superfluous or impossible value, an
 /// option given twice, or a number of arguments other than `arguments` is an error. "--help" is always known and makes
 /// the number of arguments free.

@@ -4,9 +4,7 @@
 
 #include <algorithm>
 
-namespace {
-
-std::optional<int> Nombre(const QString& texte)
+std::optional<int> LireNombre(const QString& texte)
 {
     const bool chiffres = std::all_of(texte.begin(), texte.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
     bool lu = false;
@@ -14,16 +12,14 @@ std::optional<int> Nombre(const QString& texte)
     return chiffres && lu ? std::optional(nombre) : std::nullopt;
 }
 
-} // namespace
-
 std::optional<ListeDeNombres> ListeDeNombres::Lire(const QString& texte)
 {
     ListeDeNombres liste;
     const QStringList parties = texte.split(u',');
     for (const QString& partie : parties) {
         const qsizetype tiret = partie.indexOf(u'-');
-        const std::optional<int> premier = Nombre(partie.left(tiret < 0 ? partie.size() : tiret));
-        const std::optional<int> dernier = tiret < 0 ? premier : Nombre(partie.mid(tiret + 1));
+        const std::optional<int> premier = LireNombre(partie.left(tiret < 0 ? partie.size() : tiret));
+        const std::optional<int> dernier = tiret < 0 ? premier : LireNombre(partie.mid(tiret + 1));
         if (!premier || !dernier || *premier > *dernier)
             return std::nullopt;
         liste.m_plages.emplace_back(*premier, *dernier);

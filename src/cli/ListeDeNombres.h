@@ -7,6 +7,9 @@
 #include <utility>
 #include <vector>
 
+/// A number of digits alone; nothing when the text is none, or one too large.
+std::optional<int> LireNombre(const QString& texte);
+
 class ListeDeNombres
 {
 public:

@@ -30,14 +30,20 @@ Statut Afficher(const QString& texte)
     return FinirSortie(sortie);
 }
 
+QString Resumes(const QList<Commande>& commandes)
+{
+    QString resumes;
+    for (const Commande& commande : commandes)
+        resumes += u"  %1 %2\n      %3\n"_s.arg(commande.nom, commande.arguments, commande.explication);
+    return resumes;
+}
+
 QString AideGenerale()
 {
-    QString aide = u"Usage : zelvane-cli COMMANDE [OPTIONS] ARGUMENTS\n\nCommandes :\n"_s;
-    for (const Commande& commande : LesCommandes())
-        aide += u"  %1 %2\n      %3\n"_s.arg(commande.nom, commande.arguments, commande.explication);
-    return aide + u"\nzelvane-cli COMMANDE --help décrit les options d'une commande.\n"
-                  u"zelvane-cli --version affiche la version.\n"
-                  u"Statut de fin : 0 réussi, 1 échec, 2 mauvais usage.\n"_s;
+    return u"Usage : zelvane-cli COMMANDE [OPTIONS] ARGUMENTS\n\nCommandes :\n"_s + Resumes(LesCommandes()) +
+           u"\nzelvane-cli COMMANDE --help décrit les options d'une commande.\n"
+           u"zelvane-cli --version affiche la version.\n"
+           u"Statut de fin : 0 réussi, 1 échec, 2 mauvais usage.\n"_s;
 }
 
 QString AideDe(const Commande& commande)
@@ -68,6 +74,51 @@ Statut ExecuterCommande(const Commande& commande, const LigneDeCommande& ligne)
     return AvecMemoire([&] { return commande.executer(ligne); }, Echec);
 }
 
+/// The commands that share a first word.
+QList<Commande> ActionsDe(const QString& mot)
+{
+    QList<Commande> actions;
+    for (const Commande& commande : LesCommandes()) {
+        if (commande.nom.startsWith(mot + u' '))
+            actions.append(commande);
+    }
+    return actions;
+}
+
+QString AideDesActions(const QString& mot, const QList<Commande>& actions)
+{
+    return u"Usage : zelvane-cli %1 ACTION [OPTIONS] ARGUMENTS\n\nActions :\n"_s.arg(mot) + Resumes(actions) +
+           u"\nzelvane-cli %1 ACTION --help décrit les options d'une action.\n"_s.arg(mot);
+}
+
+/// `mots`: what stands behind the command's name.
+Statut AnalyserEtExecuter(const Commande& commande, const QStringList& mots)
+{
+    const LigneAnalysee analyse = Analyser(mots, commande.options, commande.nombreArguments);
+    if (!analyse.ligne)
+        return RefuserUsage(analyse.erreur, commande.nom);
+    if (analyse.ligne->A(u"help"_s))
+        return Afficher(AideDe(commande));
+    return ExecuterCommande(commande, *analyse.ligne);
+}
+
+/// `mots`: what stands behind the first word. Options may stand before the second one too.
+Statut ExecuterAction(const QString& premier, const QList<Commande>& actions, QStringList mots)
+{
+    QList<OptionConnue> options;
+    for (const Commande& action : actions)
+        options += action.options;
+    const qsizetype place = PremierArgument(mots, options);
+    if (place < 0) {
+        const bool aide = mots.contains(u"--help"_s) || mots.contains(u"-h"_s);
+        return aide ? Afficher(AideDesActions(premier, actions)) : RefuserUsage(u"action manquante"_s, premier);
+    }
+    const QString nom = premier + u' ' + mots.takeAt(place);
+    const auto action = std::find_if(actions.begin(), actions.end(), [&](const Commande& c) { return c.nom == nom; });
+    return action == actions.end() ? RefuserUsage(u"commande inconnue : "_s + nom, premier)
+                                   : AnalyserEtExecuter(*action, mots);
+}
+
 Statut Executer(const QStringList& mots)
 {
     if (mots.isEmpty())
@@ -80,14 +131,11 @@ Statut Executer(const QStringList& mots)
     const auto& commandes = LesCommandes();
     const auto commande =
         std::find_if(commandes.begin(), commandes.end(), [&](const Commande& c) { return c.nom == nom; });
-    if (commande == commandes.end())
-        return RefuserUsage(nom.startsWith(u'-') ? u"option inconnue : "_s + nom : u"commande inconnue : "_s + nom);
-    const LigneAnalysee analyse = Analyser(mots.mid(1), commande->options, commande->nombreArguments);
-    if (!analyse.ligne)
-        return RefuserUsage(analyse.erreur, nom);
-    if (analyse.ligne->A(u"help"_s))
-        return Afficher(AideDe(*commande));
-    return ExecuterCommande(*commande, *analyse.ligne);
+    if (commande != commandes.end())
+        return AnalyserEtExecuter(*commande, mots.mid(1));
+    if (const QList<Commande> actions = ActionsDe(nom); !actions.isEmpty())
+        return ExecuterAction(nom, actions, mots.mid(1));
+    return RefuserUsage(nom.startsWith(u'-') ? u"option inconnue : "_s + nom : u"commande inconnue : "_s + nom);
 }
 
 /// Before and after a command there is nothing yet, or no more, that could say it otherwise.

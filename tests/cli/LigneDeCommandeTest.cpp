@@ -36,6 +36,17 @@ TEST(LigneDeCommande, TwoDashesEndTheOptions)
     EXPECT_FALSE(analyse.ligne->A("json"));
 }
 
+TEST(LigneDeCommande, TheFirstArgumentIsNeitherAnOptionNorItsValue)
+{
+    EXPECT_EQ(PremierArgument({"a", "b"}, Connues), 0);
+    EXPECT_EQ(PremierArgument({"--json", "--format", "2", "a", "b"}, Connues), 3);
+    EXPECT_EQ(PremierArgument({"--format=2", "a"}, Connues), 1);
+    EXPECT_EQ(PremierArgument({"--json", "--", "--a"}, Connues), 2);
+    EXPECT_EQ(PremierArgument({"-", "a"}, Connues), 0);
+    for (const QStringList& mots : {QStringList{}, {"--json"}, {"--format", "2"}, {"--format"}, {"--"}})
+        EXPECT_EQ(PremierArgument(mots, Connues), -1);
+}
+
 TEST(LigneDeCommande, WhatIsWrongIsSaid)
 {
     const QList<std::pair<QStringList, QString>> fautes{
