@@ -131,6 +131,7 @@ ContactsLus LireContacts(const QString& fichier)
         contacts.aPerdre = contacts.aPerdre || !lu || morceaux.size() > 2; // what stands behind a second bar goes
     }
     contacts.manquants += contacts.compte - vus;
+    contacts.lisible = lue.lisible;
     contacts.aPerdre = contacts.aPerdre || !lue.lisible;
     return contacts;
 }

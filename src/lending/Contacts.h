@@ -25,9 +25,9 @@ struct ContactsLus
     /// Records that are not among `contacts` and should be: they have no bar or are too long to be read whole, are not
     /// there at all, or the count that would tell of them is missing or no number.
     qint64 manquants = 0;
-    /// Some of those stand in the file, or the file cannot be read: a list that is written in their place takes them
-    /// away.
+    /// Something stands in the file that is not in `contacts`: a list that is written in its place takes it away.
     bool aPerdre = false;
+    bool lisible = true; ///< the file could be read
 
     bool operator==(const ContactsLus&) const = default;
 };

@@ -12,6 +12,9 @@
 #include "extensions/dialogues/Aide.h"
 #include "extensions/dialogues/frmTip.h"
 #include "kit/FenetreDessous.h"
+#include "lending/frmContacts.h"
+#include "lending/frmMail.h"
+#include "lending/mPret.h"
 #include "output/ExporterCategorie.h"
 #include "output/frmStat.h"
 #include "output/modImprimerLV.h"
@@ -247,10 +250,13 @@ constexpr RangDeCommande Rangs[] = {
     {u"redimensionner", u"Redimensionner selon la &fenêtre", "", "Ctrl+D", Besoin::Entrees, Redimensionner},
 
     // Lending.
-    {u"preter", u"Marquer comme &Prêté", "prete", "", Besoin::Document},
-    {u"rendu", u"Marquer comme &Rendu", "rendu", "", Besoin::Document},
-    {u"contacts", u"&Organiser ses contacts", "", "", Besoin::Document},
-    {u"mail", u"&Envoyer un mail d'avertissement", "mail", "", Besoin::Document},
+    {u"preter", u"Marquer comme &Prêté", "prete", "", Besoin::Document,
+     [](Lieu l) { MarquerPrete(l.document->myqrt); }},
+    {u"rendu", u"Marquer comme &Rendu", "rendu", "", Besoin::Document, [](Lieu l) { MarquerRendu(l.document->myqrt); }},
+    {u"contacts", u"&Organiser ses contacts", "", "", Besoin::Document,
+     [](Lieu) { frmContacts(FenetreDessous()).exec(); }},
+    {u"mail", u"&Envoyer un mail d'avertissement", "mail", "", Besoin::Document,
+     [](Lieu l) { frmMail::Montrer(l.cadre); }},
 
     {u"plusplugins", u"Plus de plugins"},
 };
