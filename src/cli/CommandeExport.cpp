@@ -2,7 +2,7 @@
 
 #include "cli/Catalogue.h"
 #include "cli/Console.h"
-#include "cli/ListeDeNombres.h"
+#include "cli/ListeDOption.h"
 #include "output/EcrireExport.h"
 
 #include <array>
@@ -40,17 +40,6 @@ struct Listes
     std::optional<ListeDeNombres> entrees;
 };
 
-/// Reads the list of an option; false, with a word on what is wrong, when it is none.
-bool LireListe(const LigneDeCommande& ligne, const QString& option, std::optional<ListeDeNombres>& liste)
-{
-    if (!ligne.A(option))
-        return true;
-    liste = ListeDeNombres::Lire(ligne.Valeur(option));
-    if (!liste)
-        RefuserUsage(u"ce n'est pas une liste de nombres : "_s + ligne.Valeur(option), u"export"_s);
-    return liste.has_value();
-}
-
 /// Takes what the lists name into the choice and the selection; false, with a word, when they name something else.
 bool Choisir(const LigneDeCommande& ligne, const Listes& listes, Categorie& doc, ChoixExport& choix)
 {
@@ -65,16 +54,7 @@ bool Choisir(const LigneDeCommande& ligne, const Listes& listes, Categorie& doc,
     }
     choix.numeroter = ligne.A(u"number"_s);
     choix.selectionUniquement = listes.entrees.has_value();
-    if (!listes.entrees)
-        return true;
-    const std::optional<std::vector<bool>> entrees = listes.entrees->Parmi(doc.ItemsCount());
-    if (!entrees) {
-        RefuserUsage(u"il n'y a pas de telle entrée : "_s + ligne.Valeur(u"select"_s), u"export"_s);
-        return false;
-    }
-    for (int i = 1; i <= doc.ItemsCount(); ++i)
-        doc.Table.Selectionner(i, i, (*entrees)[static_cast<size_t>(i - 1)]);
-    return true;
+    return !listes.entrees || SelectionnerEntrees(ligne, *listes.entrees, u"export"_s, doc);
 }
 
 Statut DireIssue(const IssueExport& issue, const QString& chemin)
@@ -102,7 +82,8 @@ Statut ExecuterExport(const LigneDeCommande& ligne)
     if (!genre)
         return RefuserUsage(u"il manque --as"_s, u"export"_s);
     Listes listes;
-    if (!LireListe(ligne, u"columns"_s, listes.colonnes) || !LireListe(ligne, u"select"_s, listes.entrees))
+    if (!LireListe(ligne, u"columns"_s, u"export"_s, listes.colonnes) ||
+        !LireListe(ligne, u"select"_s, u"export"_s, listes.entrees))
         return MauvaisUsage;
     const auto catalogue = CatalogueOuvert::Ouvrir(ligne.arguments[0]);
     if (!catalogue)

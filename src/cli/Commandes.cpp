@@ -12,6 +12,7 @@
 #include "cli/CommandeExport.h"
 #include "cli/CommandeSearch.h"
 #include "cli/CommandeStats.h"
+#include "cli/CommandesPret.h"
 #include "cli/Console.h"
 #include "cli/Json.h"
 #include "cli/Lister.h"
@@ -183,6 +184,6 @@ const QList<Commande>& LesCommandes()
              {motDePasse},
              ExecuterStats},
         } +
-        CommandesColumn({motDePasse});
+        CommandesColumn({motDePasse}) + CommandesPret({motDePasse});
     return commandes;
 }
