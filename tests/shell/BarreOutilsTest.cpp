@@ -92,10 +92,11 @@ TEST_F(BarreOutilsTest, CommandsToComeAreShownDisabled)
 {
     Montrer();
     Ouvrir(u"a.qrt"_s);
-    for (const QString& cle : {u"editcat"_s, u"preter"_s, u"rendu"_s})
+    for (const QString& cle : {u"editcat"_s})
         EXPECT_FALSE(Bouton(cle).isEnabled()) << cle.toStdString();
-    for (const QString& cle : {u"addentree"_s, u"delentree"_s, u"addcat"_s, u"ouvrir"_s, u"save"_s, u"rechercher"_s,
-                               u"grille"_s, u"image"_s, u"commentaire "_s, u"apropos"_s, u"aide"_s, u"print"_s})
+    for (const QString& cle :
+         {u"addentree"_s, u"delentree"_s, u"addcat"_s, u"ouvrir"_s, u"save"_s, u"preter"_s, u"rendu"_s, u"rechercher"_s,
+          u"grille"_s, u"image"_s, u"commentaire "_s, u"apropos"_s, u"aide"_s, u"print"_s})
         EXPECT_TRUE(Bouton(cle).isEnabled()) << cle.toStdString();
 }
 
@@ -140,6 +141,22 @@ TEST_F(BarreOutilsTest, AButtonOfEitherBarRunsItsCommand)
         EXPECT_EQ(Bouton(u"grille"_s, 2).isChecked(), grille);
         cadre->mGrandesIcones_Click();
     }
+}
+
+TEST_F(BarreOutilsTest, TheButtonsOfLendingRunTheirCommands)
+{
+    Montrer();
+    const Form1& a = Ouvrir(u"a.qrt"_s);
+    a.myqrt.MyLV->Selectionner(1, 1, true);
+    const FermeModales modales;
+    for (const int barre : {1, 2}) {
+        Presser(u"preter"_s, barre);
+        reponses.Preparer(RepNon);
+        Presser(u"rendu"_s, barre);
+        cadre->mGrandesIcones_Click();
+    }
+    EXPECT_EQ(modales.fenetres, QStringList(2, u"frmPreter"_s));
+    EXPECT_EQ(reponses.Cles(), QStringList(2, u"msg33"_s));
 }
 
 TEST_F(BarreOutilsTest, TheButtonOfCommentsEndsInRien)

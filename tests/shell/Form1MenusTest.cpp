@@ -180,10 +180,9 @@ TEST_F(Form1Test, PrintingTellsWhetherItsOptionsAreToBeSaved)
 TEST_F(Form1Test, ItemsWhoseCommandIsNotBuiltStandDisabled)
 {
     const Form1& fenetre = Ouvrir();
-    for (const QString& nom :
-         {u"mCopier"_s, u"mColler"_s, u"mCopieParLot"_s, u"mModifierCategorie"_s, u"mTxtPreEnregistre"_s,
-          u"mFusionner2Colonnes"_s, u"mSeparer1ColonneEn2"_s, u"mDupliquerUneColonne"_s, u"mMarquerCommePrete"_s,
-          u"mMarquerCommerendu"_s, u"mOrganiserSesContacts"_s, u"mEnvoyerMailAvertissement"_s, u"mPlusPlugins"_s})
+    for (const QString& nom : {u"mCopier"_s, u"mColler"_s, u"mCopieParLot"_s, u"mModifierCategorie"_s,
+                               u"mTxtPreEnregistre"_s, u"mFusionner2Colonnes"_s, u"mSeparer1ColonneEn2"_s,
+                               u"mDupliquerUneColonne"_s, u"mPlusPlugins"_s})
         EXPECT_FALSE(Commande(fenetre, nom).isEnabled()) << nom.toStdString();
 }
 

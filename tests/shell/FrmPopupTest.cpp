@@ -148,14 +148,33 @@ TEST_F(FrmPopupTest, CommandsToComeAreDisabledAndDoNothing)
     cadre->MontrerMenuClickDroit(true, QPoint(10, 10));
     MenuNomme(u"MenuClickDroit"_s).close();
     const FermeModales modales;
-    for (const QString& nom : {u"mEditerCategorie"_s, u"mCopier1"_s, u"mColler1"_s, u"mPrete"_s, u"mRendu"_s,
-                               u"mEditerCategorie3"_s, u"mColler3"_s}) {
+    for (const QString& nom :
+         {u"mEditerCategorie"_s, u"mCopier1"_s, u"mColler1"_s, u"mEditerCategorie3"_s, u"mColler3"_s}) {
         EXPECT_FALSE(Item(nom).isEnabled()) << nom.toStdString();
         Item(nom).setEnabled(true);
         Item(nom).trigger();
     }
     EXPECT_EQ(modales.fenetres, QStringList());
     EXPECT_TRUE(reponses.Affiches().isEmpty());
+    EXPECT_FALSE(a.myqrt.IlFautSauver);
+}
+
+TEST_F(FrmPopupTest, LendingIsInTheMenusOfASelection)
+{
+    Montrer();
+    Form1& a = Ouvrir(u"a.qrt"_s);
+    a.myqrt.MyLV->Selectionner(1, 1, true);
+    const FermeModales modales;
+    cadre->MontrerMenuClickDroit(true, QPoint(10, 10));
+    MenuNomme(u"MenuClickDroit"_s).close();
+    for (const QString& nom : {u"mPrete"_s, u"mPrete2"_s})
+        Item(nom).trigger();
+    EXPECT_EQ(modales.fenetres, QStringList(2, u"frmPreter"_s));
+    for (const QString& nom : {u"mRendu"_s, u"mRendu2"_s}) {
+        reponses.Preparer(RepNon);
+        Item(nom).trigger();
+    }
+    EXPECT_EQ(reponses.Cles(), QStringList(2, u"msg33"_s));
     EXPECT_FALSE(a.myqrt.IlFautSauver);
 }
 

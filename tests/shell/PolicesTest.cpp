@@ -19,6 +19,10 @@
 #include "kit/frmInputText.h"
 #include "kit/frmMotDePasse.h"
 #include "kit/frmMsg.h"
+#include "lending/frmContacts.h"
+#include "lending/frmContacts2.h"
+#include "lending/frmMail.h"
+#include "lending/frmPreter.h"
 #include "output/frmApercu.h"
 #include "output/frmExport.h"
 #include "output/frmPrint.h"
@@ -204,6 +208,22 @@ TEST_F(Polices, TheListOfWhatIsDeleted)
         frmSuppr form;
         form.Lancer(document.doc);
     });
+}
+
+TEST_F(Polices, Lending)
+{
+    PlateformeDeTest::Courante().dossier.Ecrire("Zelvane.ini",
+                                                "[Preter]\r\ncount=2\r\nNom1=Paul|paul@exemple.fr\r\nNom2=Ida|\r\n");
+    RegarderForm([] {
+        auto form = std::make_unique<frmPreter>(FichierZelvaneIni());
+        form->findChild<QComboBox*>("noms")->setCurrentIndex(0);
+        return form;
+    });
+    RegarderForm([] { return std::make_unique<frmContacts>(); });
+    MyLV contacts;
+    MettreColonnes(contacts, {"Nom", "Email"});
+    RegarderForm([&contacts] { return std::make_unique<frmContacts2>(contacts); });
+    RegarderForm([] { return std::make_unique<frmMail>(); });
 }
 
 TEST_F(Polices, AboutTheProgram)
