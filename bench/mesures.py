@@ -2,8 +2,8 @@
 """Measures the engine against everyday tools, on one file and in one run, and holds it to limits.
 
 Parts are measured by the Google Benchmark programs bench_moteur (engine), bench_fenetre (table view), bench_entrees
-(commands on all entries), bench_colonnes (very many columns) and bench_archive (a catalogue with images), whole commands
-as processes. Everything is done several times and the quickest counts, on both sides of a ratio: what is slower was
+(commands on all entries), bench_colonnes (very many columns), bench_archive (a catalogue with images) and bench_prets
+(lending), whole commands as processes. Everything is done several times and the quickest counts, on both sides of a ratio: what is slower was
 disturbed by something else. Called by scripts/bench; see docs/performance.md.
 """
 import argparse
@@ -40,7 +40,7 @@ def quickest(command, times, before=None, stdout=subprocess.DEVNULL, **how):
 
 class Inputs:
     """The files that all is measured on: one catalogue as bare text, in order and out of order, its columns, and its rows
-    in a database; the same with all entries lent; one of many columns; and one with images."""
+    in a database; the same with all entries lent; the same in boxes; one of many columns; and one with images."""
 
     def __init__(self, folder, entries, images):
         folder.mkdir(parents=True, exist_ok=True)
@@ -55,6 +55,7 @@ class Inputs:
         self.changed_column = self._write_column(self.changed, 1)
         self.database = self._make_database(self.sorted)
         self.lent = self._make_lent(f"prete-{entries}.qrt")
+        self.boxes = self._make_boxes(f"coffrets-{entries}.qrt", 10_000)
         self.many_columns = self._make_columns("colonnes-20000.qrt", columns=20_000, entries=10)
         self.pdf = folder / "pages.pdf"
         self.images = images
@@ -101,6 +102,17 @@ class Inputs:
             loan = b"Camille %d - %02d/%02d/%d" % (i % 100, i % 28 + 1, i // 28 % 12 + 1, 2000 + i // 336 % 26)
             entries[i] = b"|".join([*entry.split(b"|")[:-2], loan, b""])
         path.write_bytes(head + mark + b"\r\n".join([count, *entries, b""]))
+        return path
+
+    def _make_boxes(self, name, boxes):
+        """The entries in order, none of them lent, each in one of so many boxes: its second column, the dependant one."""
+        path = self.folder / name
+        head, mark, rest = self.sorted.read_bytes().partition(b"[ListItems]\r\n")
+        count, *entries = rest.splitlines()
+        for i, entry in enumerate(entries):
+            first, _, *others = entry.split(b"|")[:-2]
+            entries[i] = b"|".join([first, b"Coffret %d" % ((i // 10 * 7919 + i % 10 * 31) % boxes), *others, b"", b""])
+        path.write_bytes(head.replace(b"Dependant=0", b"Dependant=2") + mark + b"\r\n".join([count, *entries, b""]))
         return path
 
     def _make_columns(self, name, columns, entries):
@@ -151,7 +163,8 @@ class Parts:
         environment = {**os.environ, "ZELVANE_BENCH_FICHIER": str(inputs.sorted),
                        "ZELVANE_BENCH_DESORDRE": str(inputs.shuffled), "ZELVANE_BENCH_ARCHIVE": str(inputs.archive),
                        "ZELVANE_BENCH_TEXTE": inputs.rare_text, "ZELVANE_BENCH_CHANGE": str(inputs.changed),
-                       "ZELVANE_BENCH_PRETE": str(inputs.lent), "ZELVANE_BENCH_PDF": str(inputs.pdf)}
+                       "ZELVANE_BENCH_PRETE": str(inputs.lent), "ZELVANE_BENCH_PDF": str(inputs.pdf),
+                       "ZELVANE_BENCH_COFFRETS": str(inputs.boxes)}
         subprocess.run([str(part) for part in command], check=True, env=environment, stdin=subprocess.DEVNULL,
                        stdout=subprocess.DEVNULL)
         runs = json.loads(out.read_text())["benchmarks"]
@@ -284,6 +297,15 @@ def measure_columns(table, inputs, columns, cli, times):
                quickest([cli, "list", "--json", inputs.many_columns], times), 0.5)
 
 
+def measure_lending(table, inputs, lending, times):
+    """The rows of lending and return."""
+    iconv = quickest(["iconv", "-f", "cp1252", "-t", "utf-8", inputs.boxes], times)
+    for work, name, factor in (("lend a tenth of the entries", "PreterUnDixieme", 4),
+                               ("return them with all dependants, of 10,000 values", "RendreUnDixieme", 4),
+                               ("the same when all entries are lent", "RendreTout", 6)):
+        table.ratio(work, lending.seconds(name), "iconv", iconv, factor)
+
+
 def measure_comm(inputs, times):
     """Seconds of comm on the columns of two catalogues, sorted."""
     ordered = []
@@ -403,10 +425,12 @@ def main():
     columns = Parts((given.programmes / "bench_colonnes").resolve(), inputs, times, short=given.rapide)
     printing = Parts((given.programmes / "bench_impression").resolve(), inputs, times, short=given.rapide)
     images = Parts((given.programmes / "bench_archive").resolve(), inputs, times, short=given.rapide)
+    lending = Parts((given.programmes / "bench_prets").resolve(), inputs, times, short=given.rapide)
     table = measure(inputs, engine, window, commands, cli, times)
     measure_exports(table, inputs, engine, cli, times)
     measure_printing(table, inputs, printing, times)
     measure_columns(table, inputs, columns, cli, times)
+    measure_lending(table, inputs, lending, times)
     measure_archive(table, inputs, images, times)
 
     describe_machine(inputs, entries)

@@ -441,13 +441,14 @@ def read_catalogue(path):
     return titles, entries
 
 
-def write_catalogue(path, titles, entries, width=2000):
-    """Writes a catalogue of the bare form, without the program's help. Nothing in it brings up a question."""
+def write_catalogue(path, titles, entries, width=2000, dependant=0):
+    """Writes a catalogue of the bare form, without the program's help. Nothing in it brings up a question. `dependant`: the
+    number of its dependant column."""
     head = ["[FileInfo]", "Type=QRT FILE", "Version=1.4", "", "[ListView]", "GridLines=1", "Sorted=0", "SortKey=0",
             "SortOrder=0", "View=3", "", "[ColumHeaders]", f"Count={len(titles)}"]
     columns = [f"Colum{i}={title}|{width}|" for i, title in enumerate(titles, 1)]
     lines = [f"It{i}={'|'.join(values)}|" for i, values in enumerate(entries, 1)]
-    text = "\r\n".join([*head, *columns, "Dependant=0", "", "[ListItems]", f"Count={len(entries)}", *lines, ""])
+    text = "\r\n".join([*head, *columns, f"Dependant={dependant}", "", "[ListItems]", f"Count={len(entries)}", *lines, ""])
     path.write_bytes(text.encode("cp1252"))
     return path
 
