@@ -124,6 +124,25 @@ bool MemeNom(const QString& a, const QString& b)
     return reduit(a) == reduit(b);
 }
 
+/// All keys of a section in one go are the same as one after the other.
+void VerifierEnsemble(const QByteArray& texte, const QString& section, const QString& cle, const QString& valeur)
+{
+    const QString autre = QStringLiteral("Autre");
+    const std::optional<QByteArray> un = TexteIni::Ecrire(texte, section, autre, valeur);
+    Verifier(un && TexteIni::EcrireCles(texte, section, {{autre, valeur}, {cle, valeur}}) ==
+                       TexteIni::Ecrire(*un, section, cle, valeur),
+             "two keys in one go are not two keys");
+    Verifier(TexteIni::CommeRelue(valeur) == ValeurLue(valeur), "what will be read is another value");
+    QList<std::pair<QString, QString>> vues;
+    TexteIni::Parcourir(texte, section, [&vues](QByteArrayView nom, QByteArrayView octets) {
+        const auto meme = [&nom](const auto& vue) { return MemeNom(vue.first, PageDeCode::VersTexte(nom)); };
+        if (std::none_of(vues.begin(), vues.end(), meme))
+            vues.append({PageDeCode::VersTexte(nom), TexteIni::Valeur(octets)});
+    });
+    for (const auto& [nom, lue] : vues)
+        Verifier(TexteIni::Lire(texte, section, nom) == lue, "a section gone through is another one");
+}
+
 void Essayer(const QByteArray& texte, const QString& section, const QString& cle, const QString& valeur)
 {
     VerifierLecture(TexteIni::Lire(texte, section, cle));
@@ -136,6 +155,7 @@ void Essayer(const QByteArray& texte, const QString& section, const QString& cle
     Verifier(TexteIni::Lire(*ecrit, section, cle) == ValeurLue(valeur), "what was written does not read back");
     Verifier(TexteIni::Ecrire(*ecrit, section, cle, valeur) == *ecrit, "writing it again changes the file");
     VerifierVoisines(texte, *ecrit);
+    VerifierEnsemble(texte, section, cle, valeur);
     for (const auto& [s, c] : Noms(texte)) {
         if (!MemeNom(s, section) || !MemeNom(c, cle))
             Verifier(TexteIni::Lire(texte, s, c) == TexteIni::Lire(*ecrit, s, c), "another key changed");
