@@ -13,7 +13,7 @@ class CommandesPret : public CommandeDeTest
 protected:
     CommandesPret()
     {
-        texte.cleDeTri = "9"; // no column: the entries stand as they are written
+        texte.cleDeTri = "9"; // no column: the entries keep their order
         texte.entrees = {"Aja|A||", "Blue|A|Ida - 1/1/2001|", "Dummy|B||dummy.png", "Takk|A||"};
     }
 

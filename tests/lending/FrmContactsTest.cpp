@@ -138,6 +138,7 @@ TEST_F(FrmContactsTest, AddsAContactBehindTheOthers)
             for (const char* bouton : {"btAjouter", "Annuler"})
                 EXPECT_FALSE(Bouton(fiche, bouton).icon().isNull()) << bouton;
             EXPECT_EQ(Champ(fiche, "Text2").text() + Champ(fiche, "Text1").text(), "");
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&fiche));
             EXPECT_EQ(fiche.focusWidget(), &Champ(fiche, "Text2"));
             EXPECT_EQ(ControlesSansNom(fiche), QStringList());
             Remplir(fiche, u"Zoe"_s, u"z@x.fr"_s);
@@ -242,9 +243,11 @@ TEST_F(FrmContactsTest, TheFieldsHaveOneLineAndTheKeysValidate)
     const auto form = Ouvrir();
     const SuiteDeModales suite({Fiche([](QWidget& fiche) {
         Champ(fiche, "Text2").insert(u"Paul\nLouis"_s);
-        QTest::keyClick(fiche.focusWidget(), Qt::Key_Tab);
-        QTest::keyClicks(fiche.focusWidget(), u"p"_s);
-        QTest::keyClick(fiche.focusWidget(), Qt::Key_Return);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&fiche));
+        QTest::keyClick(&Champ(fiche, "Text2"), Qt::Key_Tab);
+        EXPECT_EQ(fiche.focusWidget(), &Champ(fiche, "Text1"));
+        QTest::keyClicks(&Champ(fiche, "Text1"), u"p"_s);
+        QTest::keyClick(&Champ(fiche, "Text1"), Qt::Key_Return);
     })});
     Cliquer(*form, "btAddContact");
     EXPECT_EQ(Lignes(*form), QStringList({"Paul Louis/p"}));
