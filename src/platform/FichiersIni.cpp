@@ -5,16 +5,13 @@
 #include "platform/Plateforme.h"
 #include "platform/Presence.h"
 #include "platform/TexteIni.h"
+#include "platform/VerrouFichier.h"
 
 #include <QFile>
 #include <QSaveFile>
 #include <QThread>
 
-#include <cerrno>
-#include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
@@ -30,55 +27,6 @@ qint64 Nanosecondes(const timespec& heure)
 
 constexpr int EssaisDeTenir = 10;
 constexpr unsigned long EntreDeuxEssais = 20; // ms
-
-/// A lock of each kind on a file, as far as the file system knows them: other programs use one or the other.
-class VerrouFichier
-{
-public:
-    explicit VerrouFichier(const QString& chemin) : m_octets(OctetsDuChemin(chemin))
-    {
-        constexpr int communs = O_NONBLOCK | O_CLOEXEC;
-        m_descripteur = open(m_octets.constData(), O_RDWR | communs);
-        if (m_descripteur < 0)
-            m_descripteur = open(m_octets.constData(), O_RDONLY | communs);
-        m_pris = m_descripteur < 0 || (!EstRefuse(flock(m_descripteur, LOCK_EX | LOCK_NB)) && !EstRefuse(Poser()));
-    }
-    ~VerrouFichier()
-    {
-        if (m_descripteur >= 0)
-            close(m_descripteur);
-    }
-    VerrouFichier(const VerrouFichier&) = delete;
-    VerrouFichier& operator=(const VerrouFichier&) = delete;
-
-    /// Whether nobody else holds the file that stands there now. What is not there or cannot be opened nobody holds.
-    bool EstCelui(const QString& chemin) const
-    {
-        if (!m_pris || m_descripteur < 0)
-            return m_pris;
-        struct stat tenu
-        {
-        };
-        const auto la = EtatDuChemin(chemin);
-        return la && fstat(m_descripteur, &tenu) == 0 && la->st_dev == tenu.st_dev && la->st_ino == tenu.st_ino;
-    }
-
-private:
-    static bool EstRefuse(int issue) { return issue != 0 && (errno == EWOULDBLOCK || errno == EACCES); }
-    int Poser() const
-    {
-        struct flock verrou
-        {
-        };
-        verrou.l_type = F_WRLCK;
-        verrou.l_whence = SEEK_SET;
-        return fcntl(m_descripteur, F_OFD_SETLK, &verrou);
-    }
-
-    QByteArray m_octets;
-    int m_descripteur = -1;
-    bool m_pris = false;
-};
 
 } // namespace
 
@@ -179,7 +127,7 @@ std::shared_ptr<const void> FichiersIniDisque::Tenir(const QString& chemin) cons
     // Who writes here holds a file for moments; it is another file then.
     for (int i = 0; i < EssaisDeTenir; ++i) {
         auto verrou = std::make_shared<VerrouFichier>(chemin);
-        if (verrou->EstCelui(chemin))
+        if (verrou->Tient())
             return verrou;
         QThread::msleep(EntreDeuxEssais);
     }

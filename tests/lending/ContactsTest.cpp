@@ -76,7 +76,7 @@ TEST_F(ContactsTest, IgnoresTheRecordsBehindTheCount)
 
 TEST_F(ContactsTest, OfTwoRecordsOfOneNumberTheFirstCounts)
 {
-    Liste("count=1\r\nNOM1=Paul|\r\nNom1=Ida|\r\nNom01=Jo|\r\n");
+    Liste("count=1\r\nNom01=Jo|\r\nNOM1=Paul|\r\nNom1=Ida|\r\n");
     EXPECT_EQ(Noms(), QStringList({"Paul/"}));
 }
 
