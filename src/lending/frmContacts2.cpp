@@ -22,6 +22,7 @@ frmContacts2::frmContacts2(MyLV& table, QWidget* parent)
     LangForm(*this);
     // In no language but this one. It is meant.
     setWindowTitle(u"Ajouter un Contact"_s);
+    m_ui->Text2->setFocus();
 }
 
 frmContacts2::~frmContacts2() = default;

@@ -41,6 +41,7 @@ frmPreter::frmPreter(const QString& zelvaneIni, QWidget* parent)
     connect(m_ui->btMettreAJour, &QPushButton::clicked, this, &frmPreter::Valider);
     connect(m_ui->btAnnuler, &QPushButton::clicked, this, &QDialog::reject);
     LangForm(*this);
+    m_ui->noms->setFocus();
     DireContactsManquants(lus);
 }
 

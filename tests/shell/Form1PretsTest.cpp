@@ -5,6 +5,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
 
 using namespace Qt::StringLiterals;
@@ -53,9 +54,8 @@ TEST_F(Form1Test, TheSelectionThatALoanWidensIsCounted)
     fenetre.myqrt.dependantcol = 2;
     CliquerEntree(fenetre, 3);
     const SuiteDeModales suite({Nommer(u"Paul"_s), {u"frmSuppDependant"_s, [](QWidget& form) {
-                                                        auto& option = *form.findChild<QRadioButton*>(u"Option1_0"_s);
-                                                        QTest::keyClick(&option, Qt::Key_Down);
-                                                        QTest::keyClick(&option, Qt::Key_Return);
+                                                        form.findChild<QRadioButton*>(u"Option1_1"_s)->click();
+                                                        form.findChild<QPushButton*>(u"btAjouter"_s)->click();
                                                     }}});
     Commande(fenetre, u"mMarquerCommePrete"_s).trigger();
     EXPECT_EQ(Prets(fenetre), QStringList({"Paul - 13/09/2005", "", "Paul - 13/09/2005"}));
