@@ -300,10 +300,10 @@ def measure_columns(table, inputs, columns, cli, times):
 def measure_lending(table, inputs, lending, times):
     """The rows of lending and return."""
     iconv = quickest(["iconv", "-f", "cp1252", "-t", "utf-8", inputs.boxes], times)
-    for work, name, factor in (("lend a tenth of the entries", "PreterUnDixieme", 4),
-                               ("return them with all dependants, of 10,000 values", "RendreUnDixieme", 4),
-                               ("the same when all entries are lent", "RendreTout", 6)):
-        table.ratio(work, lending.seconds(name), "iconv", iconv, factor)
+    for work, name in (("lend a tenth of the entries", "PreterUnDixieme"),
+                       ("return them with all dependants, of 10,000 values", "RendreUnDixieme"),
+                       ("the same when all entries are lent", "RendreTout")):
+        table.ratio(work, lending.seconds(name), "iconv", iconv, 4)
 
 
 def measure_comm(inputs, times):

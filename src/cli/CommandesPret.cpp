@@ -37,9 +37,9 @@ bool TiennentSurUneLigne(const LigneDeCommande& ligne)
     return true;
 }
 
-Portee PorteeDemandee(const LigneDeCommande& ligne, const QrtClass& doc)
+Portee PorteeDemandee(const LigneDeCommande& ligne)
 {
-    return doc.dependantcol != 0 && ligne.A(u"dependants"_s) ? Portee::Dependantes : Portee::Selection;
+    return ligne.A(u"dependants"_s) ? Portee::Dependantes : Portee::Selection;
 }
 
 bool AUneColonne(QrtClass& doc)
@@ -64,7 +64,7 @@ Statut Preter(const LigneDeCommande& ligne, QrtClass& doc)
     const QString date = ligne.Valeur(u"date"_s, DateCourte(plateforme().horloge->Maintenant().date()));
     SansAvancement avancement;
     PreterEntrees(
-        doc, {emprunteur.nom, date}, PorteeDemandee(ligne, doc), [&] { return ligne.A(u"replace"_s); }, avancement);
+        doc, {emprunteur.nom, date}, PorteeDemandee(ligne), [&] { return ligne.A(u"replace"_s); }, avancement);
     return Fait;
 }
 
@@ -93,7 +93,7 @@ Statut ExecuterReturn(const LigneDeCommande& ligne)
         if (!AUneColonne(doc))
             return Echec;
         SansAvancement avancement;
-        RendreEntrees(doc, PorteeDemandee(ligne, doc), avancement);
+        RendreEntrees(doc, PorteeDemandee(ligne), avancement);
         return Fait;
     });
 }

@@ -48,6 +48,36 @@ Cellule ChampDeBloc(const char* bloc, uint32_t champ)
     return {texte + debut, fin - debut, Codage::Utf8, true};
 }
 
+char* Allouer(size_t taille)
+{
+    auto* bloc = static_cast<char*>(std::malloc(taille));
+    if (!bloc)
+        throw std::bad_alloc();
+    return bloc;
+}
+
+/// A block as another one is, but for one of its cells: what stands around that is copied as it lies.
+char* CopieAvecCellule(const char* bloc, uint32_t cellule, QByteArrayView utf8)
+{
+    const uint32_t nombre = NombreDeCellules(bloc);
+    const uint32_t debut = Debut(bloc, cellule) & ~JamaisEcrite;
+    const uint32_t fin = Debut(bloc, cellule + 1) & ~JamaisEcrite;
+    const uint32_t total = Debut(bloc, nombre + 1);
+    const auto taille = static_cast<uint32_t>(utf8.size());
+    const size_t entete = TailleEntete(nombre);
+
+    char* copie = Allouer(entete + total - (fin - debut) + taille);
+    std::memcpy(copie, bloc, entete + debut);
+    for (uint32_t champ = cellule; champ <= nombre + 1; ++champ) {
+        const uint32_t deplace = champ == cellule ? debut : Debut(bloc, champ) - (fin - debut) + taille;
+        std::memcpy(copie + sizeof deplace * (1 + champ), &deplace, sizeof deplace);
+    }
+    char* texte = copie + entete + debut;
+    std::copy(utf8.begin(), utf8.end(), texte);
+    std::memcpy(texte + taille, bloc + entete + fin, total - fin);
+    return copie;
+}
+
 /// A block while its cells are put together.
 class Ebauche
 {
@@ -72,9 +102,7 @@ public:
         Ajouter(image);
         m_debuts.push_back(static_cast<uint32_t>(m_texte.size()));
         const size_t entete = TailleEntete(nombre);
-        auto* bloc = static_cast<char*>(std::malloc(entete + static_cast<size_t>(m_texte.size())));
-        if (!bloc)
-            throw std::bad_alloc();
+        char* bloc = Allouer(entete + static_cast<size_t>(m_texte.size()));
         std::memcpy(bloc, &nombre, sizeof nombre);
         std::memcpy(bloc + sizeof nombre, m_debuts.data(), entete - sizeof nombre);
         std::memcpy(bloc + entete, m_texte.constData(), static_cast<size_t>(m_texte.size()));
@@ -205,6 +233,8 @@ char* NouveauBloc(const Rangee& rangee)
 char* BlocAvecCellule(const EntreeStockee& entree, int cellule, QByteArrayView utf8)
 {
     const int nombre = entree.Places();
+    if (!entree.EstTranche() && cellule < nombre)
+        return CopieAvecCellule(entree.Bloc(), static_cast<uint32_t>(cellule), utf8);
     Ebauche ebauche(static_cast<size_t>(std::min(std::max(nombre, cellule + 1), ColonnesUsuelles)));
     QByteArray texte;
     texte.reserve(OctetsUsuels);

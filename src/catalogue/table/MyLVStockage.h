@@ -114,6 +114,8 @@ public:
     Cellule Image() const;
     /// All cells there are room for, and the image.
     Rangee Lire() const;
+    /// The block of an entry that is no slice.
+    const char* Bloc() const { return m_octets; }
     /// How many cells Lire reads at most.
     int Places() const;
 
