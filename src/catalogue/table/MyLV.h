@@ -14,11 +14,13 @@
 #include <QStringList>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
 
 class MyLV;
+class TriPassager;
 
 /// A column. Owned by its table; a reference stays valid until the columns change.
 class ColumnHeader
@@ -137,11 +139,6 @@ public:
     /// such column.
     bool EcrireUtf8(int colonne, QByteArrayView utf8);
 
-    /// Takes the cell i out; those behind it move one to the left. False when it was never written.
-    bool RetirerCellule(int i);
-    /// Puts a cell in at i; those from there on move one to the right.
-    void InsererCellule(int i, const QString& texte);
-
     /// Writes one value a column, from the first, at once.
     void EcrireValeurs(const QStringList& valeurs);
     /// Writes the values that are given, from the first column, and the image if one is given, at once; the others
@@ -242,6 +239,11 @@ public:
     int SortOrder() const { return m_sensDeTri; }
     bool SetSortOrder(int sens);
 
+    /// To be told by who has moved, added or removed columns with their values: the sort stays on its column, and no
+    /// entry moves; it ends with its column. `nouveau` gives the number that a column has now, from 0; -1 when it is
+    /// gone.
+    void SuivreColonnes(const std::function<int(int)>& nouveau);
+
     int View() const { return m_modeDAffichage; }
     /// 0 to 3; others are refused. A document's is 3: one line an entry.
     bool SetView(int mode);
@@ -295,6 +297,7 @@ private:
     friend class ListItemLu;
     friend class ListItems;
     friend class AjoutsDansTable;
+    friend class RefonteDeTable;
     friend class TriPassager;
     stockage::EntreeStockee StockageDuRang(uint32_t rang, stockage::Place place = {}) const;
     stockage::Cellule Cellule(uint32_t rang, int cellule) const;
@@ -349,6 +352,7 @@ private:
     bool m_grille = false;
     int m_cleDeTri = 0;
     int m_sensDeTri = 0;
+    std::vector<TriPassager*> m_trisPassagers;
     int m_modeDAffichage = 3;
     ListItem m_focus;
 

@@ -163,27 +163,6 @@ std::optional<QString> ListItemLu::ListSubItems(int i) const
     return cellule.existe ? std::optional<QString>(cellule.Texte()) : std::nullopt;
 }
 
-bool ListItem::RetirerCellule(int i)
-{
-    Rangee rangee = m_table->StockageDuRang(m_rang).Lire();
-    if (i < 1 || static_cast<size_t>(i) >= rangee.cellules.size() || !rangee.cellules[static_cast<size_t>(i)])
-        return false;
-    rangee.cellules.erase(rangee.cellules.begin() + i);
-    m_table->Reecrire(m_rang, rangee);
-    return true;
-}
-
-void ListItem::InsererCellule(int i, const QString& texte)
-{
-    if (i < 1)
-        return;
-    Rangee rangee = m_table->StockageDuRang(m_rang).Lire();
-    if (rangee.cellules.size() < static_cast<size_t>(i))
-        rangee.cellules.resize(static_cast<size_t>(i));
-    rangee.cellules.insert(rangee.cellules.begin() + i, texte);
-    m_table->Reecrire(m_rang, rangee);
-}
-
 QString ListItemLu::Valeur(int colonne) const
 {
     return m_table->Cellule(m_rang, colonne - 1).Texte();

@@ -2,6 +2,7 @@
 #include "catalogue/table/Annoncer.h"
 #include "catalogue/table/Collation.h"
 #include "catalogue/table/MyLV.h"
+#include "catalogue/table/TriPassager.h"
 
 #include <algorithm>
 
@@ -51,6 +52,23 @@ bool MyLV::SetSortOrder(int sens)
     if (m_trie)
         Ordonner();
     return true;
+}
+
+void MyLV::SuivreColonnes(const std::function<int(int)>& nouveau)
+{
+    const int cle = nouveau(m_cleDeTri);
+    m_cleDeTri = std::max(cle, 0);
+    if (cle < 0) {
+        m_trie = false;
+        m_sensDeTri = 0;
+    }
+    // The marker speaks of the sort that the user asked for, beneath those that pass.
+    bool perdu = cle < 0 && m_trisPassagers.empty();
+    for (TriPassager* tri : m_trisPassagers)
+        perdu = !tri->SuivreColonnes(nouveau) || perdu;
+    for (int i = 1; perdu && i <= ColumnHeaders.Count(); ++i)
+        ColumnHeaders(i).SetIcon(QString());
+    ++m_generation;
 }
 
 bool MyLV::OrdrePossible() const

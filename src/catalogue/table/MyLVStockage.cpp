@@ -93,10 +93,15 @@ public:
         m_debuts.push_back(static_cast<uint32_t>(m_texte.size()));
         m_texte.append(utf8);
     }
+    void Ajouter(const Cellule& cellule)
+    {
+        m_debuts.push_back(static_cast<uint32_t>(m_texte.size()) | (cellule.existe ? 0 : JamaisEcrite));
+        cellule.AjouterEnUtf8(m_texte);
+    }
     /// A cell that was never written.
     void Sauter() { m_debuts.push_back(static_cast<uint32_t>(m_texte.size()) | JamaisEcrite); }
 
-    char* Finir(QByteArrayView image)
+    template<class Image> char* Finir(const Image& image)
     {
         const auto nombre = static_cast<uint32_t>(m_debuts.size());
         Ajouter(image);
@@ -218,6 +223,37 @@ Rangee EntreeStockee::Lire() const
     return rangee;
 }
 
+Cellule EntreeStockee::LireTranche(std::vector<Cellule>& cellules) const
+{
+    const char* debut = m_octets;
+    const char* const fin = m_octets + m_longueur;
+    const int nombre = std::max(1, m_colonnes);
+    for (int i = 0;; ++i) {
+        const auto* barre = static_cast<const char*>(std::memchr(debut, '|', static_cast<size_t>(fin - debut)));
+        const Cellule champ{debut, static_cast<uint32_t>((barre ? barre : fin) - debut), m_codage, true};
+        if (i < nombre)
+            cellules.push_back(champ);
+        if (i == m_colonnes)
+            return champ;
+        if (!barre)
+            return {};
+        debut = barre + 1;
+    }
+}
+
+Cellule EntreeStockee::LireSurPlace(std::vector<Cellule>& cellules) const
+{
+    cellules.clear();
+    if (EstTranche())
+        return LireTranche(cellules);
+    const uint32_t nombre = NombreDeCellules(m_octets);
+    for (uint32_t i = 0; i < nombre; ++i)
+        cellules.push_back(ChampDeBloc(m_octets, i));
+    while (!cellules.empty() && !cellules.back().existe)
+        cellules.pop_back();
+    return Image();
+}
+
 char* NouveauBloc(const Rangee& rangee)
 {
     Ebauche ebauche(rangee.cellules.size());
@@ -257,6 +293,14 @@ char* BlocAvecCellule(const EntreeStockee& entree, int cellule, QByteArrayView u
     texte.resize(0);
     entree.Image().AjouterEnUtf8(texte);
     return ebauche.Finir(texte);
+}
+
+char* NouveauBloc(std::span<const Cellule> cellules, const Cellule& image)
+{
+    Ebauche ebauche(cellules.size());
+    for (const Cellule& cellule : cellules)
+        ebauche.Ajouter(cellule);
+    return ebauche.Finir(image);
 }
 
 void LibererBloc(char* bloc)

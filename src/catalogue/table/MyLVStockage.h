@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace stockage {
@@ -118,12 +119,15 @@ public:
     const char* Bloc() const { return m_octets; }
     /// How many cells Lire reads at most.
     int Places() const;
+    /// The same cells where they lie, up to the last one written, in place of what `cellules` holds; returns the image.
+    Cellule LireSurPlace(std::vector<Cellule>& cellules) const;
 
     /// For the next reader of this slice.
     Place PlaceLue() const { return m_place; }
 
 private:
     Cellule ChampDeTranche(int champ) const;
+    Cellule LireTranche(std::vector<Cellule>& cellules) const;
     bool AllerAu(int champ) const;
     const char* ChercherBarre() const;
 
@@ -139,6 +143,7 @@ private:
 char* NouveauBloc(const Rangee& rangee);
 /// The block of the entry with another text, in UTF-8, in one cell. Cheap: no text of the others is decoded.
 char* BlocAvecCellule(const EntreeStockee& entree, int cellule, QByteArrayView utf8);
+char* NouveauBloc(std::span<const Cellule> cellules, const Cellule& image);
 void LibererBloc(char* bloc);
 size_t TailleBloc(const char* bloc);
 

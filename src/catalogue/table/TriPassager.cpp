@@ -26,18 +26,35 @@ TriPassager::TriPassager(MyLV& table, int colonne)
     if (m_ancienOrdre == table.m_ordre)
         m_ancienOrdre = {};
     m_generation = table.Generation();
+    table.m_trisPassagers.push_back(this);
 }
 
 TriPassager::~TriPassager()
 {
-    if (m_vie.expired() || AQuelquUnDAutre())
+    if (m_vie.expired())
         return;
+    std::erase(m_table.m_trisPassagers, this);
+    if (AQuelquUnDAutre())
+        return;
+    if (m_ancienneCle < 0) {
+        m_table.SetSorted(false);
+        m_table.SetSortKey(0);
+        m_table.SetSortOrder(0);
+        return;
+    }
     // What goes back to its place first is sorted no more: it is only looked through.
     if (EstIntacte() && !m_ancienOrdre.empty()) {
         m_table.m_ordre = std::move(m_ancienOrdre);
         m_table.OrdreChange();
     }
     Trier(m_table, m_ancienneCle, m_ancienSens);
+}
+
+bool TriPassager::SuivreColonnes(const std::function<int(int)>& nouveau)
+{
+    m_colonne = m_colonne < 0 ? -1 : nouveau(m_colonne);
+    m_ancienneCle = m_ancienneCle < 0 ? -1 : nouveau(m_ancienneCle);
+    return m_ancienneCle >= 0;
 }
 
 bool TriPassager::EstIntacte() const
@@ -53,5 +70,7 @@ void TriPassager::Annoncer(int position) const
 
 bool TriPassager::AQuelquUnDAutre() const
 {
+    if (m_colonne < 0)
+        return m_table.Sorted();
     return !m_table.Sorted() || m_table.SortKey() != m_colonne || m_table.SortOrder() != 0;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -12,7 +13,7 @@ class MyLV;
 /// is sorted from then on, whether it was before or not.
 ///
 /// Events may be let through meanwhile: a table that has gone is left alone, and so is one that somebody else has
-/// sorted.
+/// sorted. Where columns are moved or go, the sorts stay on theirs; one whose column is gone is not given back.
 class TriPassager
 {
 public:
@@ -29,11 +30,14 @@ public:
     void Annoncer(int position) const;
 
 private:
+    friend class MyLV;
+    /// False once the column by which the table was sorted before is gone.
+    bool SuivreColonnes(const std::function<int(int)>& nouveau);
     bool AQuelquUnDAutre() const;
 
     MyLV& m_table;
     std::weak_ptr<const void> m_vie;
-    int m_colonne;
+    int m_colonne; ///< -1 once it is gone, and so below
     int m_ancienneCle;
     int m_ancienSens;
     std::vector<uint32_t> m_ancienOrdre; ///< empty where the entries stood in the column's order already

@@ -115,19 +115,6 @@ TEST(MyLV, ACellOutsideTheColumnsIsRefused)
     EXPECT_EQ(entree.Valeurs(), Textes({"a", "é"}));
 }
 
-TEST(MyLV, RemovingAndInsertingCellsMovesThoseBehind)
-{
-    MyLV table;
-    MettreColonnes(table, {"A", "B", "C", "D"});
-    AjouterEntrees(table, {Textes({"a", "b", "c", "d"})});
-    ListItem entree = table.ListItems(1);
-    EXPECT_TRUE(entree.RetirerCellule(1));
-    EXPECT_EQ(entree.Valeurs(), Textes({"a", "c", "d", ""}));
-    EXPECT_FALSE(entree.RetirerCellule(3));
-    entree.InsererCellule(2, "neuf");
-    EXPECT_EQ(entree.Valeurs(), Textes({"a", "c", "neuf", "d"}));
-}
-
 TEST(MyLV, ValuesOfEveryKindComeBackAsWritten)
 {
     MyLV table;

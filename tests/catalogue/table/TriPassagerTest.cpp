@@ -142,3 +142,42 @@ TEST_F(TriPassagerTest, ReadsNothingOfATableThatHasGone)
     EXPECT_FALSE(tri->EstIntacte());
     tri.reset();
 }
+
+TEST_F(TriPassagerTest, BothSortsStayOnTheirColumnsWhenThoseMove)
+{
+    Trier(1, 1);
+    {
+        const TriPassager tri(table, 0);
+        table.SuivreColonnes([](int colonne) { return 1 - colonne; });
+        EXPECT_EQ(table.SortKey(), 1);
+        EXPECT_FALSE(tri.EstIntacte());
+    }
+    EXPECT_EQ(table.SortKey(), 0);
+    EXPECT_EQ(table.SortOrder(), 1);
+    EXPECT_TRUE(table.Sorted());
+}
+
+TEST_F(TriPassagerTest, AColumnThatGoesTakesItsSortAlongAndNoOther)
+{
+    Trier(1, 1);
+    table.ColumnHeaders(2).SetIcon("up");
+    const auto premierePart = [](int colonne) { return colonne - 1; };
+    {
+        const TriPassager tri(table, 0);
+        table.SuivreColonnes(premierePart);
+    }
+    EXPECT_TRUE(table.Sorted()) << "by the column by which it was sorted before";
+    EXPECT_EQ(table.SortKey(), 0);
+    EXPECT_EQ(table.SortOrder(), 1);
+    EXPECT_EQ(table.ColumnHeaders(2).Icon(), "up");
+    {
+        const TriPassager tri(table, 1);
+        table.SuivreColonnes(premierePart);
+        EXPECT_EQ(table.SortKey(), 0);
+        EXPECT_TRUE(table.Sorted());
+        EXPECT_EQ(table.ColumnHeaders(2).Icon(), "") << "no order to come is marked";
+    }
+    EXPECT_FALSE(table.Sorted());
+    EXPECT_EQ(table.SortKey(), 0);
+    EXPECT_EQ(table.SortOrder(), 0);
+}
