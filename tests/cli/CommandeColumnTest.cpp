@@ -4,6 +4,7 @@
 #include "catalogue/texte/TypeFichier.h"
 #include "support/ArchiveDeTest.h"
 
+#include <QDirIterator>
 #include <QFile>
 
 namespace {
@@ -45,6 +46,34 @@ TEST_F(CommandeColumn, DependantNamesAColumnOrNone)
     EXPECT_TRUE(dossier.Lire("sortie.qrt").contains("Dependant=2\r\n"));
     AttendreLeSilence(Lancer({"column", "dependant", Sortie(), Sortie(), "0", "--force"}));
     EXPECT_TRUE(dossier.Lire("sortie.qrt").contains("Dependant=0\r\n"));
+}
+
+TEST_F(CommandeColumn, EachActionDoesWhatItsDialogDoes)
+{
+    const auto apres = [this](const QString& action, const QStringList& suite) {
+        AttendreLeSilence(Agir(action, suite + QStringList{"--force"}));
+        return Liste().split('\n').mid(0, 2).join(" / ");
+    };
+    EXPECT_EQ(apres("delete", {"2"}), "Titre\tPrêté\tImage / Ça\t\tperdue.gif");
+    EXPECT_EQ(apres("rename", {"1", "Album"}), "Album\tArtiste\tPrêté\tImage / Ça\tAbba\t\tperdue.gif");
+    EXPECT_EQ(apres("move", {"2", "left"}), "Artiste\tTitre\tPrêté\tImage / Abba\tÇa\t\tperdue.gif");
+    EXPECT_EQ(apres("move", {"2", "right"}), "Titre\tPrêté\tArtiste\tImage / Ça\t\tAbba\tperdue.gif");
+    EXPECT_EQ(apres("move", {"1", "left"}), "Titre\tArtiste\tPrêté\tImage / Ça\tAbba\t\tperdue.gif");
+    EXPECT_EQ(apres("merge", {"2", "1", ""}), "Artiste\tPrêté\tImage / AbbaÇa\t\tperdue.gif");
+    EXPECT_EQ(apres("split", {"2", "Fin", "b"}), "Titre\tArtiste\tFin\tPrêté\tImage / Ça\tA\tba\t\tperdue.gif");
+    EXPECT_EQ(apres("duplicate", {"1", "Fin"}), "Titre\tFin\tArtiste\tPrêté\tImage / Ça\tÇa\tAbba\t\tperdue.gif");
+}
+
+TEST_F(CommandeColumn, TheNamedSettingsAreLeftAlone)
+{
+    AttendreLeSilence(Agir("merge", {"2", "1", "#"}));
+    AttendreLeSilence(Agir("split", {"2", "X", "#", "--force"}));
+    QDirIterator fichiers(dossier.Fichier("config"), QDir::Files, QDirIterator::Subdirectories);
+    while (fichiers.hasNext()) {
+        QFile fichier(fichiers.next());
+        ASSERT_TRUE(fichier.open(QIODevice::ReadOnly));
+        EXPECT_FALSE(fichier.readAll().contains('#')) << fichier.fileName().toStdString();
+    }
 }
 
 TEST_F(CommandeColumn, TheOutputHasTheFormOfTheInputUnlessAnotherIsAskedFor)
@@ -144,8 +173,20 @@ TEST_F(CommandeColumn, WrongUsageTouchesNothing)
     AttendreUneErreurDUsage(Agir("add", {"X", "--format", "3"}));
     for (const char* titre : {"a|b", "a\nb", "a\rb"})
         AttendreUneErreurDUsage(Agir("add", {titre}));
-    for (const char* numero : {"", "x", "4", "-1", "1,2", "1-2", "99999999999"})
+    for (const char* numero : {"", "x", "4", "-1", "1,2", "1-2", "99999999999"}) {
         AttendreUneErreurDUsage(Agir("dependant", {"--", numero}));
+        AttendreUneErreurDUsage(Agir("delete", {"--", numero}));
+        AttendreUneErreurDUsage(Agir("merge", {"--", numero, "1", "_"}));
+        AttendreUneErreurDUsage(Agir("merge", {"--", "1", numero, "_"}));
+    }
+    AttendreUneErreurDUsage(Agir("delete", {"0"}));
+    AttendreUneErreurDUsage(Agir("merge", {"1", "0", "_"}));
+    AttendreUneErreurDUsage(Agir("merge", {"1", "2", "a\nb"}));
+    AttendreUneErreurDUsage(Agir("rename", {"1", "a|b"}));
+    AttendreUneErreurDUsage(Agir("split", {"1", "a|b", "_"}));
+    AttendreUneErreurDUsage(Agir("duplicate", {"1", "a|b"}));
+    AttendreUneErreurDUsage(Agir("move", {"1", "up"}));
+    AttendreUneErreurDUsage(Agir("move", {"1"}));
     EXPECT_FALSE(dossier.Existe("sortie.qrt"));
 }
 
@@ -155,7 +196,7 @@ TEST_F(CommandeColumn, EachActionHasItsHelp)
     EXPECT_EQ(toutes.statut, 0);
     EXPECT_TRUE(toutes.sortie.startsWith("Usage : zelvane-cli column ACTION "));
     const QByteArray generale = Lancer({"--help"}).sortie;
-    for (const char* action : {"add", "dependant"}) {
+    for (const char* action : {"add", "delete", "rename", "move", "dependant", "merge", "split", "duplicate"}) {
         EXPECT_TRUE(toutes.sortie.contains(QByteArray("\n  column ") + action + ' ')) << action;
         EXPECT_TRUE(generale.contains(QByteArray("\n  column ") + action + ' ')) << action;
         const Resultat aide = Lancer({"column", action, "--help"});
