@@ -10,11 +10,16 @@ ChoixDeColonne ChoixDeColonne::Numero(const QrtClass& doc, int numero)
 
 bool ChoixDeColonne::NommeUneColonne(const QrtClass& doc) const
 {
-    for (int i = 1; i <= doc.ColCount(); ++i) {
-        if (doc.MyLV->ColumnHeaders(i).Text() == texte)
-            return true;
-    }
-    return false;
+    return TitresDesColonnes(doc).contains(texte);
+}
+
+QStringList TitresDesColonnes(const QrtClass& doc)
+{
+    QStringList titres;
+    titres.reserve(doc.ColCount());
+    for (int i = 1; i <= doc.ColCount(); ++i)
+        titres.append(doc.MyLV->ColumnHeaders(i).Text());
+    return titres;
 }
 
 bool Refuser(const Message& message)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 struct Message;
 class QrtClass;
@@ -17,6 +18,9 @@ struct ChoixDeColonne
     /// Whether the text is a column's title, letter case included.
     bool NommeUneColonne(const QrtClass& doc) const;
 };
+
+/// The titles of all columns.
+QStringList TitresDesColonnes(const QrtClass& doc);
 
 /// Shows the message; false, for who ends with that.
 bool Refuser(const Message& message);

@@ -155,10 +155,7 @@ bool RenommerColonne(QrtClass& doc, const ChoixDeColonne& choix, const QString& 
 
 QStringList LignesDeDependance(const QrtClass& doc)
 {
-    QStringList lignes{u"- pas dependant -"_s};
-    for (int i = 1; i <= doc.ColCount(); ++i)
-        lignes.append(doc.MyLV->ColumnHeaders(i).Text());
-    return lignes;
+    return QStringList{u"- pas dependant -"_s} + TitresDesColonnes(doc);
 }
 
 QString LigneDependante(const QrtClass& doc)

@@ -6,6 +6,7 @@
 #include "catalogue/documents/OuvrirFichiersQrt.h"
 #include "catalogue/documents/Sauver.h"
 #include "catalogue/texte/TriDeTable.h"
+#include "columns/OutilsDeColonnes.h"
 #include "entries/NouvelleCategorie.h"
 #include "entries/mEditLV.h"
 #include "extensions/dialogues/About.h"
@@ -224,15 +225,17 @@ constexpr RangDeCommande Rangs[] = {
     {u"remplacer", u"Re&mplacer", "", "", Besoin::Document},
 
     // The category.
-    {u"editcat", u"Editer la ca&tégorie", "editcat", "Ctrl+M", Besoin::Document},
+    {u"editcat", u"Editer la ca&tégorie", "editcat", "Ctrl+M", Besoin::Document,
+     [](Lieu l) { ModifierCategorie(*l.document); }},
     {u"commentaire", u"Comme&ntaires", "showtexte", "", Besoin::Document,
      [](Lieu l) { l.document->mModifierCommentaires_Click(); }},
     // The button's key ends in a blank, which is meant: the button says "Rien".
     {u"commentaire ", u"", "showtexte", "", Besoin::Document, DireRien},
     {u"textes", u"Textes &pré-enregistrés", "", "", Besoin::Document},
-    {u"fusioncolonnes", u"&Fusionner 2 colonnes", "", "", Besoin::Document},
-    {u"separer", u"&Séparer 1 colonne en 2", "", "", Besoin::Document},
-    {u"dupliquer", u"&Dupliquer une colonne", "", "", Besoin::Document},
+    {u"fusioncolonnes", u"&Fusionner 2 colonnes", "", "", Besoin::Document,
+     [](Lieu l) { FusionnerColonnes(*l.document); }},
+    {u"separer", u"&Séparer 1 colonne en 2", "", "", Besoin::Document, [](Lieu l) { SeparerColonne(*l.document); }},
+    {u"dupliquer", u"&Dupliquer une colonne", "", "", Besoin::Document, [](Lieu l) { DupliquerColonne(*l.document); }},
     // Says so, in no language but this one. It is meant.
     {u"fusioncategories", u"Fusionner &2 catégories", "", "", Besoin::Document, DirePasFait},
     {u"comparer", u"&Comparer 2 catégories", "compare", "", Besoin::Rien, Comparer},

@@ -2,6 +2,9 @@
 #include "base/Options.h"
 #include "catalogue/documents/Commentaires.h"
 #include "catalogue/documents/DossiersLaisses.h"
+#include "columns/frmEditerColonnes.h"
+#include "columns/frmFusionner.h"
+#include "columns/frmSeparerEn2.h"
 #include "entries/frmAddCategorie2.h"
 #include "entries/frmEditEntree.h"
 #include "entries/frmSuppDependant.h"
@@ -311,6 +314,19 @@ TEST_F(Polices, WhatAKilledRunLeft)
     PlateformeDeTest::Courante().dossier.Ecrire("temp/cat7/Zelvane.qrt", texte.Texte());
     Montrer();
     RegarderForm([this] { return std::make_unique<frmSecours>(*cadre, ChercherLaisses()); });
+}
+
+TEST_F(Polices, TheToolsOfColumns)
+{
+    RegarderForm([this] { return std::make_unique<frmEditerColonnes>(document.doc); });
+    RegarderForm([this] { return std::make_unique<frmFusionner>(document.doc); });
+    RegarderForm([this] { return std::make_unique<frmSeparerEn2>(document.doc); });
+    RegarderForm([this] {
+        auto form = std::make_unique<frmSeparerEn2>(document.doc);
+        form->setObjectName("frmSeparerEn2-dupliquer");
+        form->ServirADupliquer();
+        return form;
+    });
 }
 
 TEST_F(Polices, TheChooserOfColumns)

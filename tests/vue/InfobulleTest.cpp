@@ -1,6 +1,7 @@
 #include "vue/Infobulle.h"
 
 #include "base/Const_Vrac.h"
+#include "catalogue/table/RefonteDeTable.h"
 #include "support/PlateformeDeTest.h"
 #include "vue/TexteDeBulle.h"
 #include "vue/VueDeTest.h"
@@ -89,6 +90,27 @@ TEST_F(InfobulleTest, NearTheEdgesOfTheTableTheTipIsStillSeenWhole)
     const QRect zone(vue.viewport()->mapTo(&vue, QPoint(0, 0)), vue.viewport()->size());
     EXPECT_EQ(texte.geometry().bottom(), zone.bottom());
     EXPECT_EQ(texte.geometry().left(), zone.left()) << "wider than the table: its beginning is seen";
+}
+
+TEST_F(InfobulleTest, WhenColumnsMoveTheTipTellsOfTheOneUnderThePointerNow)
+{
+    Montrer();
+    Pointer(2, 1);
+    Battre();
+    ASSERT_EQ(texte.text(), Long);
+    const QString autre = u"Une autre valeur beaucoup trop longue pour une colonne d'un pouce"_s;
+    RefonteDeTable refonte(table, stockage::Codage::Utf8, [octets = autre.toUtf8()](auto& cellules) {
+        cellules[0] = {octets.constData(), static_cast<uint32_t>(octets.size()), stockage::Codage::Utf8, true};
+    });
+    while (refonte.Avancer(99)) {
+    }
+    ASSERT_TRUE(refonte.Poser());
+    table.ColumnHeaders.Remove(1);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(texte.isVisible());
+    Battre();
+    EXPECT_TRUE(texte.isVisible());
+    EXPECT_EQ(texte.text(), autre);
 }
 
 TEST_F(InfobulleTest, ATipGoesWhenTheEntriesScrollOrChange)
