@@ -8,6 +8,9 @@
 #include "catalogue/documents/FenetreDocument.h"
 #include "catalogue/texte/Categorie.h"
 #include "catalogue/texte/LectureQrt.h"
+#include "columns/EditerColonnes.h"
+#include "columns/FusionnerColonnes.h"
+#include "columns/SeparerColonne.h"
 #include "entries/ModeleASupprimer.h"
 #include "entries/OperationsEntrees.h"
 #include "platform/Plateforme.h"
@@ -137,6 +140,57 @@ void SupprimerUnDixieme(benchmark::State& etat)
     });
 }
 BENCHMARK(SupprimerUnDixieme)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// A tool on columns does its work: on all entries, and on a column in the middle where it matters which.
+template<class Outil> void MesurerColonnes(benchmark::State& etat, int deColonnes, Outil outil)
+{
+    Mesurer(etat, [&](Fenetre& fenetre) {
+        Categorie& doc = fenetre.myqrt;
+        const int avant = doc.ColCount();
+        SansAvancement sans;
+        outil(doc, avant / 2, sans);
+        return doc.ColCount() == avant + deColonnes;
+    });
+}
+
+void DeplacerUneColonne(benchmark::State& etat)
+{
+    MesurerColonnes(etat, 0, [](Categorie& doc, int milieu, Avancement& sans) {
+        DeplacerColonne(doc, milieu, Sens::Gauche, QString(), sans);
+    });
+}
+BENCHMARK(DeplacerUneColonne)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void SupprimerUneColonne(benchmark::State& etat)
+{
+    MesurerColonnes(etat, -1,
+                    [](Categorie& doc, int milieu, Avancement& sans) { SupprimerColonne(doc, milieu, sans); });
+}
+BENCHMARK(SupprimerUneColonne)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void FusionnerDeuxColonnes(benchmark::State& etat)
+{
+    MesurerColonnes(etat, -1, [](Categorie& doc, int milieu, Avancement& sans) {
+        Fusionner(doc, {{QString(), milieu}, {QString(), 0}, QStringLiteral("_-_")}, sans);
+    });
+}
+BENCHMARK(FusionnerDeuxColonnes)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void SeparerUneColonne(benchmark::State& etat)
+{
+    MesurerColonnes(etat, 1, [](Categorie& doc, int, Avancement& sans) {
+        Separer(doc, 0, QStringLiteral("Suite"), QStringLiteral(" "), sans);
+    });
+}
+BENCHMARK(SeparerUneColonne)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void DupliquerUneColonne(benchmark::State& etat)
+{
+    MesurerColonnes(etat, 1, [](Categorie& doc, int milieu, Avancement& sans) {
+        Dupliquer(doc, milieu, QStringLiteral("Copie"), sans);
+    });
+}
+BENCHMARK(DupliquerUneColonne)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 /// A text that every entry holds is looked for: from the click on the button to the first picture of the results.
 void ImageDesResultats(benchmark::State& etat)

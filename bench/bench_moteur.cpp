@@ -6,9 +6,11 @@
 // ZELVANE_BENCH_SORTIE, by default /dev/shm.
 #include "Mesurer.h"
 
+#include "base/Avancement.h"
 #include "catalogue/texte/Categorie.h"
 #include "catalogue/texte/EcritureQrt.h"
 #include "catalogue/texte/LectureQrt.h"
+#include "columns/SeparerColonne.h"
 #include "output/EcrireExport.h"
 #include "output/Statistiques.h"
 #include "search/Comparaison.h"
@@ -89,6 +91,20 @@ void MemoireTableChargee(benchmark::State& etat)
         const qint64 avant = MemoireDuProcessus();
         Document document(Variable("ZELVANE_BENCH_FICHIER"));
         ChargerFichier(document.doc);
+        etat.counters["octets"] = static_cast<double>(MemoireDuProcessus() - avant);
+    }
+}
+
+/// The same for a file one of whose columns was then duplicated, after which there is most.
+void MemoireApresColonnes(benchmark::State& etat)
+{
+    for (auto _ : etat) {
+        malloc_trim(0);
+        const qint64 avant = MemoireDuProcessus();
+        Document document(Variable("ZELVANE_BENCH_FICHIER"));
+        ChargerFichier(document.doc);
+        SansAvancement sans;
+        Dupliquer(document.doc, 0, QStringLiteral("Copie"), sans);
         etat.counters["octets"] = static_cast<double>(MemoireDuProcessus() - avant);
     }
 }
@@ -320,6 +336,7 @@ void BenchRapportDesPrets(benchmark::State& etat)
 }
 
 BENCHMARK(MemoireTableChargee)->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(MemoireApresColonnes)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(ChargerFichierTrie)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(ChargerFichierDesordre)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(TriAutreColonne)->Unit(benchmark::kMillisecond)->UseRealTime();

@@ -390,6 +390,12 @@ def measure(inputs, engine, window, entries, cli, times):
     table.ratio("list all entries for deletion, to the picture of it", entries.seconds("ImageDeLaListe"), "iconv",
                 iconv, 0.5)
     table.ratio("delete every tenth entry", entries.seconds("SupprimerUnDixieme"), "iconv", iconv, 0.5)
+    for work, name in (("move", "DeplacerUneColonne"), ("delete", "SupprimerUneColonne"),
+                       ("merge", "FusionnerDeuxColonnes"), ("split", "SeparerUneColonne"),
+                       ("duplicate", "DupliquerUneColonne")):
+        table.ratio(f"{work} a column", entries.seconds(name), "iconv", iconv, 6)
+    table.ratio("memory of the table after a column was duplicated",
+                engine.counter("MemoireApresColonnes", "octets") / 1e6, "the file", inputs.size / 1e6, 3.5, show="{:.1f} MB")
     table.ratio("click on a title, to the picture of the sorted table", window.seconds("ClicSurUnTitre"),
                 "the sort alone", window.quickest_counter("ClicSurUnTitre", "tri"), 1.2)
     table.time("both counts, every other entry selected", window.seconds("Comptes"), 0.100)
