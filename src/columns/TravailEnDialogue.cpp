@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr qint64 EntreDeuxImages = 40; // milliseconds
-
 /// On show as long as it lives.
 class BarreMontree
 {
@@ -36,7 +34,8 @@ private:
 
 } // namespace
 
-AvancementDansBarre::AvancementDansBarre(QProgressBar* barre) : m_barre(barre)
+AvancementDansBarre::AvancementDansBarre(QProgressBar* barre, std::chrono::milliseconds entreDeuxImages)
+    : m_barre(barre), m_entreDeuxImages(entreDeuxImages)
 {
     m_depuis.start();
 }
@@ -45,7 +44,7 @@ void AvancementDansBarre::Dire(int fait, int)
 {
     if (m_barre)
         m_barre->setValue(fait);
-    if (m_depuis.elapsed() < EntreDeuxImages)
+    if (m_depuis.elapsed() < m_entreDeuxImages.count())
         return;
     LaisserPasserEvenements();
     m_depuis.restart();

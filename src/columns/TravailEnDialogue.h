@@ -6,6 +6,7 @@
 
 #include <QElapsedTimer>
 
+#include <chrono>
 #include <functional>
 
 class QProgressBar;
@@ -15,13 +16,15 @@ class AvancementDansBarre : public Avancement
 {
 public:
     /// `barre` may be null: nothing is shown then.
-    explicit AvancementDansBarre(QProgressBar* barre);
+    explicit AvancementDansBarre(QProgressBar* barre,
+                                 std::chrono::milliseconds entreDeuxImages = std::chrono::milliseconds(40));
 
 protected:
     void Dire(int fait, int total) override;
 
 private:
     QProgressBar* m_barre;
+    std::chrono::milliseconds m_entreDeuxImages;
     QElapsedTimer m_depuis;
 };
 

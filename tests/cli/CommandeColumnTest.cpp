@@ -180,6 +180,7 @@ TEST_F(CommandeColumn, WrongUsageTouchesNothing)
         AttendreUneErreurDUsage(Agir("merge", {"--", "1", numero, "_"}));
     }
     AttendreUneErreurDUsage(Agir("delete", {"0"}));
+    AttendreUneErreurDUsage(Lancer({"column", "delete", dossier.Fichier("absent"), Sortie(), "0"}));
     AttendreUneErreurDUsage(Agir("merge", {"1", "0", "_"}));
     AttendreUneErreurDUsage(Agir("merge", {"1", "2", "a\nb"}));
     AttendreUneErreurDUsage(Agir("rename", {"1", "a|b"}));

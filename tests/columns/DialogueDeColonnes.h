@@ -15,6 +15,19 @@
 
 #include <memory>
 
+/// Notes whether a control was on show, be it for a moment.
+class Guetteur : public QObject
+{
+public:
+    explicit Guetteur(QWidget& controle) : QObject(&controle) { controle.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        montre = montre || event->type() == QEvent::Show;
+        return false;
+    }
+    bool montre = false;
+};
+
 template<class Forme> class DialogueDeColonnes : public DocumentAColonnes
 {
 protected:
@@ -24,6 +37,7 @@ protected:
         form->show();
         form->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        barre = new Guetteur(PB());
     }
 
     template<class Controle> Controle& Trouver(const char* nom) const
@@ -102,7 +116,6 @@ protected:
             pas.append(valeur);
             maximum = PB().maximum();
             minimum = PB().minimum();
-            montree = montree || PB().isVisible();
             geste();
         });
     }
@@ -111,5 +124,5 @@ protected:
     QList<int> pas;
     int maximum = -1;
     int minimum = -1;
-    bool montree = false;
+    Guetteur* barre = nullptr; ///< of PB, which owns it
 };

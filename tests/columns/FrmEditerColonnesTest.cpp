@@ -219,7 +219,9 @@ TEST_F(FrmEditerColonnes, AColumnMovesAndStaysSelected)
     EXPECT_EQ(form->focusWidget(), &Liste3());
     EXPECT_EQ(Lignes3(), Titres());
     EXPECT_EQ(Lignes("lstColonne1"), Titres());
+    Champ("newName").setFocus();
     Cliquer("btMonter");
+    EXPECT_EQ(form->focusWidget(), &Liste3());
     EXPECT_EQ(Choisie(), 0);
     EXPECT_EQ(doc.IndexColPrete, 1);
     doc.IlFautSauver = false;
@@ -384,7 +386,7 @@ TEST_F(FrmEditerColonnes, TheBarMovesWhileAColumnIsDeletedAndTheDialogStays)
     EXPECT_EQ(pas, QList<int>({1024, 2048}));
     EXPECT_EQ(minimum, 0);
     EXPECT_EQ(maximum, 3000);
-    EXPECT_TRUE(montree);
+    EXPECT_TRUE(barre->montre);
     EXPECT_FALSE(PB().isVisible());
     EXPECT_TRUE(form->isVisible());
     EXPECT_EQ(Titres(), QStringList({"Artiste", "Prêté"}));
@@ -395,7 +397,6 @@ TEST_F(FrmEditerColonnes, AnEmptyTableAndAMoveShowNoBar)
 {
     AjouterDesMilliers();
     Ouvrir();
-    AChaquePas([] {});
     CliquerLigne(0);
     Cliquer("btDescendre");
     doc.Table.ListItems.Clear();
@@ -403,5 +404,5 @@ TEST_F(FrmEditerColonnes, AnEmptyTableAndAMoveShowNoBar)
     reponses.Preparer(RepOui);
     Cliquer("btSupprimer");
     EXPECT_EQ(Titres(), QStringList({"Titre", "Prêté"}));
-    EXPECT_FALSE(montree);
+    EXPECT_FALSE(barre->montre);
 }

@@ -5,6 +5,9 @@
 #include "base/Options.h"
 #include "kit/Icones.h"
 
+#include <QClipboard>
+#include <QWheelEvent>
+
 namespace {
 
 class FrmFusionner : public DialogueDeColonnes<frmFusionner>
@@ -88,6 +91,27 @@ TEST_F(FrmFusionner, WithoutASeparatorTheUserIsAsked)
     EXPECT_EQ(LireOption(Options::FusionnerCol), "");
 }
 
+TEST_F(FrmFusionner, ASeparatorHasOneLine)
+{
+    Ouvrir();
+    QApplication::clipboard()->setText("a\nb");
+    Champ("Separateur").setFocus();
+    Champ("Separateur").selectAll();
+    QTest::keyClick(&Champ("Separateur"), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Champ("Separateur").text(), "a b");
+}
+
+TEST_F(FrmFusionner, TheWheelChoosesNoColumn)
+{
+    Ouvrir();
+    Choisir("C1", 0);
+    const QPointF milieu = Liste("C1").rect().center();
+    QWheelEvent tour(milieu, Liste("C1").mapToGlobal(milieu), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                     Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&Liste("C1"), &tour);
+    EXPECT_EQ(Liste("C1").currentText(), "Titre");
+}
+
 TEST_F(FrmFusionner, CancelChangesNothing)
 {
     for (const auto& quitter : {std::function<void()>([this] { Cliquer("btAnnuler"); }),
@@ -119,7 +143,7 @@ TEST_F(FrmFusionner, TheBarMovesAndTheDialogCannotBeLeftBeforeTheEnd)
     EXPECT_EQ(pas, QList<int>({1024, 2048}));
     EXPECT_EQ(minimum, 0);
     EXPECT_EQ(maximum, 3001);
-    EXPECT_TRUE(montree);
+    EXPECT_TRUE(barre->montre);
     EXPECT_FALSE(form->isVisible());
     EXPECT_EQ(doc.ColCount(), 2);
     EXPECT_EQ(doc.Table.ListItems(3000).Text(), "a2999_-_b_-_c");

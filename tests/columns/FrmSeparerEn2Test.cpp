@@ -5,6 +5,7 @@
 #include "base/Options.h"
 #include "kit/Icones.h"
 
+#include <QClipboard>
 #include <QGroupBox>
 
 namespace {
@@ -105,6 +106,19 @@ TEST_F(FrmSeparerEn2, AColumnIsDuplicatedAndNoSeparatorKept)
     EXPECT_EQ(LireOption(Options::SeparerEn2), "_-_");
 }
 
+TEST_F(FrmSeparerEn2, ATitleHoldsNoBarAndASeparatorMay)
+{
+    Ouvrir();
+    Taper("nom", "a|b");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Champ("nom").text(), "ab");
+    EXPECT_EQ(reponses.Cles(), QStringList("msg68"));
+    QApplication::clipboard()->setText("|\n");
+    Taper("Separateur", "");
+    QTest::keyClick(&Champ("Separateur"), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Champ("Separateur").text(), "|");
+}
+
 TEST_F(FrmSeparerEn2, WhatIsWrongIsToldAndTheDialogStays)
 {
     Ouvrir();
@@ -137,7 +151,6 @@ TEST_F(FrmSeparerEn2, TheBarMovesAndTheDialogCannotBeLeftBeforeTheEnd)
         AjouterDesMilliers();
         Ouvrir();
         pas.clear();
-        montree = false;
         AChaquePas([this] {
             Cliquer("btAnnuler");
             form->close();
@@ -151,7 +164,7 @@ TEST_F(FrmSeparerEn2, TheBarMovesAndTheDialogCannotBeLeftBeforeTheEnd)
         Cliquer(bouton);
         EXPECT_EQ(pas, QList<int>({1024, 2048})) << bouton;
         EXPECT_EQ(maximum, 3001);
-        EXPECT_TRUE(montree);
+        EXPECT_TRUE(barre->montre);
         EXPECT_FALSE(form->isVisible());
         EXPECT_EQ(doc.ColCount(), 4);
     }

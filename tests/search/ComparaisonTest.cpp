@@ -1,6 +1,8 @@
 #include "search/Comparaison.h"
 
+#include "base/Avancement.h"
 #include "catalogue/texte/LectureQrt.h"
+#include "columns/SeparerColonne.h"
 #include "platform/PageDeCode.h"
 #include "support/TableDeTest.h"
 
@@ -246,6 +248,27 @@ TEST_F(ComparaisonTest, EndsWhenATableChanges)
     b.ListItems.Clear();
     EXPECT_EQ(comparaison.Ou(), Etape::Rompue);
     EXPECT_EQ(comparaison.Avancer(1), Etape::Rompue);
+}
+
+TEST_F(ComparaisonTest, EndsWhenColumnsOfATableChangeAndTheSortStaysOnItsColumn)
+{
+    DocumentDeTest document;
+    TexteDeCatalogue texte;
+    texte.colonnes = {"Titre|1000|", "Genre|1000|", "Prêté|600|"};
+    texte.cleDeTri = "1";
+    texte.entrees = {"c|1||", "a|3||", "b|2||"};
+    document.Charger(texte.Texte());
+    AjouterEntrees(b, {{"b", ""}});
+    {
+        Comparaison comparaison(document.table, 0, b, 0);
+        EXPECT_EQ(comparaison.Avancer(1), Etape::Fusion);
+        SansAvancement avancement;
+        Dupliquer(document.doc, 0, "Copie", avancement);
+        EXPECT_EQ(comparaison.Ou(), Etape::Rompue);
+        EXPECT_EQ(comparaison.Avancer(99), Etape::Rompue);
+    }
+    EXPECT_EQ(document.table.SortKey(), 2);
+    EXPECT_EQ(ColonneDe(document.table, 3), QStringList({"1", "2", "3"}));
 }
 
 TEST_F(ComparaisonTest, EndsWhenATableHasGone)

@@ -352,7 +352,7 @@ private:
     bool m_grille = false;
     int m_cleDeTri = 0;
     int m_sensDeTri = 0;
-    std::vector<TriPassager*> m_trisPassagers;
+    std::vector<TriPassager*> m_trisPassagers; // the latest first
     int m_modeDAffichage = 3;
     ListItem m_focus;
 

@@ -62,10 +62,10 @@ void MyLV::SuivreColonnes(const std::function<int(int)>& nouveau)
         m_trie = false;
         m_sensDeTri = 0;
     }
-    // The marker speaks of the sort that the user asked for, beneath those that pass.
-    bool perdu = cle < 0 && m_trisPassagers.empty();
+    // The marker speaks of the sort that the user asked for: of those that pass the first one made knows it.
+    bool perdu = cle < 0;
     for (TriPassager* tri : m_trisPassagers)
-        perdu = !tri->SuivreColonnes(nouveau) || perdu;
+        perdu = !tri->SuivreColonnes(nouveau);
     for (int i = 1; perdu && i <= ColumnHeaders.Count(); ++i)
         ColumnHeaders(i).SetIcon(QString());
     ++m_generation;

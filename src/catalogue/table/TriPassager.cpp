@@ -26,7 +26,7 @@ TriPassager::TriPassager(MyLV& table, int colonne)
     if (m_ancienOrdre == table.m_ordre)
         m_ancienOrdre = {};
     m_generation = table.Generation();
-    table.m_trisPassagers.push_back(this);
+    table.m_trisPassagers.insert(table.m_trisPassagers.begin(), this);
 }
 
 TriPassager::~TriPassager()
@@ -39,7 +39,6 @@ TriPassager::~TriPassager()
     if (m_ancienneCle < 0) {
         m_table.SetSorted(false);
         m_table.SetSortKey(0);
-        m_table.SetSortOrder(0);
         return;
     }
     // What goes back to its place first is sorted no more: it is only looked through.

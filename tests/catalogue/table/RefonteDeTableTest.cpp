@@ -135,6 +135,35 @@ TEST_F(RefonteTest, AnImageKeepsItsPlaceBehindCellsThatWereNotThere)
     EXPECT_EQ(table.StockageDe(1).Tranche(), "\xE9|b|c|neuf|image.jpg");
 }
 
+TEST_F(RefonteTest, AnEntryOfFewCellsKeepsItsImage)
+{
+    table.ListItems.Add(0, "k6", "seul").SetTag("seul.jpg");
+    ASSERT_TRUE(Refaire(Retirer));
+    EXPECT_EQ(table.ListItems(6).Text(), "seul");
+    EXPECT_EQ(table.ListItems(6).Tag(), "seul.jpg");
+    EXPECT_FALSE(table.ListItems(6).ListSubItems(1));
+}
+
+TEST_F(RefonteTest, WhatBecomesABlockIsNoLineAnyMore)
+{
+    ASSERT_TRUE(table.StockageDe(1).EstReguliere());
+    ASSERT_TRUE(Refaire([](Cellules& cellules) { cellules[0] = {"\xE6\x97\xA5", 3, Codage::Utf8, true}; }));
+    for (int i = 1; i <= 5; ++i) {
+        EXPECT_FALSE(table.StockageDe(i).EstTranche()) << i;
+        EXPECT_FALSE(table.StockageDe(i).EstReguliere()) << i;
+        EXPECT_EQ(table.ListItems(i).Text(), "日");
+    }
+}
+
+TEST_F(RefonteTest, AChangeAfterTheLastEntryCountsToo)
+{
+    RefonteDeTable refonte(table, Codage::Cp1252, Retirer);
+    EXPECT_FALSE(refonte.Avancer(9));
+    table.ListItems(1).SetText("autre");
+    EXPECT_FALSE(refonte.Poser());
+    EXPECT_EQ(Premiers(3).first(), "autre|b|c");
+}
+
 TEST_F(RefonteTest, TheSelectionMayChangeMeanwhile)
 {
     table.ListItems(1).SetSelected(true);

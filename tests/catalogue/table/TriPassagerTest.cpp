@@ -181,3 +181,16 @@ TEST_F(TriPassagerTest, AColumnThatGoesTakesItsSortAlongAndNoOther)
     EXPECT_EQ(table.SortKey(), 0);
     EXPECT_EQ(table.SortOrder(), 0);
 }
+
+TEST_F(TriPassagerTest, OfSortsThatPassTheFirstOneKnowsTheUsersOwn)
+{
+    Trier(1, 0);
+    table.ColumnHeaders(2).SetIcon("down");
+    const auto perdre = [](int perdue) { return [perdue](int colonne) { return colonne == perdue ? -1 : colonne; }; };
+    const TriPassager un(table, 0);
+    const TriPassager deux(table, 1);
+    table.SuivreColonnes(perdre(0));
+    EXPECT_EQ(table.ColumnHeaders(2).Icon(), "down") << "only a sort that passes has lost its column";
+    table.SuivreColonnes(perdre(1));
+    EXPECT_EQ(table.ColumnHeaders(2).Icon(), "");
+}
