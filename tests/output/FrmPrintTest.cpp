@@ -352,6 +352,34 @@ TEST_F(FrmPrintTest, AClickOnATitleSelectsItInTheList)
     EXPECT_EQ(Largeurs(), std::vector<double>({30, 20, 10}));
 }
 
+TEST_F(FrmPrintTest, AClickBesideTheColumnsSelectsNone)
+{
+    Ouvrir();
+    De<QTableWidget>(*m_form, "Largeurs").setCurrentCell(1, 1);
+    QTest::mouseClick(&LV1(), Qt::LeftButton, {}, QPoint(qRound(70 * Echelle()), 5));
+    EXPECT_EQ(De<QTableWidget>(*m_form, "Largeurs").currentRow(), 1);
+}
+
+TEST_F(FrmPrintTest, TheSheetHintsAtAsManyRowsAsThereAre)
+{
+    frmPrint& form = Ouvrir();
+    const auto filets = [this] {
+        const QImage image = LV1().grab().toImage();
+        const int x = qRound(15 * Echelle());
+        int nombre = 0;
+        for (int y = 40; y < image.height(); ++y)
+            nombre += image.pixelColor(x, y) != image.pixelColor(x, image.height() - 1) ? 1 : 0;
+        return nombre;
+    };
+    form.MontrerRangees(0);
+    EXPECT_EQ(filets(), 0);
+    form.MontrerRangees(50);
+    const int cinquante = filets();
+    EXPECT_GT(cinquante, 20);
+    form.MontrerRangees(30);
+    EXPECT_EQ(cinquante - filets(), 20);
+}
+
 TEST_F(FrmPrintTest, WidthsAreTypedByKeysAlone)
 {
     frmPrint& form = Ouvrir();

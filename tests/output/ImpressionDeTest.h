@@ -5,6 +5,7 @@
 #include "support/PlateformeDeTest.h"
 
 #include <QBuffer>
+#include <QImage>
 #include <QPageSize>
 #include <QPdfWriter>
 
@@ -25,12 +26,13 @@ public:
         };
     }
 
-    QStringList demandees;   ///< printer and title of each job that was begun
-    int finis = 0;           ///< jobs that were sent
-    int pagesDernier = 0;    ///< pages of the last job
-    bool refuse = false;     ///< jobs come to nothing at their end
-    bool sansPapier = false; ///< there is no second page
-    QByteArray octets;       ///< of the last job
+    QStringList demandees;     ///< printer and title of each job that was begun
+    int finis = 0;             ///< jobs that were sent
+    int pagesDernier = 0;      ///< pages of the last job
+    bool refuse = false;       ///< jobs come to nothing at their end
+    bool sansPapier = false;   ///< there is no second page
+    bool sansAppareil = false; ///< nothing can be drawn at all
+    QByteArray octets;         ///< of the last job
 
 private:
     class Travail : public TravailDImpression
@@ -45,7 +47,10 @@ private:
             m_pages->setPageMargins({});
             m_imprimante.pagesDernier = 1;
         }
-        QPaintDevice& Papier() override { return *m_pages; }
+        QPaintDevice& Papier() override
+        {
+            return m_imprimante.sansAppareil ? static_cast<QPaintDevice&>(m_rien) : *m_pages;
+        }
         bool NouvellePage() override
         {
             ++m_imprimante.pagesDernier;
@@ -62,6 +67,7 @@ private:
     private:
         ImprimanteEnMemoire& m_imprimante;
         QBuffer m_tampon;
+        QImage m_rien;
         std::unique_ptr<QPdfWriter> m_pages;
     };
 };

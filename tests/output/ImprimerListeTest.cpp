@@ -248,11 +248,16 @@ TEST_F(ImprimerListeTest, AJobThatFailsIsTold)
     reponses.Preparer(RepOui);
     Imprimer();
     EXPECT_EQ(reponses.Cles().last(), "msgPasImprime");
+    imprimante.sansPapier = false;
+    imprimante.sansAppareil = true;
+    reponses.Preparer(RepOui);
+    Imprimer();
+    EXPECT_EQ(reponses.Cles().last(), "msgPasImprime");
     EXPECT_EQ(imprimante.finis, 0);
     PlateformeDeTest::Courante().imprimantes.commencer = {};
     reponses.Preparer(RepOui);
     Imprimer();
-    EXPECT_EQ(reponses.Cles().count(u"msgPasImprime"_s), 3) << "the printer has gone";
+    EXPECT_EQ(reponses.Cles().count(u"msgPasImprime"_s), 4) << "the printer has gone";
 }
 
 // ---- into a file
