@@ -44,8 +44,9 @@ enum class Abandon { Interdit, Permis };
 class AvancementEnFenetre : public Avancement
 {
 public:
-    explicit AvancementEnFenetre(std::chrono::milliseconds delai = std::chrono::milliseconds(400),
-                                 Abandon abandon = Abandon::Interdit);
+    /// What counts as a moment; tests have none.
+    static inline std::chrono::milliseconds DelaiUsuel{400};
+    explicit AvancementEnFenetre(std::chrono::milliseconds delai = DelaiUsuel, Abandon abandon = Abandon::Interdit);
     ~AvancementEnFenetre() override;
     bool EstAbandonne() const override { return m_fenetre && m_fenetre->EstAbandonne(); }
 

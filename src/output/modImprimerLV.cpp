@@ -76,7 +76,7 @@ Feuille PourLePapier(const frmPrint& form, const MyLV& table)
 std::optional<PagesComposees> Composer(const frmPrint& form, const MyLV& table)
 {
     const Retenue retenue;
-    AvancementEnFenetre avancement(std::chrono::milliseconds(400), Abandon::Permis);
+    AvancementEnFenetre avancement(AvancementEnFenetre::DelaiUsuel, Abandon::Permis);
     MesureSurPapier mesure;
     MiseEnPages mise(table, PourLePapier(form, table), PoliceDeTable().family(), form.SelectionSeule(), mesure);
     while (mise.Avancer(RangeesParPas)) {

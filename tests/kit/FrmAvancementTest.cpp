@@ -10,6 +10,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <vector>
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -67,6 +70,34 @@ TEST(AvancementEnFenetre, NeitherEscapeNorTheCloseBoxEndsIt)
     ASSERT_NE(Fenetre(), nullptr);
     EXPECT_FALSE(Fenetre()->close());
     EXPECT_NE(Fenetre(), nullptr);
+}
+
+TEST(AvancementEnFenetre, WhatMayBeGivenUpHasAButtonThatDoesIt)
+{
+    for (const auto& geste : std::vector<std::function<void(QWidget&)>>{
+             [](QWidget& fenetre) { QTest::mouseClick(fenetre.findChild<QPushButton*>("btAnnuler"), Qt::LeftButton); },
+             [](QWidget& fenetre) { QTest::keyClick(&fenetre, Qt::Key_Escape); },
+             [](QWidget& fenetre) { fenetre.close(); }}) {
+        AvancementEnFenetre avancement(0ms, Abandon::Permis);
+        avancement.Signaler(1, 3);
+        ASSERT_NE(Fenetre(), nullptr);
+        EXPECT_TRUE(Fenetre()->findChild<QPushButton*>("btAnnuler")->isVisible());
+        EXPECT_FALSE(avancement.EstAbandonne());
+        geste(*Fenetre());
+        EXPECT_TRUE(avancement.EstAbandonne());
+        EXPECT_NE(Fenetre(), nullptr) << "it stays until the operation has heard of it";
+    }
+}
+
+TEST(AvancementEnFenetre, WhatMayNotHasNone)
+{
+    AvancementEnFenetre avancement(0ms);
+    avancement.Signaler(1, 3);
+    ASSERT_NE(Fenetre(), nullptr);
+    EXPECT_FALSE(Fenetre()->findChild<QPushButton*>("btAnnuler")->isVisible());
+    QTest::keyClick(Fenetre(), Qt::Key_Escape);
+    Fenetre()->close();
+    EXPECT_FALSE(avancement.EstAbandonne());
 }
 
 TEST(AvancementEnFenetre, AClickElsewhereIsDroppedMeanwhile)

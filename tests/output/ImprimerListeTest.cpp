@@ -3,6 +3,7 @@
 
 #include "ImpressionDeTest.h"
 #include "base/Options.h"
+#include "kit/frmAvancement.h"
 #include "output/ColonnesDeFeuille.h"
 #include "output/frmPrint.h"
 #include "output/frmPrintOptions.h"
@@ -21,6 +22,8 @@
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -78,6 +81,23 @@ protected:
     FileDeReponses reponses;
     FileDeFichiers fichiers;
     ImprimanteEnMemoire imprimante;
+};
+
+/// Presses the button of the window of progress as soon as that is seen.
+class AbandonALApparition : public QObject
+{
+public:
+    AbandonALApparition() { qApp->installEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject* objet, QEvent* event) override
+    {
+        if (event->type() == QEvent::Show && objet->objectName() == "frmAvancement") {
+            QMetaObject::invokeMethod(
+                objet, [objet] { objet->findChild<QAbstractButton*>("btAnnuler")->click(); }, Qt::QueuedConnection);
+        }
+        return false;
+    }
 };
 
 } // namespace
@@ -258,6 +278,18 @@ TEST_F(ImprimerListeTest, AJobThatFailsIsTold)
     reponses.Preparer(RepOui);
     Imprimer();
     EXPECT_EQ(reponses.Cles().count(u"msgPasImprime"_s), 4) << "the printer has gone";
+}
+
+TEST_F(ImprimerListeTest, ComposingIsGivenUpByItsButton)
+{
+    for (int i = 0; i < 500; ++i)
+        document.table.ListItems.Add(0, QString(), u"Entrée %1"_s.arg(i));
+    const auto avant = std::exchange(AvancementEnFenetre::DelaiUsuel, std::chrono::milliseconds(0));
+    const AbandonALApparition abandon;
+    Imprimer();
+    AvancementEnFenetre::DelaiUsuel = avant;
+    EXPECT_TRUE(reponses.Affiches().isEmpty()) << "no question";
+    EXPECT_EQ(imprimante.demandees, QStringList());
 }
 
 // ---- into a file
