@@ -56,7 +56,7 @@ TEST_F(FrmPreterTest, ShowsItsWords)
     const auto form = Ouvrir();
     EXPECT_EQ(form->windowTitle(), u"Prêt de cd"_s);
     EXPECT_EQ(Libelle(*form, "Label1"),
-              u"Tape le nom de la personne à qui tu as prêté les cd ou selectionne un nom dans la liste"_s);
+              u"Tape le nom de la personne à qui tu as prété les cd ou selectionne un nom dans la liste"_s);
     EXPECT_EQ(Libelle(*form, "Label2"), u"Quel est son e-mail (facultatif)"_s);
     EXPECT_EQ(Caption(*form, "btMettreAJour"), u"Mettre à jour"_s);
     EXPECT_EQ(Caption(*form, "btAnnuler"), "Annuler");
