@@ -188,8 +188,8 @@ TEST_F(Form1Test, ItemsWhoseCommandIsNotBuiltStandDisabled)
 TEST_F(Form1Test, AShortcutOfADisabledItemDoesNothing)
 {
     const Form1& fenetre = Ouvrir();
-    const QSignalSpy lancee(&Commande(fenetre, u"mImprimer"_s), &QAction::triggered);
-    QTest::keyClick(&fenetre.ListView1(), Qt::Key_P, Qt::ControlModifier);
+    const QSignalSpy lancee(&Commande(fenetre, u"mCopier"_s), &QAction::triggered);
+    QTest::keyClick(&fenetre.ListView1(), Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(lancee.count(), 0);
 }
 
