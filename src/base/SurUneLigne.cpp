@@ -22,3 +22,8 @@ QString SurUneLigne(QString texte)
     std::replace_if(texte.begin(), texte.end(), EstSaut, u' ');
     return texte;
 }
+
+QString SansSeparateurs(const QString& texte)
+{
+    return SurUneLigne(texte).replace(u'|', u'\u00A6'); // the broken bar is in the code page
+}

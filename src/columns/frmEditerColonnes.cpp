@@ -174,11 +174,8 @@ void frmEditerColonnes::ChangerDependante()
     const ChoixDeColonne choix = m_ui->lstColonne4->Choix();
     if (m_travail.EnCours())
         return;
-    // A text that was typed names no line, and -1 would be no number of a column.
-    if (choix.position < 0) {
-        Refuser(LangMsg(u"msg19"_s, u"Veuillez sélectionner une colonne"_s));
-        return;
-    }
+    // Nothing is checked: a text that was typed names no line, which is -1, and entries depend on no column then. It is
+    // meant.
     ChoisirDependante(myqrt, choix.position);
     AfficherMsg(LangMsg(u"msg12"_s, u"ok changement effectué"_s), MsgOk, QString());
 }

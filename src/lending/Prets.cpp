@@ -1,6 +1,7 @@
 #include "lending/Prets.h"
 
 #include "base/Avancement.h"
+#include "base/SurUneLigne.h"
 #include "catalogue/texte/QrtClass.h"
 #include "catalogue/texte/ValeursVues.h"
 #include "platform/PageDeCode.h"
@@ -85,8 +86,9 @@ void PreterEntrees(QrtClass& doc, const Pret& pret, Portee portee, const std::fu
         Etendre(table, doc.dependantcol, avancement);
 
     const int colonne = doc.IndexColPrete;
-    const QByteArray neuf = TexteDuPret(pret).toUtf8();
-    const QByteArray remplacant = colonne == 1 ? pret.nom.toUtf8() : neuf;
+    // A contact may have a bar in its name; in the file that would part the cell in two.
+    const QByteArray neuf = SansSeparateurs(TexteDuPret(pret)).toUtf8();
+    const QByteArray remplacant = colonne == 1 ? SansSeparateurs(pret.nom).toUtf8() : neuf;
     const int total = table.ListItems.Count();
     bool toutRemplacer = false;
     for (int i = total; i >= 1; --i) {

@@ -35,6 +35,7 @@ MiseEnPages::MiseEnPages(const MyLV& table, Feuille feuille, const QString& nomD
         Pages.pages.back().image = {icone.x() * x, icone.y() * y, icone.width() * x, icone.height() * y};
     }
     ImprimerTitres();
+    m_lignesFaites = 0; // titles do not go on, however long they are
 }
 
 void MiseEnPages::CommencerPage()

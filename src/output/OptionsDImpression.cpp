@@ -108,8 +108,8 @@ void OptionsDImpression::EcrireSelectionSeule(bool seule) const
 
 double OptionsDImpression::LargeurDeColonne(int colonne, double defaut) const
 {
-    const QString texte = Lire(u"ColWidth"_s + QString::number(colonne), QString());
-    return std::clamp(texte.isEmpty() ? defaut : Val(texte), 0., LargeurMax);
+    const QString texte = Lire(u"ColWidth"_s + QString::number(colonne), QString::number(defaut, 'f', 12));
+    return std::clamp(Val(texte), 0., LargeurMax);
 }
 
 void OptionsDImpression::EcrireLargeurDeColonne(int colonne, double largeur) const

@@ -98,8 +98,8 @@ void MontrerPages(frmPrint& form, const MyLV& table)
 QString DemanderFichierPdf(const QString& titre)
 {
     DemandeFichier demande;
-    QString nom = NomLisible(NomDeFichier(titre));
-    nom.truncate(nom.endsWith(u".qrt", Qt::CaseInsensitive) ? nom.size() - 4 : nom.size());
+    QString nom = NomLisible(titre);
+    nom.remove(u".qrt"_s, Qt::CaseInsensitive).replace(u'/', u'-').replace(u'\\', u'-');
     const QString dossier = LireOption(Options::ExportInitDir);
     demande.depart = AjouterSlash(dossier.isEmpty() ? QDir::homePath() : dossier) + nom + u".pdf"_s;
     demande.types = TypesDuFiltre(u"PDF (*.pdf)|*.pdf"_s);
@@ -151,7 +151,8 @@ void Envoyer(const frmPrint& form, const PagesComposees& pages)
         form.VersUnFichier()
             ? LangMsg(u"msgPdfNonEcrit"_s, u"Le fichier PDF n'a pas pu être écrit. Vérifiez que le dossier existe, que "
                                            u"vous pouvez y écrire et que le disque n'est pas plein."_s)
-            : LangMsg(u"msgPasImprime"_s, u"L'imprimante n'a pas accepté les pages : rien n'a été imprimé."_s);
+            : LangMsg(u"msgPasImprime"_s,
+                      u"L'imprimante n'a pas accepté toutes les pages : rien n'a été imprimé, ou pas tout."_s);
     AfficherMsg(echec, MsgOk, QString());
 }
 

@@ -12,7 +12,7 @@ class QPaintDevice;
 /// The units of a painter on paper.
 constexpr int UnitesParPouce = 1200;
 
-/// A job that has begun. One that goes without having ended is given up.
+/// A job that has begun. One that goes without having ended is given up, as far as the system lets it.
 class TravailDImpression
 {
 public:

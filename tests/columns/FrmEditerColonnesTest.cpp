@@ -174,12 +174,20 @@ TEST_F(FrmEditerColonnes, ATitleThatWasOnlyTypedChoosesNothing)
     TaperEnListe("lstColonne2", "Artiste");
     Taper("newName", "Groupe");
     Cliquer("ChangerNom");
-    TaperEnListe("lstColonne4", "Artiste");
-    Cliquer("Command1");
-    EXPECT_EQ(reponses.Cles().mid(3), QStringList({"msg19", "msg19"}));
+    EXPECT_EQ(reponses.Cles().mid(3), QStringList("msg19"));
     EXPECT_EQ(Titres(), QStringList({"Titre", "Artiste", "Prêté"}));
     EXPECT_EQ(doc.dependantcol, 0);
     EXPECT_FALSE(doc.IlFautSauver);
+}
+
+TEST_F(FrmEditerColonnes, ADependantColumnThatWasOnlyTypedIsNone)
+{
+    Ouvrir();
+    TaperEnListe("lstColonne4", "Artiste");
+    Cliquer("Command1");
+    EXPECT_EQ(reponses.Cles(), QStringList("msg12"));
+    EXPECT_EQ(doc.dependantcol, -1);
+    EXPECT_TRUE(doc.IlFautSauver);
 }
 
 TEST_F(FrmEditerColonnes, ALineThatIsChosenAfterTypingCounts)

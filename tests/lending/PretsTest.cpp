@@ -69,6 +69,20 @@ TEST_F(PretsTest, ALoanIsTheNameAndTheDate)
     EXPECT_EQ(TexteDuPret({u"Paul - Louis"_s, u"1/2/2006"_s}), "Paul - Louis - 1/2/2006");
 }
 
+TEST_F(PretsTest, ABarInTheNamePartsNoCell)
+{
+    for (const int colonne : {1, 2}) {
+        Colonnes(colonne == 1 ? QStringList({u"Prêté"_s, "Titre"}) : QStringList({"Titre", u"Prêté"_s}));
+        table.ListItems.Clear();
+        AjouterEntrees(table, {{"", ""}, {"x", "x"}});
+        Choisir({1, 2});
+        PreterEntrees(
+            doc, {u"Ida|Paul"_s, u"13/09/2005"_s}, Portee::Selection, [] { return true; }, avancement);
+        EXPECT_EQ(Prets(), QStringList({u"Ida\u00A6Paul - 13/09/2005"_s,
+                                        colonne == 1 ? u"Ida\u00A6Paul"_s : u"Ida\u00A6Paul - 13/09/2005"_s}));
+    }
+}
+
 TEST_F(PretsTest, MarksTheSelectedEntriesAlone)
 {
     AjouterEntrees(table, {{"Aja"}, {"Blue"}, {"Dummy"}});

@@ -7,6 +7,7 @@
 #include "output/ColonnesDeFeuille.h"
 #include "output/frmPrint.h"
 #include "output/frmPrintOptions.h"
+#include "support/ArchiveDeTest.h"
 #include "support/FileDeFichiers.h"
 #include "support/FileDeReponses.h"
 #include "support/SuiteDeModales.h"
@@ -238,6 +239,34 @@ TEST_F(ImprimerListeTest, TheSelectionAloneIsPrinted)
     reponses.Preparer(RepOui);
     Imprimer();
     EXPECT_EQ(imprimante.pagesDernier, 1) << "no entry is selected: the heading and the titles";
+}
+
+TEST_F(ImprimerListeTest, TheHeadingCountsAllEntriesAlsoWhereTheSelectionIsPrinted)
+{
+    EcrireOptions("SelOnly=1\r\n");
+    document.table.Selectionner(2, 2, true);
+    reponses.Preparer(RepOui);
+    Imprimer();
+    const QString pdf = document.dossier.Ecrire("recu.pdf", imprimante.octets);
+    const QByteArray texte = ::Lancer("pdftotext", {"-layout", pdf, "-"});
+    EXPECT_TRUE(texte.contains("Morvenal - 3 mes disques.qrt")) << texte.toStdString();
+    EXPECT_TRUE(texte.contains("Blue"));
+    EXPECT_FALSE(texte.contains("Aja"));
+}
+
+TEST_F(ImprimerListeTest, ThePictureIsPrintedWhereItsOptionSaysSo)
+{
+    EcrireImage(Qt::red);
+    for (const auto& [options, images] : std::vector<std::pair<QByteArray, int>>{{"AffImg=1\r\nImgDefaut=0\r\n", 1},
+                                                                                 {"AffImg=0\r\nImgDefaut=1\r\n", 0},
+                                                                                 {"AffImg=0\r\nImgDefaut=0\r\n", 0}}) {
+        EcrireOptions(options);
+        reponses.Preparer(RepOui);
+        Imprimer();
+        const QString pdf = document.dossier.Ecrire("recu.pdf", imprimante.octets);
+        const QByteArray liste = ::Lancer("pdfimages", {"-list", pdf});
+        EXPECT_EQ(liste.contains(" image "), images > 0) << options.toStdString() << liste.toStdString();
+    }
 }
 
 TEST_F(ImprimerListeTest, ThePrinterThatWasChosenIsTheCurrentOneFromThenOn)

@@ -188,6 +188,30 @@ TEST_F(MiseEnPagesTest, ACellThatDoesNotFitGoesOnOnTheNextPageWithTheRow)
     EXPECT_NEAR(Boites(2)[0].hauteur, Ligne * (40 - faites), 1e-3);
 }
 
+TEST_F(MiseEnPagesTest, BothLongCellsGoOnFromTheSameLine)
+{
+    feuille.colonnes = {{u"Titre"_s, 20}, {u"Artiste"_s, 20}};
+    Remplir(100);
+    AjouterEntrees(table, {{Long(30), Long(40)}});
+    Composer();
+    ASSERT_EQ(mise->Pages.pages.size(), 2);
+    const int faites = static_cast<int>((270 - Y1) / Ligne) - 100;
+    const auto ligne = [](int i) { return QString::number(i).rightJustified(40, u'-'); };
+    ASSERT_EQ(Textes(2).mid(2).size(), 30 - faites + 40 - faites);
+    EXPECT_EQ(Textes(2).at(2), ligne(faites + 1));
+    EXPECT_EQ(Textes(2).at(2 + 30 - faites), ligne(faites + 1)) << "the other one too";
+    EXPECT_NEAR(Texte(2, 3).y, Texte(2, 3 + 30 - static_cast<size_t>(faites)).y, 1e-3);
+    EXPECT_NEAR(Boites(2)[0].hauteur, Ligne * (40 - faites), 1e-3) << "the longest gives the height";
+}
+
+TEST_F(MiseEnPagesTest, AnEmptyRowHasTheHeightOfALine)
+{
+    AjouterEntrees(table, {{"", ""}, {"Aja", ""}});
+    Composer();
+    EXPECT_NEAR(Boites(1)[2].hauteur, Ligne, 1e-3);
+    EXPECT_NEAR(Boites(1)[4].y, Boites(1)[2].y + Ligne, 1e-3);
+}
+
 TEST_F(MiseEnPagesTest, OnAThirdPageLinesAreCountedFromTheSecond)
 {
     AjouterEntrees(table, {{Long(240), ""}});

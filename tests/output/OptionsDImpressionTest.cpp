@@ -66,13 +66,15 @@ TEST_F(OptionsDImpressionTest, EachIsWrittenUnderItsKey)
 
 TEST_F(OptionsDImpressionTest, WidthsHaveAPointAndStayWithinReason)
 {
-    Ecrire("ColWidth1=12,5\r\nColWidth2=-4\r\nColWidth3=99999999999999999999\r\nColWidth4=large\r\nColWidth5=0\r\n");
+    Ecrire("ColWidth1=12,5\r\nColWidth2=-4\r\nColWidth3=99999999999999999999\r\nColWidth4=large\r\nColWidth5="
+           "0\r\nColWidth7=\r\n");
     EXPECT_EQ(options.LargeurDeColonne(1, 3), 12) << "a comma ends the number";
     EXPECT_EQ(options.LargeurDeColonne(2, 3), 0);
     EXPECT_EQ(options.LargeurDeColonne(3, 3), OptionsDImpression::LargeurMax);
     EXPECT_EQ(options.LargeurDeColonne(4, 3), 0);
     EXPECT_EQ(options.LargeurDeColonne(5, 3), 0) << "left out by the user";
     EXPECT_EQ(options.LargeurDeColonne(6, -3), 0);
+    EXPECT_EQ(options.LargeurDeColonne(7, 3), 0) << "a key without a number has none";
 }
 
 TEST_F(OptionsDImpressionTest, OtherNumbersOfSelOnlyAreAll)

@@ -52,12 +52,6 @@ private:
 
 namespace {
 
-/// A typed text as a line can hold it. What validating refuses is not refused here, where it would be lost.
-QString SansSeparateurs(const QString& texte)
-{
-    return SurUneLigne(texte).replace(u'|', u'\u00A6'); // the broken bar is in the code page
-}
-
 QString TextesDeColonne(const ColumnHeader& colonne, int rang, const std::optional<SaisieEnCours>& saisie)
 {
     return saisie ? SurUneLigne(saisie->textes.value(rang - 1)) : colonne.Tag();
