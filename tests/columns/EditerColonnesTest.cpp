@@ -145,6 +145,7 @@ TEST_F(EditerColonnes, EntriesThatLackTheCellAreLeft)
     EXPECT_EQ(Valeurs(), Valeurs({{"un", "", ""}, {"a", "b", ""}, {"1", "2", "4"}}));
     EXPECT_EQ(doc.Table.ListItems(3).Tag(), "image.jpg");
     EXPECT_FALSE(doc.Table.ListItems(2).ListSubItems(2));
+    EXPECT_TRUE(doc.IlFautSauver);
     Supprimer(1);
     EXPECT_EQ(Valeurs(), Valeurs({{"", ""}, {"b", ""}, {"2", "4"}}));
 }

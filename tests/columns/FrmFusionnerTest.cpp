@@ -3,7 +3,9 @@
 
 #include "DialogueDeColonnes.h"
 #include "base/Options.h"
+#include "extensions/langue/modLang.h"
 #include "kit/Icones.h"
+#include "support/PlateformeDeTest.h"
 
 #include <QClipboard>
 #include <QWheelEvent>
@@ -39,6 +41,14 @@ TEST_F(FrmFusionner, OffersTheColumnsAndTheSeparatorUsedLast)
     EcrireOption(Options::FusionnerCol, " / ");
     Ouvrir();
     EXPECT_EQ(Champ("Separateur").text(), " / ");
+}
+
+TEST_F(FrmFusionner, SpeaksTheLanguageInForce)
+{
+    FichierLangue =
+        PlateformeDeTest::Courante().dossier.Ecrire("lang/english.ini", "[frmFusionner]\r\nbtfusionner_C=Merge\r\n");
+    Ouvrir();
+    EXPECT_EQ(Bouton("btfusionner").text(), "Merge");
 }
 
 TEST_F(FrmFusionner, MergesAndKeepsTheSeparator)

@@ -3,7 +3,9 @@
 
 #include "DialogueDeColonnes.h"
 #include "base/Options.h"
+#include "extensions/langue/modLang.h"
 #include "kit/Icones.h"
+#include "support/PlateformeDeTest.h"
 
 #include <QClipboard>
 #include <QGroupBox>
@@ -70,6 +72,16 @@ TEST_F(FrmSeparerEn2, DuplicatesUnderOtherWords)
               "Choisissez la colonne à dupliquer. Puis choisissez un nom pour la nouvelle colonne.");
     EXPECT_EQ(Visibles(), QStringList({"Label5", "C1", "nom", "btDupliquer", "btAnnuler"}));
     EXPECT_EQ(ParDefaut(), "btDupliquer");
+}
+
+TEST_F(FrmSeparerEn2, SpeaksTheLanguageInForce)
+{
+    FichierLangue = PlateformeDeTest::Courante().dossier.Ecrire(
+        "lang/english.ini", "[frmSeparerEn2]\r\nbtseparer_C=Split\r\n[other]\r\nmsg84=Duplicate a column\r\n");
+    OuvrirADupliquer();
+    EXPECT_EQ(Bouton("btseparer").text(), "Split");
+    EXPECT_EQ(form->windowTitle(), "Duplicate a column");
+    EXPECT_EQ(Trouver<QGroupBox>("Frame1").title(), "Duplicate a column");
 }
 
 TEST_F(FrmSeparerEn2, AColumnIsSplitAndTheSeparatorKept)

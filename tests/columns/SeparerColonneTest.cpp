@@ -73,6 +73,8 @@ TEST_F(SeparerColonne, OnlyTheFirstWholeSeparatorCuts)
     EXPECT_EQ(Morceaux("_-_a", "_-_"), QStringList({"", "a"}));
     EXPECT_EQ(Morceaux("a_-b", "_-_"), QStringList({"a_-b", ""}));
     EXPECT_EQ(Morceaux("a_-_-_b", "_-_"), QStringList({"a", "-_b"}));
+    EXPECT_EQ(Morceaux("a_-", "_-_"), QStringList({"a_-", ""})) << "the beginning of a separator is none";
+    EXPECT_EQ(Morceaux("a_", "__"), QStringList({"a_", ""}));
     EXPECT_EQ(Morceaux("aXbxc", "x"), QStringList({"aXb", "c"})) << "letter case counts";
     EXPECT_EQ(Morceaux("un|deux", "|"), QStringList({"un", "deux"}));
     EXPECT_EQ(Morceaux("été à Paris", "é à"), QStringList({"ét", " Paris"}));
@@ -134,6 +136,13 @@ TEST_F(SeparerColonne, TheNumbersOfLoanAndDependantColumnStay)
     Copier(1);
     EXPECT_EQ(doc.dependantcol, 2);
     EXPECT_EQ(doc.IndexColPrete, 3);
+}
+
+TEST_F(SeparerColonne, ANewColumnOfLoansIsNotTakenForOneYet)
+{
+    const int avant = doc.IndexColPrete;
+    Separer(doc, 0, "Prêté", "_-_", avancement);
+    EXPECT_EQ(doc.IndexColPrete, avant);
 }
 
 TEST_F(SeparerColonne, TheSortStaysOnItsColumn)

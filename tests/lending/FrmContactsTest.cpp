@@ -218,6 +218,20 @@ TEST_F(FrmContactsTest, AnEmptyNameAndOneThatAnotherHasAreRefused)
     EXPECT_EQ(Lignes(*form), QStringList({"Paul/p@x.fr", "PAUL/x", "paul/q"})) << "names differ by case";
 }
 
+TEST_F(FrmContactsTest, ANameThatIsThereIsNotAddedAgain)
+{
+    Trois();
+    const auto form = Ouvrir();
+    const SuiteDeModales suite({Fiche([this](QWidget& fiche) {
+        Remplir(fiche, u"Paul"_s, u"x"_s);
+        EXPECT_TRUE(fiche.isVisible());
+        EXPECT_EQ(reponses.Cles(), QStringList(u"Le nom existe déjà dans la liste, veuillez taper un autre nom"_s));
+        QTest::keyClick(&fiche, Qt::Key_Escape);
+    })});
+    Cliquer(*form, "btAddContact");
+    EXPECT_EQ(Lignes(*form), TroisLignes());
+}
+
 TEST_F(FrmContactsTest, AContactKeepsItsNameUnlessALaterOneHasIt)
 {
     Liste("count=3\r\nNom1=Paul|un\r\nNom2=Ida|\r\nNom3=Paul|trois\r\n");
