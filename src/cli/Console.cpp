@@ -97,11 +97,12 @@ QString Console::DemanderMotDePasse(const QString&, const QString&)
         m_motDePasseManque = true;
         return QString();
     }
-    std::fputs("Mot de passe : ", stderr);
-    std::fflush(stderr);
     QByteArray reponse;
     {
+        // Before the user is asked: turning it off drops what was typed until then.
         const SansEcho sansEcho;
+        std::fputs("Mot de passe : ", stderr);
+        std::fflush(stderr);
         for (int c = std::getchar(); c != EOF && c != '\n'; c = std::getchar())
             reponse.append(static_cast<char>(c));
     }

@@ -325,6 +325,28 @@ TEST_F(ZelvaneCli, FormFourteenDoesNotDropCharactersInSilence)
     EXPECT_TRUE(Lancer({"list", dossier.Fichier("b.qrt")}).sortie.contains("日本日本"));
 }
 
+TEST_F(ZelvaneCli, APasswordThatIsTypedIsNotSeenOnTheTerminal)
+{
+    dossier.Ecrire("s/Zelvane.qrt", Catalogue().Texte());
+    QProcess zip;
+    zip.setWorkingDirectory(dossier.Fichier("s"));
+    zip.start("zip", {"-q", "-P", "sesame42", dossier.Fichier("p.qrt"), "Zelvane.qrt"});
+    ASSERT_TRUE(zip.waitForFinished() && zip.exitCode() == 0);
+
+    QProcess terminal; // script gives its command a terminal and copies what stands on it
+    terminal.setProcessEnvironment(environnement);
+    terminal.setProcessChannelMode(QProcess::MergedChannels);
+    terminal.start("script", {"-qec", ZELVANE_CLI " list " + dossier.Fichier("p.qrt"), "/dev/null"});
+    QByteArray vu;
+    while (!vu.contains("Mot de passe : ") && terminal.waitForReadyRead(60000))
+        vu += terminal.readAll();
+    terminal.write("sesame42\n");
+    EXPECT_TRUE(terminal.waitForFinished(60000));
+    vu += terminal.readAll();
+    EXPECT_TRUE(vu.contains("Miles Davis")) << vu.toStdString();
+    EXPECT_FALSE(vu.contains("sesame42")) << vu.toStdString();
+}
+
 TEST_F(ZelvaneCli, PasswordsComeFromAFileOrAVariable)
 {
     dossier.Ecrire("s/Zelvane.qrt", Catalogue().Texte());
