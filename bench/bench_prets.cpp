@@ -77,8 +77,10 @@ void PreterUnDixieme(benchmark::State& etat)
         etat.ResumeTiming();
         document->Preter(Portee::Selection);
         etat.PauseTiming();
-        if (document->Pretees() != document->doc.ItemsCount() / 10)
+        if (document->Pretees() != document->doc.ItemsCount() / 10) {
             etat.SkipWithError("not lent as it is meant");
+            break;
+        }
         document.reset();
         etat.ResumeTiming();
     }
@@ -95,8 +97,10 @@ void Rendre(benchmark::State& etat, Portee pretees)
         etat.ResumeTiming();
         document->Rendre();
         etat.PauseTiming();
-        if (document->Pretees() != 0 || document->doc.SelItemsCount() != document->doc.ItemsCount())
+        if (document->Pretees() != 0 || document->doc.SelItemsCount() != document->doc.ItemsCount()) {
             etat.SkipWithError("not returned as it is meant");
+            break;
+        }
         document.reset();
         etat.ResumeTiming();
     }

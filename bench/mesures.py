@@ -55,7 +55,7 @@ class Inputs:
         self.changed_column = self._write_column(self.changed, 1)
         self.database = self._make_database(self.sorted)
         self.lent = self._make_lent(f"prete-{entries}.qrt")
-        self.boxes = self._make_boxes(f"coffrets-{entries}.qrt", 10_000)
+        self.boxes = self._make_boxes(f"coffrets-{entries}.qrt", entries // 100)
         self.many_columns = self._make_columns("colonnes-20000.qrt", columns=20_000, entries=10)
         self.pdf = folder / "pages.pdf"
         self.images = images
