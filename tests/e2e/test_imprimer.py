@@ -289,6 +289,40 @@ class PrintingToAFile(PrintingTest):
                 self.assertLess(pdf.boxes(page)[0][1], 297)
         self.assertEqual(set(words) - seen, set())
 
+    def test_the_heading_is_changed_the_pages_are_seen_and_the_options_saved(self):
+        path = self.write_archive("disques.qrt", ["Titre", "Prêté"], [["Aja", "", ""]])
+        program = self.open(path)
+        dialog = self.print_dialog()
+        program.key("alt+o")
+        program.await_window("Options d'impression")
+        options = program.find(role="dialog", name="Options d'impression")
+        wait_until(lambda: options.has("active"), "the options to have the keys")
+        options.find(role="text", name="Texte :").click()
+        program.key("ctrl+a")
+        program.type("%nb% disques")
+        program.key("Return")
+        dialog.find(role="label", name="## disques")
+        wait_until(lambda: dialog.has("active"), "the dialog to have the keys again")
+        program.key("alt+v")
+        program.await_window("Pages à imprimer")
+        pages = program.find(role="dialog", name="Pages à imprimer")
+        wait_until(lambda: pages.has("active"), "the pages to have the keys")
+        program.key("Escape")
+        wait_until(lambda: dialog.has("active"), "the dialog to have the keys at last")
+        program.key("Escape")
+        program.await_window(self.frame)
+
+        def saved():
+            try:
+                with zipfile.ZipFile(path) as archive:
+                    return b"Texte=%nb% disques" in archive.read("print.ini")
+            except (OSError, KeyError, zipfile.BadZipFile):
+                return False
+
+        program.await_frame()
+        program.key("ctrl+s")
+        wait_until(saved, "the options in the file")
+
     def test_the_samples_fit_their_pages(self):
         for name in ("discotheque.qrt", "bibliotheque.qrt"):
             sample = SOURCES / "examples" / name
