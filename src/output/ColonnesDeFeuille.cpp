@@ -25,9 +25,9 @@ ColonnesDeFeuille::ColonnesDeFeuille(QWidget* parent) : QWidget(parent)
     setMouseTracking(true);
 }
 
-void ColonnesDeFeuille::Ajouter(const Feuille::Colonne& colonne)
+void ColonnesDeFeuille::MettreColonnes(const std::vector<Feuille::Colonne>& colonnes)
 {
-    m_colonnes.push_back(colonne);
+    m_colonnes = colonnes;
     update();
 }
 
@@ -106,7 +106,8 @@ void ColonnesDeFeuille::DessinerRangees(QPainter& peintre, double largeur) const
         peintre.drawLine(QPointF(0, haut + i * pas), QPointF(largeur, haut + i * pas));
     double bord = 0;
     for (const Feuille::Colonne& colonne : m_colonnes) {
-        peintre.drawLine(QPointF(bord, haut), QPointF(bord, haut + rangees * pas));
+        if (bord < width())
+            peintre.drawLine(QPointF(bord, haut), QPointF(bord, haut + rangees * pas));
         bord += colonne.largeur * m_echelle;
     }
     peintre.drawLine(QPointF(largeur, haut), QPointF(largeur, haut + rangees * pas));
@@ -120,7 +121,7 @@ void ColonnesDeFeuille::paintEvent(QPaintEvent*)
     double bord = 0;
     for (const Feuille::Colonne& colonne : m_colonnes) {
         const double largeur = colonne.largeur * m_echelle;
-        if (largeur > 0) {
+        if (largeur > 0 && bord < width()) {
             const QRectF titre(bord, 0, largeur, haut);
             peintre.setPen(Encre);
             peintre.setBrush(FondDuTitre);

@@ -15,7 +15,7 @@ class ColonnesDeFeuille : public QWidget
 public:
     explicit ColonnesDeFeuille(QWidget* parent = nullptr);
 
-    void Ajouter(const Feuille::Colonne& colonne);
+    void MettreColonnes(const std::vector<Feuille::Colonne>& colonnes);
     /// Widths in millimetres of the sheet.
     const std::vector<Feuille::Colonne>& Colonnes() const { return m_colonnes; }
     /// Of column `colonne` (from 1); 0 leaves it out.

@@ -6,6 +6,7 @@
 #include "platform/Plateforme.h"
 
 #include <algorithm>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -21,6 +22,20 @@ QString Protege(const QString& valeur)
     const bool entreGuillemets =
         valeur.size() > 1 && valeur.front() == valeur.back() && (valeur.front() == u'"' || valeur.front() == u'\'');
     return blancs || entreGuillemets ? u"\"%1\""_s.arg(valeur) : valeur;
+}
+
+constexpr QLatin1StringView CleDeLargeur("ColWidth");
+
+/// The place, from 0, of the column whose width a key tells.
+std::optional<size_t> PlaceDeLargeur(QByteArrayView cle)
+{
+    const QByteArrayView chiffres = cle.sliced(std::min(cle.size(), CleDeLargeur.size()));
+    if (cle.size() <= CleDeLargeur.size() || chiffres.front() < '1' || chiffres.front() > '9' ||
+        qstrnicmp(cle.data(), CleDeLargeur.data(), static_cast<size_t>(CleDeLargeur.size())) != 0)
+        return std::nullopt;
+    bool estNombre = false;
+    const qulonglong numero = chiffres.toULongLong(&estNombre);
+    return estNombre ? std::optional<size_t>(numero - 1) : std::nullopt;
 }
 
 /// The key of the exact text of `cle`, which is UTF-8 with percent signs.
@@ -106,15 +121,30 @@ void OptionsDImpression::EcrireSelectionSeule(bool seule) const
     Ecrire(u"SelOnly"_s, BoolVersTexte(seule));
 }
 
-double OptionsDImpression::LargeurDeColonne(int colonne, double defaut) const
+std::vector<double> OptionsDImpression::Largeurs(std::vector<double> largeurs) const
 {
-    const QString texte = Lire(u"ColWidth"_s + QString::number(colonne), QString::number(defaut, 'f', 12));
-    return std::clamp(Val(texte), 0., LargeurMax);
+    std::vector<bool> lues(largeurs.size());
+    plateforme().ini->ParcourirSection(FichierIni(), Section.toString(),
+                                       [&](QByteArrayView cle, QByteArrayView valeur) {
+                                           const std::optional<size_t> place = PlaceDeLargeur(cle);
+                                           // Of two keys with one name the first one counts.
+                                           if (!place || *place >= largeurs.size() || lues[*place])
+                                               return;
+                                           lues[*place] = true;
+                                           largeurs[*place] = Val(TexteIni::Valeur(valeur));
+                                       });
+    for (double& largeur : largeurs)
+        largeur = std::clamp(largeur, 0., LargeurMax);
+    return largeurs;
 }
 
-void OptionsDImpression::EcrireLargeurDeColonne(int colonne, double largeur) const
+void OptionsDImpression::EcrireLargeurs(const std::vector<double>& largeurs) const
 {
-    Ecrire(u"ColWidth"_s + QString::number(colonne), QString::number(largeur, 'f', 3));
+    TexteIni::Cles cles;
+    cles.reserve(largeurs.size());
+    for (size_t i = 0; i < largeurs.size(); ++i)
+        cles.emplace_back(CleDeLargeur + QString::number(i + 1), QString::number(largeurs[i], 'f', 3));
+    plateforme().ini->EcrireCles(FichierIni(), Section.toString(), cles);
 }
 
 QString TexteDEntete(const QString& modele, const QString& titre, const QString& nombre, const QString& nomcat)

@@ -7,6 +7,8 @@
 
 #include <QString>
 
+#include <vector>
+
 class OptionsDImpression
 {
 public:
@@ -28,9 +30,10 @@ public:
     bool SelectionSeule() const;
     void EcrireSelectionSeule(bool seule) const;
 
-    /// Of column `colonne` (from 1) on the sheet, in its millimetres.
-    double LargeurDeColonne(int colonne, double defaut) const;
-    void EcrireLargeurDeColonne(int colonne, double largeur) const;
+    /// Of the columns on the sheet, in its millimetres; `largeurs` where there is none. All at once: a category may
+    /// have very many.
+    std::vector<double> Largeurs(std::vector<double> largeurs) const;
+    void EcrireLargeurs(const std::vector<double>& largeurs) const;
 
     /// The widest that a column is read.
     static constexpr double LargeurMax = 1000;

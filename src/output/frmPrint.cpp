@@ -44,7 +44,8 @@ frmPrint::frmPrint(const QString& dossier, QWidget* parent)
         {LangMsg(u"msgColonne"_s, u"Colonne"_s), LangMsg(u"msgLargeur"_s, u"Largeur (mm)"_s)});
     m_ui->Largeurs->horizontalHeader()->setSectionResizeMode(ListeTitre, QHeaderView::Stretch);
     m_ui->Largeurs->horizontalHeader()->setSectionResizeMode(ListeLargeur, QHeaderView::ResizeToContents);
-    m_ui->Largeurs->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    // One height for all: asking each row for its own takes long where there are very many.
+    m_ui->Largeurs->verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
     m_ui->Feuille->NomCat->setText(u"Zelvane v2.2 -"_s);
     if (LireOption(Options::MessageImprim)) {
         AfficherMsg(LangMsg(u"msg29"_s, u"Redimensionnez les colonnes, pour qu'elles tiennent sur une page.\n"
@@ -60,7 +61,7 @@ frmPrint::frmPrint(const QString& dossier, QWidget* parent)
     connect(m_ui->btAjuster, &QPushButton::clicked, this, &frmPrint::AjusterALaPage);
     connect(m_ui->Command1, &QPushButton::clicked, this, &frmPrint::Imprimer);
     connect(m_ui->Command2, &QPushButton::clicked, this, &frmPrint::Annuler);
-    connect(m_ui->Feuille->LV1, &ColonnesDeFeuille::LargeurTiree, this, &frmPrint::LargeurChangee);
+    connect(m_ui->Feuille->LV1, &ColonnesDeFeuille::LargeurTiree, this, &frmPrint::LargeurTiree);
     connect(m_ui->Feuille->LV1, &ColonnesDeFeuille::ColonneCliquee, this,
             [this](int colonne) { m_ui->Largeurs->setCurrentCell(colonne - 1, ListeLargeur); });
     connect(m_ui->Largeurs, &QTableWidget::itemChanged, this,
@@ -87,21 +88,23 @@ void frmPrint::ActualiseNomCat()
     m_ui->Feuille->NomCat->setText(TexteDEntete(TexteEntete, TitreImpression, NombreEntrees, NomCategorie));
 }
 
-void frmPrint::AjouterColonne(const QString& titre, double largeur)
+void frmPrint::MontrerColonnes(const std::vector<Feuille::Colonne>& colonnes)
 {
-    m_ui->Feuille->LV1->Ajouter({titre, largeur});
-    const QSignalBlocker muet(*m_ui->Largeurs);
-    const int ligne = m_ui->Largeurs->rowCount();
-    m_ui->Largeurs->insertRow(ligne);
-    auto* nom = new QTableWidgetItem(SurUneLigne(titre));
-    nom->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
-    m_ui->Largeurs->setItem(ligne, ListeTitre, nom);
-    auto* mm = new QTableWidgetItem;
-    mm->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    m_ui->Largeurs->setItem(ligne, ListeLargeur, mm);
-    if (ligne == 0)
+    m_ui->Feuille->LV1->MettreColonnes(colonnes);
+    {
+        const QSignalBlocker muet(*m_ui->Largeurs);
+        m_ui->Largeurs->setRowCount(static_cast<int>(colonnes.size()));
+        for (int ligne = 0; ligne < m_ui->Largeurs->rowCount(); ++ligne) {
+            auto* nom = new QTableWidgetItem(SurUneLigne(colonnes[static_cast<size_t>(ligne)].titre));
+            nom->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
+            m_ui->Largeurs->setItem(ligne, ListeTitre, nom);
+            auto* mm = new QTableWidgetItem;
+            mm->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+            m_ui->Largeurs->setItem(ligne, ListeLargeur, mm);
+        }
         m_ui->Largeurs->setCurrentCell(0, ListeLargeur);
-    MontrerLargeur(ligne + 1);
+    }
+    MontrerLargeurs();
 }
 
 void frmPrint::MontrerRangees(int nombre)
@@ -147,12 +150,19 @@ void frmPrint::MontrerLargeur(int colonne)
     const QSignalBlocker muet(*m_ui->Largeurs);
     m_ui->Largeurs->item(colonne - 1, ListeTitre)->setCheckState(largeur > 0 ? Qt::Checked : Qt::Unchecked);
     m_ui->Largeurs->item(colonne - 1, ListeLargeur)->setData(Qt::EditRole, Affichee(largeur * Feuille().EchelleX()));
+}
+
+void frmPrint::MontrerLargeurs()
+{
+    for (int i = 1; i <= m_ui->Largeurs->rowCount(); ++i)
+        MontrerLargeur(i);
     MontrerTotal();
 }
 
-void frmPrint::LargeurChangee(int colonne)
+void frmPrint::LargeurTiree(int colonne)
 {
     MontrerLargeur(colonne);
+    MontrerTotal();
 }
 
 /// A width is typed, or a column ticked, which gets back a width that lets it be read.
@@ -165,7 +175,7 @@ void frmPrint::LargeurSaisie(const QTableWidgetItem& cellule)
         lv1.MettreLargeur(colonne, cellule.data(Qt::EditRole).toDouble() / Feuille().EchelleX());
     else
         lv1.MettreLargeur(colonne, cellule.checkState() == Qt::Checked ? Lisible : 0);
-    MontrerLargeur(colonne);
+    LargeurTiree(colonne);
 }
 
 void frmPrint::AjusterALaPage()
@@ -177,10 +187,9 @@ void frmPrint::AjusterALaPage()
     if (total <= 0)
         return;
     const double facteur = Feuille().largeurDeLV1 / total;
-    for (int i = 1; i <= static_cast<int>(lv1.Colonnes().size()); ++i) {
+    for (int i = 1; i <= static_cast<int>(lv1.Colonnes().size()); ++i)
         lv1.MettreLargeur(i, lv1.Colonnes()[static_cast<size_t>(i - 1)].largeur * facteur);
-        MontrerLargeur(i);
-    }
+    MontrerLargeurs();
 }
 
 void frmPrint::MontrerTotal()

@@ -8,6 +8,7 @@
 #include <QImage>
 
 #include <memory>
+#include <vector>
 
 class QTableWidgetItem;
 
@@ -36,8 +37,8 @@ public:
 
     /// Makes the heading anew.
     void ActualiseNomCat();
-    /// `largeur`: in millimetres of the sheet.
-    void AjouterColonne(const QString& titre, double largeur);
+    /// In the place of those there are. Widths are in millimetres of the sheet.
+    void MontrerColonnes(const std::vector<Feuille::Colonne>& colonnes);
     /// How many entries the table has.
     void MontrerRangees(int nombre);
     void MontrerImage(const QImage& image);
@@ -60,10 +61,11 @@ private:
     void Annuler();
     void ChoisirEntrees(bool selectionSeule);
     void ModifierOptions();
-    void LargeurChangee(int colonne);
+    void LargeurTiree(int colonne);
     void LargeurSaisie(const QTableWidgetItem& cellule);
     void AjusterALaPage();
     void MontrerLargeur(int colonne);
+    void MontrerLargeurs();
     void MontrerTotal();
 
     std::unique_ptr<Ui::frmPrint> m_ui;

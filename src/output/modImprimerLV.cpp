@@ -25,6 +25,8 @@
 
 #include <cmath>
 #include <optional>
+#include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -55,10 +57,16 @@ void MontrerColonnes(frmPrint& form, const MyLV& table, const OptionsDImpression
     for (int i = 1; i <= nombre && table.Width() <= 0; ++i)
         largeur += table.ColumnHeaders(i).Width();
     const double rapport = largeur > 0 ? Feuille().largeurDeLV1 / largeur : 0;
-    for (int i = 1; i <= nombre; ++i) {
-        const ColumnHeader& colonne = table.ColumnHeaders(i);
-        form.AjouterColonne(colonne.Text(), options.LargeurDeColonne(i, colonne.Width() * rapport));
-    }
+    std::vector<Feuille::Colonne> colonnes;
+    std::vector<double> largeurs;
+    colonnes.reserve(static_cast<size_t>(nombre));
+    largeurs.reserve(static_cast<size_t>(nombre));
+    for (int i = 1; i <= nombre; ++i)
+        largeurs.push_back(table.ColumnHeaders(i).Width() * rapport);
+    largeurs = options.Largeurs(std::move(largeurs));
+    for (int i = 1; i <= nombre; ++i)
+        colonnes.push_back({table.ColumnHeaders(i).Text(), largeurs[static_cast<size_t>(i - 1)]});
+    form.MontrerColonnes(colonnes);
     form.MontrerRangees(table.ListItems.Count());
 }
 
@@ -181,8 +189,11 @@ bool ImprimerListe(MyLV& table, const QString& dossier, const QString& titre)
     form.exec();
 
     const Feuille feuille = form.Disposition();
-    for (size_t i = 0; i < feuille.colonnes.size(); ++i)
-        options.EcrireLargeurDeColonne(static_cast<int>(i) + 1, feuille.colonnes[i].largeur);
+    std::vector<double> largeurs;
+    largeurs.reserve(feuille.colonnes.size());
+    for (const Feuille::Colonne& colonne : feuille.colonnes)
+        largeurs.push_back(colonne.largeur);
+    options.EcrireLargeurs(largeurs);
     if (form.Tag != u"<>")
         return form.OptionsModifiees;
 

@@ -46,9 +46,7 @@ protected:
         m_form->NombreEntrees = u"##"_s;
         m_form->NomCategorie = u"jazz.qrt"_s;
         m_form->ActualiseNomCat();
-        m_form->AjouterColonne(u"Titre"_s, 30);
-        m_form->AjouterColonne(u"Artiste"_s, 20);
-        m_form->AjouterColonne(u"Année"_s, 10);
+        m_form->MontrerColonnes({{u"Titre"_s, 30}, {u"Artiste"_s, 20}, {u"Année"_s, 10}});
         m_form->MontrerRangees(12);
         m_form->show();
         return *m_form;
@@ -429,7 +427,7 @@ TEST_F(FrmPrintTest, TellsWhenTheColumnsLeaveThePageAndFitsThem)
     EXPECT_NEAR(Largeurs()[0], 74.348 / 2, 1e-6) << "in proportion";
     EXPECT_NEAR(Largeurs()[2], 74.348 / 6, 1e-6);
     EXPECT_FALSE(De<QLabel>(form, "Label2").text().contains(u"page"));
-    form.AjouterColonne(u"Genre"_s, 20);
+    form.MontrerColonnes({{u"Titre"_s, 60}, {u"Genre"_s, 40}});
     EXPECT_TRUE(De<QLabel>(form, "Label2").text().contains(u"plus large que la page"));
     Cliquer(form, "btAjuster");
     EXPECT_FALSE(De<QLabel>(form, "Label2").text().contains(u"page"));
@@ -447,9 +445,9 @@ TEST_F(FrmPrintTest, NothingIsFittedWhereAllColumnsAreLeftOut)
 TEST_F(FrmPrintTest, ATitleOfManyLinesIsOne)
 {
     frmPrint& form = Ouvrir();
-    form.AjouterColonne(u"Prêté\nà"_s, 5);
-    EXPECT_FALSE(De<QTableWidget>(form, "Largeurs").item(3, 0)->text().contains(u'\n'));
-    EXPECT_EQ(form.Disposition().colonnes[3].titre, u"Prêté\nà"_s) << "printed as it is";
+    form.MontrerColonnes({{u"Prêté\nà"_s, 5}});
+    EXPECT_FALSE(De<QTableWidget>(form, "Largeurs").item(0, 0)->text().contains(u'\n'));
+    EXPECT_EQ(form.Disposition().colonnes[0].titre, u"Prêté\nà"_s) << "printed as it is";
 }
 
 // ---- the options

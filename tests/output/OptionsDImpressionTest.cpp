@@ -15,6 +15,11 @@ class OptionsDImpressionTest : public testing::Test
 {
 protected:
     void Ecrire(const QByteArray& lignes) const { dossier.Ecrire("print.ini", "[Impression]\r\n" + lignes); }
+    /// Of one column (from 1) among others.
+    double Largeur(int colonne, double defaut) const
+    {
+        return options.Largeurs(std::vector<double>(static_cast<size_t>(colonne), defaut)).back();
+    }
     QByteArray Fichier() const { return dossier.Lire("print.ini"); }
 
     DossierDeTest dossier;
@@ -30,7 +35,7 @@ TEST_F(OptionsDImpressionTest, WithoutAFileEachHasItsDefault)
     EXPECT_EQ(options.Titre(), "Zelvane v2.2 by Morvenal");
     EXPECT_EQ(options.Texte(), "%titre% - %nb% %nomcat%");
     EXPECT_FALSE(options.SelectionSeule());
-    EXPECT_EQ(options.LargeurDeColonne(3, 12.5), 12.5);
+    EXPECT_EQ(Largeur(3, 12.5), 12.5);
     EXPECT_FALSE(QFile::exists(dossier.Fichier("print.ini"))) << "reading writes nothing";
     EXPECT_EQ(options.FichierImage(), dossier.Fichier("print.image"));
 }
@@ -43,8 +48,8 @@ TEST_F(OptionsDImpressionTest, EachIsReadFromItsKey)
     EXPECT_EQ(options.Titre(), "Mes disques");
     EXPECT_EQ(options.Texte(), "%nb%");
     EXPECT_TRUE(options.SelectionSeule());
-    EXPECT_EQ(options.LargeurDeColonne(2, 12.5), 7.25);
-    EXPECT_EQ(options.LargeurDeColonne(1, 12.5), 12.5) << "a column without a key";
+    EXPECT_EQ(Largeur(2, 12.5), 7.25);
+    EXPECT_EQ(Largeur(1, 12.5), 12.5) << "a column without a key";
 }
 
 TEST_F(OptionsDImpressionTest, EachIsWrittenUnderItsKey)
@@ -52,8 +57,7 @@ TEST_F(OptionsDImpressionTest, EachIsWrittenUnderItsKey)
     options.EcrireTextes(u"Mes disques"_s, u"%nb% pièces"_s);
     options.EcrireImage(true, false);
     options.EcrireSelectionSeule(true);
-    options.EcrireLargeurDeColonne(1, 30);
-    options.EcrireLargeurDeColonne(2, 12.3456);
+    options.EcrireLargeurs({30, 12.3456});
     EXPECT_EQ(Fichier(), "[Impression]\r\nTexte=%nb% pi\xe8"
                          "ces\r\nTitre=Mes disques\r\nAffImg=1\r\nImgDefaut=0\r\nSelOnly=1\r\n"
                          "ColWidth1=30.000\r\nColWidth2=12.346\r\n");
@@ -68,13 +72,22 @@ TEST_F(OptionsDImpressionTest, WidthsHaveAPointAndStayWithinReason)
 {
     Ecrire("ColWidth1=12,5\r\nColWidth2=-4\r\nColWidth3=99999999999999999999\r\nColWidth4=large\r\nColWidth5="
            "0\r\nColWidth7=\r\n");
-    EXPECT_EQ(options.LargeurDeColonne(1, 3), 12) << "a comma ends the number";
-    EXPECT_EQ(options.LargeurDeColonne(2, 3), 0);
-    EXPECT_EQ(options.LargeurDeColonne(3, 3), OptionsDImpression::LargeurMax);
-    EXPECT_EQ(options.LargeurDeColonne(4, 3), 0);
-    EXPECT_EQ(options.LargeurDeColonne(5, 3), 0) << "left out by the user";
-    EXPECT_EQ(options.LargeurDeColonne(6, -3), 0);
-    EXPECT_EQ(options.LargeurDeColonne(7, 3), 0) << "a key without a number has none";
+    EXPECT_EQ(Largeur(1, 3), 12) << "a comma ends the number";
+    EXPECT_EQ(Largeur(2, 3), 0);
+    EXPECT_EQ(Largeur(3, 3), OptionsDImpression::LargeurMax);
+    EXPECT_EQ(Largeur(4, 3), 0);
+    EXPECT_EQ(Largeur(5, 3), 0) << "left out by the user";
+    EXPECT_EQ(Largeur(6, -3), 0);
+    EXPECT_EQ(Largeur(7, 3), 0) << "a key without a number has none";
+}
+
+TEST_F(OptionsDImpressionTest, WidthsOfManyColumnsAreReadInOnePass)
+{
+    Ecrire(
+        "colwidth2=7\r\nColWidth2=8\r\nColWidth02=9\r\nColWidth=3\r\nColWidth+1=4\r\nColWidth0=5\r\nColWidth12x=6\r\n"
+        "ColWidth99999999999999999999=1\r\nColWidth3=\"12.5\"\r\nColWidt\r\n");
+    EXPECT_EQ(options.Largeurs({1, 1, 1}), std::vector<double>({1, 7, 12.5})) << "the first of a name, in any case";
+    EXPECT_EQ(options.Largeurs({}), std::vector<double>());
 }
 
 TEST_F(OptionsDImpressionTest, OtherNumbersOfSelOnlyAreAll)
@@ -110,15 +123,15 @@ TEST_F(OptionsDImpressionTest, AFileThatCannotBeWrittenStays)
     plateforme().ini = &PlateformeDeTest::Courante().iniEnMemoire;
     PlateformeDeTest::Courante().iniEnMemoire.proteges.insert(dossier.Fichier("print.ini"));
     options.EcrireTextes(u"Mes disques"_s, u"%nb%"_s);
-    options.EcrireLargeurDeColonne(1, 10);
+    options.EcrireLargeurs({10});
     EXPECT_EQ(options.Titre(), "Zelvane v2.2 by Morvenal");
-    EXPECT_EQ(options.LargeurDeColonne(1, 5), 5);
+    EXPECT_EQ(Largeur(1, 5), 5);
 }
 
 TEST_F(OptionsDImpressionTest, ComparisonsShareThoseOfTheProgramsFolder)
 {
-    OptionsDImpression(u"c:\\"_s).EcrireLargeurDeColonne(1, 10);
-    EXPECT_EQ(OptionsDImpression(u"c:\\"_s).LargeurDeColonne(1, 5), 10);
+    OptionsDImpression(u"c:\\"_s).EcrireLargeurs({10});
+    EXPECT_EQ(OptionsDImpression(u"c:\\"_s).Largeurs({5}), std::vector<double>({10}));
     EXPECT_EQ(PlateformeDeTest::Courante().dossier.Lire("print.ini"), "[Impression]\r\nColWidth1=10.000\r\n");
 }
 

@@ -355,10 +355,7 @@ TEST_F(Polices, ThePrintDialog)
         form->NomCategorie = u"discotheque.qrt"_s;
         form->ActualiseNomCat();
         form->MontrerImage(ImageDEnteteParDefaut());
-        form->AjouterColonne(u"Titre"_s, 30);
-        form->AjouterColonne(u"Artiste"_s, 20);
-        form->AjouterColonne(u"Année"_s, 0);
-        form->AjouterColonne(u"Prêté"_s, 30);
+        form->MontrerColonnes({{u"Titre"_s, 30}, {u"Artiste"_s, 20}, {u"Année"_s, 0}, {u"Prêté"_s, 30}});
         form->MontrerRangees(40);
         return form;
     });
