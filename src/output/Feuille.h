@@ -13,8 +13,8 @@ struct Feuille
 {
     double largeur = 84;
     double hauteur = 118.8;
-    double EchelleX() const { return 210 / largeur; }
-    double EchelleY() const { return 297 / hauteur; }
+    double EchelleX() const { return LargeurDuPapier / largeur; }
+    double EchelleY() const { return HauteurDuPapier / hauteur; }
 
     struct Libelle
     {

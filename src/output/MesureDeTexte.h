@@ -3,6 +3,10 @@
 
 #include <QString>
 
+/// The paper, in millimetres: A4.
+constexpr double LargeurDuPapier = 210;
+constexpr double HauteurDuPapier = 297;
+
 struct PoliceDePage
 {
     QString nom;

@@ -17,6 +17,15 @@ QRectF EnUnites(const QRectF& mm)
 
 } // namespace
 
+void DessinerPapier(QPainter& peintre, const QRectF& place)
+{
+    constexpr double ombre = 3; // pixels
+    peintre.fillRect(place.translated(ombre, ombre), QColor(0, 0, 0, 60));
+    peintre.fillRect(place, Qt::white);
+    peintre.setPen(QColor(0xa0, 0xa0, 0xa0));
+    peintre.drawRect(place.adjusted(0.5, 0.5, -0.5, -0.5));
+}
+
 PeintreDePages::PeintreDePages(const PagesComposees& pages, QImage image) : m_pages(pages), m_image(std::move(image))
 {
     m_polices.reserve(pages.polices.size());

@@ -9,6 +9,9 @@
 
 class QPainter;
 
+/// A white sheet on the screen, with its shadow, in every theme.
+void DessinerPapier(QPainter& peintre, const QRectF& place);
+
 class PeintreDePages
 {
 public:

@@ -1,6 +1,7 @@
 #include "output/VueFeuille.h"
 
 #include "output/ColonnesDeFeuille.h"
+#include "output/PeindrePages.h"
 #include "output/PoliceSurPapier.h"
 
 #include <QLabel>
@@ -16,7 +17,6 @@ namespace {
 constexpr double Bordure = 8; // pixels around the paper
 constexpr double MmParPoint = 25.4 / 72;
 constexpr QSize TailleVoulue(420, 580);
-const QColor OmbreDuPapier(0, 0, 0, 60);
 
 QFont EnPetit(const PoliceDePage& police, double pixelsParMm)
 {
@@ -107,8 +107,5 @@ void VueFeuille::resizeEvent(QResizeEvent* event)
 void VueFeuille::paintEvent(QPaintEvent*)
 {
     QPainter peintre(this);
-    peintre.fillRect(m_papier.translated(3, 3), OmbreDuPapier);
-    peintre.fillRect(m_papier, Qt::white);
-    peintre.setPen(palette().color(QPalette::Mid));
-    peintre.drawRect(m_papier.adjusted(0.5, 0.5, -0.5, -0.5));
+    DessinerPapier(peintre, m_papier);
 }

@@ -22,7 +22,7 @@ namespace {
 constexpr int PageEntiere = 0;
 constexpr int LargeurDePage = 1;
 constexpr std::array Pourcents = {25, 50, 75, 100, 150, 200, 400};
-constexpr double PoucesDeLargeur = 210 / 25.4;
+constexpr double PoucesDeLargeur = LargeurDuPapier / 25.4;
 
 } // namespace
 
