@@ -7,6 +7,7 @@
 #include "platform/NomsSysteme.h"
 #include "platform/Plateforme.h"
 #include "platform/Presence.h"
+#include "platform/PressePapiersBureau.h"
 #include "platform/ProgrammesBureau.h"
 #include "platform/RendezvousLocal.h"
 #include "shell/EtapesEnFenetres.h"
@@ -55,6 +56,8 @@ int main(int argc, char** argv)
     plateforme().programmes = &programmes;
     ImprimantesBureau imprimantes;
     plateforme().imprimantes = &imprimantes;
+    PressePapiersBureau pressePapiers;
+    plateforme().pressePapiers = &pressePapiers;
     RendezvousLocal rendezvous(RendezvousLocal::Lieu::DuSysteme(), jeton);
     plateforme().rendezvous = &rendezvous;
     const MessagesEnFenetre messages;

@@ -28,6 +28,7 @@ struct PlateformeReelle::Objets
     AssociationBureau association;
     AucunProgramme programmes;
     AucuneImprimante imprimantes;
+    AucunPressePapiers pressePapiers;
 };
 
 PlateformeReelle::PlateformeReelle()
@@ -44,6 +45,7 @@ PlateformeReelle::PlateformeReelle()
     p.association = &m_objets->association;
     p.programmes = &m_objets->programmes;
     p.imprimantes = &m_objets->imprimantes;
+    p.pressePapiers = &m_objets->pressePapiers;
     p.dossierProgramme = dossier;
 }
 

@@ -5,6 +5,7 @@
 #include "platform/Attributs.h"
 #include "platform/FichiersIni.h"
 #include "platform/Imprimantes.h"
+#include "platform/PressePapiers.h"
 #include "platform/Programmes.h"
 #include "platform/Region.h"
 #include "platform/Reglages.h"
@@ -28,6 +29,7 @@ struct Plateforme
     Association* association = nullptr;
     Programmes* programmes = nullptr;
     Imprimantes* imprimantes = nullptr;
+    PressePapiers* pressePapiers = nullptr;
     Rendezvous* rendezvous = nullptr; ///< null in programs that have no window to be found by
 
     QString dossierProgramme;                         ///< with a trailing separator
@@ -38,7 +40,8 @@ struct Plateforme
 Plateforme& plateforme();
 
 /// The real platform. Fills plateforme() for as long as it lives; needs the application object. Programs are not
-/// started and there are no printers: the windows' main puts a ProgrammesBureau and an ImprimantesBureau in.
+/// started, and there are no printers and no clipboard: the windows' main puts a ProgrammesBureau, an ImprimantesBureau
+/// and a PressePapiersBureau in.
 class PlateformeReelle
 {
 public:

@@ -115,6 +115,7 @@ PlateformeDeTest::PlateformeDeTest()
     p.association = &association;
     p.programmes = &programmes;
     p.imprimantes = &imprimantes;
+    p.pressePapiers = &pressePapiers;
     p.rendezvous = &rendezvous;
     p.dossierProgramme = dossier.Chemin();
     TempFolder = dossier.Fichier("temp");

@@ -120,6 +120,17 @@ public:
     std::function<std::unique_ptr<TravailDImpression>(const QString& imprimante, const QString& titre)> commencer;
 };
 
+/// A clipboard of the test's own.
+class PressePapiersEnMemoire : public PressePapiers
+{
+public:
+    std::optional<QString> Texte() const override { return texte; }
+    void Poser(const QString& nouveau) override { texte = nouveau; }
+    void Vider() override { texte.reset(); }
+
+    std::optional<QString> texte;
+};
+
 /// Fills plateforme() for one test, and clears what is global at its end: TempFolder, FichierLangue. Every test of a
 /// program that uses the support's main has one: Courante(). Ini files and attributes are those of the disk, since
 /// tests look at the files; put the doubles in where a test needs them.
@@ -145,6 +156,7 @@ public:
     AssociationComptee association;
     ProgrammesNotes programmes;
     ImprimantesPreparees imprimantes;
+    PressePapiersEnMemoire pressePapiers;
     RendezvousEnMemoire rendezvous;
 };
 
