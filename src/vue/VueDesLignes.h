@@ -94,6 +94,9 @@ protected:
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                          const QEvent* event = nullptr) const override;
 
+    /// The pointer has reached another row with the left button held. True where that is no matter of the selection,
+    /// which else goes along.
+    virtual bool MenerJusque(int ligne);
     /// The table changed, and the view shows it.
     virtual void TableChangee(const ChangementsTable& changements);
 

@@ -102,7 +102,14 @@ void VueDesLignes::TirerJusque(int ligne)
         return;
     m_ligneTiree = ligne;
     m_ligneALaisser = 0;
+    if (MenerJusque(ligne))
+        return;
     Faire(m_touchesEnTirant & Qt::ControlModifier ? Geste::Ajouter : Geste::Etendre, ligne);
+}
+
+bool VueDesLignes::MenerJusque(int)
+{
+    return false;
 }
 
 void VueDesLignes::mouseReleaseEvent(QMouseEvent* event)

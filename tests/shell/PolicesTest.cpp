@@ -6,6 +6,7 @@
 #include "columns/frmFusionner.h"
 #include "columns/frmSeparerEn2.h"
 #include "entries/frmAddCategorie2.h"
+#include "entries/frmDragAndDrop.h"
 #include "entries/frmEditEntree.h"
 #include "entries/frmSuppDependant.h"
 #include "entries/frmSuppr.h"
@@ -326,6 +327,14 @@ TEST_F(Polices, TheToolsOfColumns)
         form->setObjectName("frmSeparerEn2-dupliquer");
         form->ServirADupliquer();
         return form;
+    });
+}
+
+TEST_F(Polices, TheMappingOfColumns)
+{
+    RegarderForm([] {
+        return std::make_unique<frmDragAndDrop>(
+            Correspondre({"Titre", "Artiste", "Genre", "/tmp/cat7/"}, {"Titre", u"Prêté à"_s}));
     });
 }
 
