@@ -9,6 +9,7 @@
 #include "columns/OutilsDeColonnes.h"
 #include "entries/NouvelleCategorie.h"
 #include "entries/mEditLV.h"
+#include "entries/mPreenregistre.h"
 #include "extensions/dialogues/About.h"
 #include "extensions/dialogues/Aide.h"
 #include "extensions/dialogues/frmTip.h"
@@ -231,7 +232,8 @@ constexpr RangDeCommande Rangs[] = {
      [](Lieu l) { l.document->mModifierCommentaires_Click(); }},
     // The button's key ends in a blank, which is meant: the button says "Rien".
     {u"commentaire ", u"", "showtexte", "", Besoin::Document, DireRien},
-    {u"textes", u"Textes &pré-enregistrés", "", "", Besoin::Document},
+    {u"textes", u"Textes &pré-enregistrés", "", "", Besoin::Document,
+     [](Lieu l) { GererPreEnregistres(l.document->myqrt); }},
     {u"fusioncolonnes", u"&Fusionner 2 colonnes", "", "", Besoin::Document,
      [](Lieu l) { FusionnerColonnes(*l.document); }},
     {u"separer", u"&Séparer 1 colonne en 2", "", "", Besoin::Document, [](Lieu l) { SeparerColonne(*l.document); }},

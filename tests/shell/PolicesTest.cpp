@@ -8,6 +8,7 @@
 #include "entries/frmAddCategorie2.h"
 #include "entries/frmDragAndDrop.h"
 #include "entries/frmEditEntree.h"
+#include "entries/frmPreEnregistre.h"
 #include "entries/frmSuppDependant.h"
 #include "entries/frmSuppr.h"
 #include "extensions/dialogues/About.h"
@@ -194,6 +195,14 @@ TEST_F(Polices, TheEditorOfEntries)
         form->IndexEntree = 1;
         form->ChargerEntree();
         return form;
+    });
+}
+
+TEST_F(Polices, ThePreRecordedTexts)
+{
+    RegarderForm([] {
+        return std::make_unique<frmPreEnregistre>(
+            ListesDeColonnes{{u"Titre"_s, QString()}, {u"Genre"_s, u"rock|jazz|blues"_s}, {u"Prêté à"_s, QString()}});
     });
 }
 
