@@ -18,6 +18,7 @@
 #include <QFile>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListView>
 #include <QListWidget>
 #include <QPushButton>
@@ -191,6 +192,22 @@ TEST_F(FrmPreEnregistre, ABarMakesTwoTexts)
     EXPECT_EQ(Lignes(), QStringList({u"x"_s, u"y"_s}));
 }
 
+TEST_F(FrmPreEnregistre, ATextHasOneLine)
+{
+    Ouvrir();
+    AllerA(1);
+    Ajouter(u"x\ny"_s);
+    EXPECT_EQ(Liste(1), u"x y"_s);
+}
+
+TEST_F(FrmPreEnregistre, TheTextAddedIsInSight)
+{
+    Ouvrir({{u"A"_s, QStringList(500, u"texte"_s).join(u'|')}});
+    Ajouter(u"dernier"_s);
+    const QRect place = List1().visualRect(List1().model()->index(500, 0));
+    EXPECT_TRUE(List1().viewport()->rect().contains(place));
+}
+
 TEST_F(FrmPreEnregistre, AnEmptyAnswerAddsNothing)
 {
     Ouvrir();
@@ -215,6 +232,8 @@ TEST_F(FrmPreEnregistre, ThePlusOfTheKeypadAdds)
 TEST_F(FrmPreEnregistre, TheToolsAreReachedByTheKeyboard)
 {
     Ouvrir();
+    for (const char* cle : {"add", "remove"})
+        EXPECT_TRUE(Outil(cle).focusPolicy() & Qt::TabFocus) << cle;
     Outil("add").setFocus(Qt::TabFocusReason);
     reponses.PreparerTexte(u"d"_s);
     QTest::keyClick(form->focusWidget(), Qt::Key_Space);
@@ -248,6 +267,38 @@ TEST_F(FrmPreEnregistre, AnyOtherAnswerRemovesNothing)
     EXPECT_EQ(reponses.Cles(), QStringList({u"msg69"_s, u"msg69"_s}));
     EXPECT_EQ(Lignes(), QStringList({u"a"_s, u"b"_s, u"c"_s}));
     EXPECT_EQ(Liste(0), u"a|b|c"_s);
+}
+
+TEST_F(FrmPreEnregistre, TheKeyboardGoesOnWhereATextWasRemoved)
+{
+    Ouvrir();
+    Choisir(1);
+    reponses.Preparer(RepOui);
+    QTest::keyClick(&List1(), Qt::Key_Delete);
+    EXPECT_EQ(List1().currentIndex().data().toString(), u"c"_s);
+    Choisir(1);
+    reponses.Preparer(RepOui);
+    QTest::keyClick(&List1(), Qt::Key_Delete);
+    EXPECT_EQ(List1().currentIndex().data().toString(), u"a"_s);
+    EXPECT_EQ(Liste(0), u"a"_s);
+}
+
+TEST_F(FrmPreEnregistre, OnATabTheDeleteKeyRemovesNothing)
+{
+    Ouvrir();
+    Choisir(1);
+    TabStrip1().setFocus();
+    QTest::keyClick(&TabStrip1(), Qt::Key_Delete);
+    EXPECT_TRUE(reponses.Affiches().isEmpty());
+    EXPECT_EQ(Liste(0), u"a|b|c"_s);
+}
+
+TEST_F(FrmPreEnregistre, ATextIsNotEditedInTheList)
+{
+    Ouvrir();
+    Choisir(1);
+    QTest::keyClick(&List1(), Qt::Key_F2);
+    EXPECT_EQ(List1().findChild<QLineEdit*>(), nullptr);
 }
 
 TEST_F(FrmPreEnregistre, NothingSelectedIsTold)
