@@ -1,96 +1,124 @@
 #include "entries/FichierDEchange.h"
 
-#include "base/AfficherMsg.h"
+#include "base/Const_Vrac.h"
 #include "extensions/langue/modLang.h"
 #include "platform/NomsSysteme.h"
-#include "platform/Plateforme.h"
 
-#include <cerrno>
-
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int Essais = 100; // other programs may make theirs between our deletion and ours
-constexpr qsizetype Paquet = 1 << 20;
+constexpr qsizetype Morceau = 1 << 18;
+
+/// A name beside the file that nobody else has; the descriptor is negative when none can be made.
+int OuvrirACote(QByteArray& nom)
+{
+    nom = OctetsDuChemin(FichierDEchange::Chemin()) + "-XXXXXX";
+    return mkostemp(nom.data(), O_CLOEXEC);
+}
+
+bool EstLeMeme(const struct stat& a, const struct stat& b)
+{
+    return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+}
 
 } // namespace
 
-FichierDEchange::FichierDEchange() : m_chemin(plateforme().dossierProgramme + u"~qrtCopier.tmp"_s)
+QString FichierDEchange::Chemin()
 {
-    // A new file, never one that is there: another program may be writing that, or it leads elsewhere.
-    bool ouvert = false;
-    for (int essai = 0; essai < Essais && !ouvert; ++essai) {
-        SupprimerParChemin(m_chemin);
-        ouvert =
-            OuvrirParChemin(m_fichier, m_chemin, QIODevice::ReadWrite | QIODevice::NewOnly | QIODevice::Unbuffered);
-        if (!ouvert && errno != EEXIST)
-            break;
-    }
-    m_echoue = !ouvert;
+    return DossierProgramme() + u"~qrtCopier.tmp"_s;
 }
 
-void FichierDEchange::EcrireLigne(QStringView ligne)
+Message FichierDEchange::AvisDEchec()
 {
-    Ecrire(ligne.toUtf8() + "\r\n");
+    return LangMsg(u"msgEchangeSansFichier"_s,
+                   u"Le fichier suivant n'a pas pu être écrit. Rien n'est perdu : tout a été copié dans le "
+                   u"presse-papiers."_s) +
+           u"\r\n"_s + NomLisible(Chemin());
+}
+
+FichierDEchange::FichierDEchange()
+{
+    m_echec = !Creer();
+}
+
+FichierDEchange::~FichierDEchange()
+{
+    if (!m_fini)
+        Vider();
+}
+
+/// The file is complete before it has the name, so that no other program's is ever opened.
+bool FichierDEchange::Creer()
+{
+    QByteArray nom;
+    const int descripteur = OuvrirACote(nom);
+    if (descripteur < 0)
+        return false;
+    m_fichier.open(descripteur, QIODevice::ReadWrite | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle);
+    if (std::rename(nom.constData(), OctetsDuChemin(Chemin()).constData()) == 0)
+        return true;
+    unlink(nom.constData());
+    m_fichier.close();
+    return false;
 }
 
 void FichierDEchange::Ecrire(QByteArrayView utf8)
 {
     m_texte.append(utf8);
-    if (m_texte.size() - m_depose >= Paquet || m_depose == 0)
-        m_echoue = !Deposer() || m_echoue;
+    if (m_texte.size() - m_ecrits >= Morceau)
+        Vider();
 }
 
-bool FichierDEchange::Deposer()
+void FichierDEchange::Vider()
 {
-    if (m_echoue)
-        return false;
-    const qsizetype reste = m_texte.size() - m_depose;
-    const bool ecrit = m_fichier.write(m_texte.constData() + m_depose, reste) == reste;
-    m_depose = m_texte.size();
-    return ecrit;
+    const qsizetype reste = m_texte.size() - m_ecrits;
+    if (!m_echec && m_fichier.write(m_texte.constData() + m_ecrits, reste) != reste)
+        m_echec = true;
+    m_ecrits = m_texte.size();
 }
 
-QString FichierDEchange::Relire()
+QString FichierDEchange::Terminer()
 {
-    m_echoue = !Deposer() || m_echoue;
-    const QByteArray lu = LireFichier();
-    m_echoue = m_echoue || lu != m_texte;
-    Supprimer();
+    Vider();
+    m_echec = m_echec || !RelireEstBon();
+    if (m_fichier.isOpen())
+        Supprimer();
+    m_fini = true;
     return QString::fromUtf8(m_texte);
 }
 
-QByteArray FichierDEchange::LireFichier()
+bool FichierDEchange::RelireEstBon()
 {
-    return !m_echoue && m_fichier.seek(0) ? m_fichier.readAll() : QByteArray();
+    return m_fichier.seek(0) && m_fichier.readAll() == m_texte;
 }
 
+/// Only the file of this copy: by now the name may be another program's. It is led aside first, as nobody can put
+/// another file there between a look and the deletion then.
 void FichierDEchange::Supprimer()
 {
-    struct stat notre
-    {
-    };
-    struct stat la
-    {
-    };
-    const bool ouvert = m_fichier.isOpen() && fstat(m_fichier.handle(), &notre) == 0;
-    const bool memes = ouvert && lstat(OctetsDuChemin(m_chemin).constData(), &la) == 0 && la.st_dev == notre.st_dev &&
-                       la.st_ino == notre.st_ino;
+    struct stat mien = {};
+    const bool connu = fstat(m_fichier.handle(), &mien) == 0;
     m_fichier.close();
-    if (memes)
-        SupprimerParChemin(m_chemin);
-}
+    struct stat la = {};
+    const QByteArray chemin = OctetsDuChemin(Chemin());
+    if (!connu || lstat(chemin.constData(), &la) != 0 || !EstLeMeme(la, mien))
+        return;
 
-void PoserSurPressePapiers(FichierDEchange& fichier)
-{
-    plateforme().pressePapiers->Poser(fichier.Relire());
-    if (fichier.AEchoue())
-        AfficherMsg(LangMsg(u"msgEchange"_s,
-                            u"Le fichier « %1 » n'a pas pu être écrit. Rien n'est perdu : la copie est "
-                            u"dans le presse-papiers."_s)
-                        .Remplacer(u"%1"_s, NomLisible(fichier.Chemin())),
-                    MsgOk, QString());
+    QByteArray aCote;
+    const int place = OuvrirACote(aCote);
+    if (place < 0)
+        return;
+    close(place);
+    if (std::rename(chemin.constData(), aCote.constData()) == 0 && lstat(aCote.constData(), &la) == 0 &&
+        !EstLeMeme(la, mien) &&
+        renameat2(AT_FDCWD, aCote.constData(), AT_FDCWD, chemin.constData(), RENAME_NOREPLACE) == 0)
+        return; // it was somebody else's
+    unlink(aCote.constData());
 }

@@ -1,48 +1,48 @@
-// The text of a copy while it is being made: lines in the file "~qrtCopier.tmp" of the program's folder, read back as a
-// whole once they are there. In UTF-8, so that no character is lost on the way.
+// The file in which a text for the clipboard is built: "~qrtCopier.tmp" in the program's folder.
 //
-// All running programs of a user have that folder. Each one makes a file of its own under the name, writes no other and
-// deletes no other, so that two copies at once never mix. Where the file cannot be made or written, the text is
-// gathered all the same.
+// Every copy has a file of its own behind that name, which a later one takes: two programs that copy at once never mix
+// their texts. A link that stands there is replaced and not followed, a folder stays.
 #pragma once
 
+#include "base/Message.h"
+
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QFile>
 #include <QString>
-#include <QStringView>
 
 class FichierDEchange
 {
 public:
-    /// Makes the file; what lies there under its name goes.
+    /// Makes the file anew; one that stands there is replaced.
     FichierDEchange();
-    /// The file stays unless it was read back.
-    ~FichierDEchange() = default;
+    /// Without Terminer the file stays with what was written.
+    ~FichierDEchange();
     FichierDEchange(const FichierDEchange&) = delete;
     FichierDEchange& operator=(const FichierDEchange&) = delete;
 
-    /// Writes a line, without its end, which is CR LF.
-    void EcrireLigne(QStringView ligne);
-    /// Writes what stands for itself, line ends included.
+    /// UTF-8. What the file cannot take is kept all the same.
     void Ecrire(QByteArrayView utf8);
-    /// The whole text. The file is closed and deleted.
-    QString Relire();
+    /// Closes the copy: reads the file back and deletes it. Returns all that was written, whatever became of the file.
+    QString Terminer();
 
-    const QString& Chemin() const { return m_chemin; }
-    /// The file could not be made, written or read back. Nothing is lost.
-    bool AEchoue() const { return m_echoue; }
+    /// The file could not be made, written or read back.
+    bool AEchoue() const { return m_echec; }
+    /// What the user is told then.
+    static Message AvisDEchec();
+
+    /// Its full path.
+    static QString Chemin();
 
 private:
-    bool Deposer();
-    QByteArray LireFichier();
+    bool Creer();
+    void Vider();
+    bool RelireEstBon();
     void Supprimer();
 
-    QString m_chemin;
+    QByteArray m_texte; // all of it: the copy does not depend on the disk
+    qsizetype m_ecrits = 0;
     QFile m_fichier;
-    QByteArray m_texte;
-    qsizetype m_depose = 0; ///< bytes of the text that are in the file
-    bool m_echoue = false;
+    bool m_echec = false;
+    bool m_fini = false;
 };
-
-/// Puts the whole text on the clipboard. Where the file failed, the user is told that nothing was lost.
-void PoserSurPressePapiers(FichierDEchange& fichier);

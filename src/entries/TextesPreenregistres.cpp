@@ -7,14 +7,21 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+const QString s_entete = u"[Zelvane-TxtPRE]"_s;
+const QString s_finDeLigne = u"\r\n"_s;
+
+} // namespace
+
 QString EntetePreenregistres()
 {
-    return u"[Zelvane-TxtPRE]"_s;
+    return s_entete + s_finDeLigne;
 }
 
 QString LignePreenregistree(const TextesDeColonne& colonne)
 {
-    return QString(colonne.titre + u'\t' + colonne.liste);
+    return colonne.titre + u'\t' + colonne.liste + s_finDeLigne;
 }
 
 bool SontVides(const ListesDeColonnes& colonnes)
@@ -33,8 +40,8 @@ QStringList TitresDe(const ListesDeColonnes& colonnes)
 
 std::optional<ListesDeColonnes> LirePreenregistres(const QString& texte)
 {
-    const QList<QStringView> lignes = QStringView(texte).split(u"\r\n"_s);
-    if (lignes.first() != EntetePreenregistres())
+    const QList<QStringView> lignes = QStringView(texte).split(s_finDeLigne);
+    if (lignes.first() != s_entete)
         return std::nullopt;
     ListesDeColonnes colonnes;
     colonnes.reserve(static_cast<size_t>(lignes.size()));

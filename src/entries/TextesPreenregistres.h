@@ -18,9 +18,9 @@ struct TextesDeColonne
 };
 using ListesDeColonnes = std::vector<TextesDeColonne>;
 
-/// The first line of such a text, without its end.
+/// The first line of such a text, with its end.
 QString EntetePreenregistres();
-/// A column's line, without its end.
+/// A column's line, with its end.
 QString LignePreenregistree(const TextesDeColonne& colonne);
 
 /// No column has a text.

@@ -195,7 +195,7 @@ void frmPreEnregistre::Copier()
     }
     plateforme().pressePapiers->Vider();
     FichierDEchange fichier;
-    fichier.EcrireLigne(EntetePreenregistres());
+    fichier.Ecrire(EntetePreenregistres().toUtf8());
     frmExport choix(this);
     choix.ServirDeChoix(LangMsg(u"msg102"_s, u"Copier Texte Préenregistré"_s).texte,
                         LangMsg(u"msg103"_s, u"Sélectionnez quels textes vous voulez copier"_s).texte,
@@ -208,9 +208,11 @@ void frmPreEnregistre::Copier()
         const std::vector<bool> cochees = choix.Cochees();
         for (size_t i = 0; i < m_colonnes.size(); ++i) {
             if (cochees[i])
-                fichier.EcrireLigne(LignePreenregistree(m_colonnes[i]));
+                fichier.Ecrire(LignePreenregistree(m_colonnes[i]).toUtf8());
         }
-        PoserSurPressePapiers(fichier);
+        plateforme().pressePapiers->Poser(fichier.Terminer());
+        if (fichier.AEchoue())
+            AfficherMsg(FichierDEchange::AvisDEchec(), MsgOk, QString());
     }
     RedrawList();
 }

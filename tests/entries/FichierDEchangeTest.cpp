@@ -1,146 +1,145 @@
 #include "entries/FichierDEchange.h"
 
-#include "support/FileDeReponses.h"
-#include "support/Impression.h"
 #include "support/PlateformeDeTest.h"
-
-#include <QDir>
-#include <QFile>
 
 #include <gtest/gtest.h>
 
-#include <optional>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <csignal>
+#include <memory>
+#include <sys/resource.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QString Place()
+const DossierDeTest& Dossier()
 {
-    return plateforme().dossierProgramme + u"~qrtCopier.tmp"_s;
+    return PlateformeDeTest::Courante().dossier;
 }
 
-/// What lies at the place; nothing when nothing does.
-std::optional<QByteArray> Contenu()
+QByteArray SurLeDisque()
 {
-    QFile fichier(Place());
-    return fichier.open(QIODevice::ReadOnly) ? std::optional(fichier.readAll()) : std::nullopt;
+    return Dossier().Lire(u"~qrtCopier.tmp"_s);
 }
 
-void Deposer(const QString& chemin, const QByteArray& octets)
+/// Everything of this kind that lies in the folder, whatever name it has.
+QStringList Restes()
 {
-    QFile fichier(chemin);
-    ASSERT_TRUE(fichier.open(QIODevice::WriteOnly));
-    fichier.write(octets);
+    return QDir(Dossier().Chemin()).entryList({u"~qrtCopier*"_s}, QDir::AllEntries | QDir::Hidden | QDir::System);
 }
 
 } // namespace
 
-TEST(FichierDEchange, HoldsTheLinesUntilTheyAreReadBack)
+TEST(FichierDEchange, StandsInTheProgramsFolderUntilTheCopyIsDone)
 {
     FichierDEchange fichier;
-    EXPECT_EQ(Contenu(), QByteArray());
-    fichier.EcrireLigne(u"[Zelvane]");
-    EXPECT_EQ(Contenu(), QByteArray("[Zelvane]\r\n"));
-    fichier.EcrireLigne(u"★\tété");
-    EXPECT_EQ(fichier.Relire(), u"[Zelvane]\r\n★\tété\r\n"_s);
-    EXPECT_EQ(Contenu(), std::nullopt) << "it is deleted";
+    EXPECT_EQ(FichierDEchange::Chemin(), Dossier().Fichier(u"~qrtCopier.tmp"_s));
+    EXPECT_EQ(Restes(), QStringList({u"~qrtCopier.tmp"_s}));
+    fichier.Ecrire("[Zelvane]\r\n");
+    fichier.Ecrire("a\tb\r\n");
+    EXPECT_EQ(fichier.Terminer(), u"[Zelvane]\r\na\tb\r\n"_s);
+    EXPECT_EQ(Restes(), QStringList());
     EXPECT_FALSE(fichier.AEchoue());
 }
 
-TEST(FichierDEchange, HoldsAsMuchAsIsWritten)
+TEST(FichierDEchange, EveryCharacterComesBack)
 {
+    const QString texte = u"œ€ Жук 漢字 \U0001F600 e\u0301\0z"_s;
     FichierDEchange fichier;
-    const QByteArray ligne(999, 'x');
-    for (int i = 0; i < 5000; ++i)
-        fichier.Ecrire(ligne);
-    EXPECT_GT(Contenu()->size(), 3'000'000) << "not all of it waits in memory";
-    EXPECT_EQ(fichier.Relire().size(), 5000 * 999);
-    EXPECT_FALSE(fichier.AEchoue());
+    fichier.Ecrire(texte.toUtf8());
+    EXPECT_EQ(fichier.Terminer(), texte);
 }
 
-TEST(FichierDEchange, StaysWhenItIsNotReadBack)
+TEST(FichierDEchange, AnOldFileIsReplaced)
+{
+    Dossier().Ecrire(u"~qrtCopier.tmp"_s, "a text that is much longer than the new one");
+    {
+        FichierDEchange fichier;
+        fichier.Ecrire("neuf");
+    }
+    EXPECT_EQ(SurLeDisque(), "neuf");
+}
+
+TEST(FichierDEchange, ACopyThatIsGivenUpLeavesItsText)
 {
     {
         FichierDEchange fichier;
-        fichier.EcrireLigne(u"[Zelvane-TxtPRE]");
+        fichier.Ecrire("[Zelvane-TxtPRE]\r\n");
     }
-    EXPECT_EQ(Contenu(), QByteArray("[Zelvane-TxtPRE]\r\n"));
+    EXPECT_EQ(SurLeDisque(), "[Zelvane-TxtPRE]\r\n");
+    EXPECT_EQ(Restes(), QStringList({u"~qrtCopier.tmp"_s}));
 }
 
-TEST(FichierDEchange, IsMadeAfresh)
+TEST(FichierDEchange, TwoCopiesAtOnceKeepTheirTextsApart)
 {
-    Deposer(Place(), "ancien, et bien plus long que ce qui vient");
+    FichierDEchange un;
+    un.Ecrire("un");
+    FichierDEchange deux;
+    un.Ecrire(" et un");
+    deux.Ecrire("deux");
+    EXPECT_EQ(un.Terminer(), u"un et un"_s);
+    EXPECT_FALSE(un.AEchoue());
+    EXPECT_EQ(Restes(), QStringList({u"~qrtCopier.tmp"_s})) << "it is the other one's";
+    EXPECT_EQ(deux.Terminer(), u"deux"_s);
+    EXPECT_FALSE(deux.AEchoue());
+    EXPECT_EQ(Restes(), QStringList());
+}
+
+TEST(FichierDEchange, ALinkIsReplacedAndNotFollowed)
+{
+    const QString ailleurs = Dossier().Ecrire(u"ailleurs.txt"_s, "vieux");
+    QFile::link(ailleurs, FichierDEchange::Chemin());
     FichierDEchange fichier;
-    fichier.EcrireLigne(u"a");
-    EXPECT_EQ(Contenu(), QByteArray("a\r\n"));
-    EXPECT_EQ(fichier.Relire(), u"a\r\n"_s);
+    fichier.Ecrire("neuf");
+    EXPECT_EQ(fichier.Terminer(), u"neuf"_s);
+    EXPECT_FALSE(fichier.AEchoue());
+    EXPECT_EQ(Dossier().Lire(u"ailleurs.txt"_s), "vieux");
+    EXPECT_EQ(Restes(), QStringList());
 }
 
-TEST(FichierDEchange, NeverFollowsALink)
+TEST(FichierDEchange, AFolderThatStandsThereStaysAndTheTextIsKept)
 {
-    const QString ailleurs = PlateformeDeTest::Courante().dossier.Fichier(u"ailleurs.txt"_s);
-    Deposer(ailleurs, "garder");
-    ASSERT_TRUE(QFile::link(ailleurs, Place()));
-    FichierDEchange fichier;
-    fichier.EcrireLigne(u"a");
-    EXPECT_EQ(fichier.Relire(), u"a\r\n"_s);
-    QFile la(ailleurs);
-    ASSERT_TRUE(la.open(QIODevice::ReadOnly));
-    EXPECT_EQ(la.readAll(), "garder");
-}
-
-TEST(FichierDEchange, TwoCopiesAtOnceNeverMix)
-{
-    FichierDEchange premier;
-    premier.EcrireLigne(u"premier");
-    FichierDEchange second;
-    second.EcrireLigne(u"second");
-    premier.EcrireLigne(u"encore");
-    EXPECT_EQ(premier.Relire(), u"premier\r\nencore\r\n"_s);
-    EXPECT_EQ(Contenu(), QByteArray("second\r\n")) << "the file of the other copy stays";
-    EXPECT_EQ(second.Relire(), u"second\r\n"_s);
-    EXPECT_EQ(Contenu(), std::nullopt);
-    EXPECT_FALSE(premier.AEchoue() || second.AEchoue());
-}
-
-TEST(FichierDEchange, WhereItCannotBeMadeTheTextIsGatheredAllTheSame)
-{
-    ASSERT_TRUE(QDir().mkdir(Place()));
+    Dossier().Ecrire(u"~qrtCopier.tmp/dedans"_s, "x");
     FichierDEchange fichier;
     EXPECT_TRUE(fichier.AEchoue());
-    fichier.EcrireLigne(u"a");
-    EXPECT_EQ(fichier.Relire(), u"a\r\n"_s);
-    EXPECT_TRUE(QDir(Place()).exists());
-}
-
-TEST(FichierDEchange, WhatAnotherProgramDidToItDoesNoHarm)
-{
-    FichierDEchange fichier;
-    fichier.EcrireLigne(u"a");
-    ASSERT_TRUE(QFile::resize(Place(), 1));
-    EXPECT_EQ(fichier.Relire(), u"a\r\n"_s);
+    fichier.Ecrire("texte");
+    EXPECT_EQ(fichier.Terminer(), u"texte"_s);
     EXPECT_TRUE(fichier.AEchoue());
+    EXPECT_EQ(Dossier().Lire(u"~qrtCopier.tmp/dedans"_s), "x");
+    EXPECT_EQ(Restes(), QStringList({u"~qrtCopier.tmp"_s}));
 }
 
-TEST(FichierDEchange, IsPutOnTheClipboard)
+TEST(FichierDEchange, WithoutAFolderTheTextIsKeptAndTheFailureTold)
 {
-    const FileDeReponses reponses;
+    plateforme().dossierProgramme = Dossier().Fichier(u"absent/"_s);
     FichierDEchange fichier;
-    fichier.EcrireLigne(u"é");
-    PoserSurPressePapiers(fichier);
-    EXPECT_EQ(PlateformeDeTest::Courante().pressePapiers.texte, u"é\r\n"_s);
-    EXPECT_TRUE(reponses.Affiches().isEmpty());
+    fichier.Ecrire("texte");
+    EXPECT_EQ(fichier.Terminer(), u"texte"_s);
+    EXPECT_TRUE(fichier.AEchoue());
+    EXPECT_EQ(FichierDEchange::AvisDEchec().cle, u"msgEchangeSansFichier"_s);
+    EXPECT_TRUE(FichierDEchange::AvisDEchec().texte.endsWith(u"absent/~qrtCopier.tmp"_s));
 }
 
-TEST(FichierDEchange, ThatItFailedIsTold)
+TEST(FichierDEchange, AFullDiskCostsNothingOfTheText)
 {
-    const FileDeReponses reponses;
-    ASSERT_TRUE(QDir().mkdir(Place()));
+    const auto enleve = std::unique_ptr<rlimit, void (*)(rlimit*)>(new rlimit, [](rlimit* avant) {
+        setrlimit(RLIMIT_FSIZE, avant);
+        delete avant;
+    });
+    getrlimit(RLIMIT_FSIZE, enleve.get());
+    std::signal(SIGXFSZ, SIG_IGN);
+    const QByteArray texte(3 << 20, 'x');
     FichierDEchange fichier;
-    fichier.EcrireLigne(u"é");
-    PoserSurPressePapiers(fichier);
-    EXPECT_EQ(PlateformeDeTest::Courante().pressePapiers.texte, u"é\r\n"_s);
-    EXPECT_EQ(reponses.Cles(), QStringList({u"msgEchange"_s}));
-    EXPECT_TRUE(reponses.Affiches().first().message.texte.contains(Place()));
+    const rlimit petit{1 << 20, enleve->rlim_max};
+    setrlimit(RLIMIT_FSIZE, &petit);
+    for (qsizetype i = 0; i < texte.size(); i += 1 << 16)
+        fichier.Ecrire(QByteArrayView(texte).sliced(i, 1 << 16));
+    EXPECT_EQ(fichier.Terminer(), QString::fromLatin1(texte));
+    EXPECT_TRUE(fichier.AEchoue());
+    EXPECT_EQ(Restes(), QStringList());
 }

@@ -419,7 +419,7 @@ TEST_F(FrmPreEnregistre, WhereTheFileCannotBeWrittenTheCopyWorks)
                                  }}});
     Cliquer("btCopy");
     EXPECT_EQ(Presse(), u"[Zelvane-TxtPRE]\r\nTitre\ta|b|c\r\nGenre\t\r\nPrêté\t\r\n"_s);
-    EXPECT_EQ(reponses.Cles(), QStringList({u"msgEchange"_s}));
+    EXPECT_EQ(reponses.Cles(), QStringList({u"msgEchangeSansFichier"_s}));
     EXPECT_TRUE(reponses.Affiches().first().message.texte.contains(Echange()));
 }
 

@@ -29,8 +29,8 @@ TEST(TextesPreenregistres, AreEmptyTogetherOnlyWhenAllAre)
 
 TEST(TextesPreenregistres, ALineIsTheTitleATabAndTheList)
 {
-    EXPECT_EQ(EntetePreenregistres(), u"[Zelvane-TxtPRE]"_s);
-    EXPECT_EQ(LignePreenregistree({u"Titre"_s, u"a|b"_s}), u"Titre\ta|b"_s);
+    EXPECT_EQ(EntetePreenregistres(), u"[Zelvane-TxtPRE]\r\n"_s);
+    EXPECT_EQ(LignePreenregistree({u"Titre"_s, u"a|b"_s}), u"Titre\ta|b\r\n"_s);
 }
 
 TEST(TextesPreenregistres, AreReadBack)
