@@ -33,6 +33,11 @@ class AnInstallation(unittest.TestCase):
         self.assertIn(f"MimeType={kind.stdout.strip()};", entry)
         self.assertIn('Exec="zelvane" %f', entry)
 
+    def test_desktops_and_software_centres_accept_the_entries(self):
+        subprocess.run(["desktop-file-validate", self.prefix / "share/applications/zelvane.desktop"], check=True)
+        subprocess.run(["appstreamcli", "validate", "--no-net", self.prefix / "share/metainfo/zelvane.metainfo.xml"],
+                       check=True, stdout=subprocess.DEVNULL)
+
     def test_the_icons_have_the_names_that_desktops_look_for(self):
         icons = self.prefix / "share/icons/hicolor/scalable"
 
