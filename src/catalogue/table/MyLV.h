@@ -17,6 +17,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 
 class MyLV;
@@ -139,6 +140,8 @@ public:
     /// such column.
     bool EcrireUtf8(int colonne, QByteArrayView utf8);
 
+    /// Writes all cells, from the first, and the image, at once; cells behind them are none any more.
+    void EcrireCellules(std::span<const stockage::Cellule> cellules, const stockage::Cellule& image);
     /// Writes one value a column, from the first, at once.
     void EcrireValeurs(const QStringList& valeurs);
     /// Writes the values that are given, from the first column, and the image if one is given, at once; the others

@@ -178,6 +178,11 @@ QStringList ListItemLu::Valeurs() const
     return valeurs;
 }
 
+void ListItem::EcrireCellules(std::span<const Cellule> cellules, const Cellule& image)
+{
+    m_table->PoserBloc(m_rang, stockage::NouveauBloc(cellules, image));
+}
+
 void ListItem::EcrireValeurs(const QStringList& valeurs)
 {
     Rangee rangee = m_table->StockageDuRang(m_rang).Lire();
