@@ -1,13 +1,14 @@
 #include "entries/AjouterEchange.h"
 
+#include "base/AfficherMsg.h"
 #include "base/Avancement.h"
 #include "base/SurUneLigne.h"
 #include "catalogue/archive/NomsTenables.h"
 #include "catalogue/table/MyLV.h"
 #include "entries/Echange.h"
+#include "extensions/langue/modLang.h"
 
 #include <algorithm>
-#include <limits>
 #include <numeric>
 #include <vector>
 
@@ -16,6 +17,8 @@ using stockage::Cellule;
 using stockage::Codage;
 
 namespace {
+
+constexpr qsizetype EntreesAuPlus = 20'000'000; // a text of empty lines would take all memory
 
 /// The fields of one line, one after the other in UTF-8.
 class ChampsDeLigne
@@ -140,12 +143,31 @@ private:
 
 } // namespace
 
+bool PeutTenir(const MyLV& table, const EchangeLu& echange, int copies)
+{
+    if (echange.Entrees() <= (EntreesAuPlus - table.ListItems.Count()) / std::max(copies, 1))
+        return true;
+    AfficherMsg(
+        LangMsg(u"msgTropDEntrees"_s, u"Une catégorie ne peut pas contenir autant d'entrées : rien n'a été ajouté."_s),
+        MsgOk, QString());
+    return false;
+}
+
+QStringList TitresDe(const MyLV& table)
+{
+    QStringList titres;
+    titres.reserve(table.ColumnHeaders.Count());
+    for (int i = 1; i <= table.ColumnHeaders.Count(); ++i)
+        titres.append(table.ColumnHeaders(i).Text());
+    return titres;
+}
+
 std::optional<QStringList> AjouterEchange(MyLV& table, const EchangeLu& echange, const Correspondance& rangs,
                                           const FaconDAjouter& facon, Avancement& avancement)
 {
     const AjoutsDansTable ajouts(table);
     Ajouteur ajouteur(table, rangs, facon);
-    const auto total = static_cast<int>(std::min<qsizetype>(echange.Entrees(), std::numeric_limits<int>::max()));
+    const auto total = static_cast<int>(echange.Entrees());
     int fait = 0;
     const bool entier = echange.Parcourir([&](QStringView ligne) {
         avancement.Avancer(++fait, total);

@@ -23,6 +23,12 @@ struct FaconDAjouter
     int copies = 1; ///< of each entry, itself included; less than one is one
 };
 
+/// False, with a word, when a category cannot hold so many entries more.
+bool PeutTenir(const MyLV& table, const EchangeLu& echange, int copies);
+
+/// The titles of a table's columns, for Correspondre.
+QStringList TitresDe(const MyLV& table);
+
 /// Adds an entry for each line, selected, with the values that `rangs` leads to its columns; copies stand behind it and
 /// are not selected. In a sorted table all go to their places at the end. A "|" or a line break in a value is replaced:
 /// no file could hold it. Returns the images of the entries, in the order of the lines; nothing when the user has given

@@ -1,8 +1,10 @@
 #include "entries/FichierDEchange.h"
 
+#include "base/AfficherMsg.h"
 #include "base/Const_Vrac.h"
 #include "extensions/langue/modLang.h"
 #include "platform/NomsSysteme.h"
+#include "platform/Plateforme.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -121,4 +123,11 @@ void FichierDEchange::Supprimer()
         renameat2(AT_FDCWD, aCote.constData(), AT_FDCWD, chemin.constData(), RENAME_NOREPLACE) == 0)
         return; // it was somebody else's
     unlink(aCote.constData());
+}
+
+void PoserSurPressePapiers(FichierDEchange& fichier)
+{
+    plateforme().pressePapiers->Poser(fichier.Terminer());
+    if (fichier.AEchoue())
+        AfficherMsg(FichierDEchange::AvisDEchec(), MsgOk, QString());
 }

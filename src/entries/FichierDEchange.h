@@ -46,3 +46,6 @@ private:
     bool m_echec = false;
     bool m_fini = false;
 };
+
+/// Puts all that was written on the clipboard, and says so when the file failed.
+void PoserSurPressePapiers(FichierDEchange& fichier);

@@ -210,9 +210,7 @@ void frmPreEnregistre::Copier()
             if (cochees[i])
                 fichier.Ecrire(LignePreenregistree(m_colonnes[i]).toUtf8());
         }
-        plateforme().pressePapiers->Poser(fichier.Terminer());
-        if (fichier.AEchoue())
-            AfficherMsg(FichierDEchange::AvisDEchec(), MsgOk, QString());
+        PoserSurPressePapiers(fichier);
     }
     RedrawList();
 }

@@ -8,6 +8,7 @@
 #include "catalogue/texte/TriDeTable.h"
 #include "columns/OutilsDeColonnes.h"
 #include "entries/NouvelleCategorie.h"
+#include "entries/mClipBoard.h"
 #include "entries/mEditLV.h"
 #include "entries/mPreenregistre.h"
 #include "extensions/dialogues/About.h"
@@ -96,6 +97,12 @@ void Voir(Lieu lieu)
 {
     MyLV& table = TableDe(lieu);
     VoirEntree(table, PremiereSelection(table), lieu.document->myqrt.TmpFolder);
+}
+
+void CollerDansFenetre(Lieu lieu, void (*coller)(Categorie&))
+{
+    coller(lieu.document->myqrt);
+    lieu.document->RedrawAll();
 }
 
 // ---- the view
@@ -217,9 +224,10 @@ constexpr RangDeCommande Rangs[] = {
      .besoin = Besoin::UneEntree,
      .faire = Voir,
      .toucheDeTable = true},
-    {u"copier", u"&Copier", "copy", "Ctrl+C", Besoin::Selection},
-    {u"coller", u"C&oller", "paste", "Ctrl+V", Besoin::Document},
-    {u"copieparlot", u"Copie par &lot", "", "", Besoin::Document},
+    {u"copier", u"&Copier", "copy", "Ctrl+C", Besoin::Selection,
+     [](Lieu l) { CopierSelection(TableDe(l), l.document->myqrt.TmpFolder); }},
+    {u"coller", u"C&oller", "paste", "Ctrl+V", Besoin::Document, [](Lieu l) { CollerDansFenetre(l, Coller); }},
+    {u"copieparlot", u"Copie par &lot", "", "", Besoin::Document, [](Lieu l) { CollerDansFenetre(l, CollerParLot); }},
     {u"rechercher", u"&Rechercher", "rechercher", "Ctrl+F", Besoin::Document,
      [](Lieu l) { l.document->mRechercher_Click(); }},
     // Never does anything, and its item stays.

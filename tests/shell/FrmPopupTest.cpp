@@ -5,6 +5,7 @@
 #include "extensions/langue/modLang.h"
 #include "shell/Toolbars.h"
 #include "support/FermeModales.h"
+#include "support/PlateformeDeTest.h"
 
 #include <QTimer>
 
@@ -141,22 +142,26 @@ TEST_F(FrmPopupTest, EveryItemOpensTheWindowOfItsCommand)
     a.myqrt.IlFautSauver = false;
 }
 
-TEST_F(FrmPopupTest, CommandsToComeAreDisabledAndDoNothing)
+TEST_F(FrmPopupTest, TheClipboardIsInTheMenusOfTheTable)
 {
     Montrer();
     Form1& a = Ouvrir(u"a.qrt"_s);
     a.myqrt.MyLV->Selectionner(1, 1, true);
+    const FermeModales modales;
     cadre->MontrerMenuClickDroit(true, QPoint(10, 10));
     MenuNomme(u"MenuClickDroit"_s).close();
-    const FermeModales modales;
-    for (const QString& nom : {u"mCopier1"_s, u"mColler1"_s, u"mColler3"_s}) {
-        EXPECT_FALSE(Item(nom).isEnabled()) << nom.toStdString();
-        Item(nom).setEnabled(true);
+    std::optional<QString>& texte = PlateformeDeTest::Courante().pressePapiers.texte;
+    for (const QString& nom : {u"mCopier1"_s, u"mCopier2"_s}) {
+        texte.reset();
         Item(nom).trigger();
+        EXPECT_TRUE(texte && texte->startsWith(u"[Zelvane]\r\n"_s)) << nom.toStdString();
     }
-    EXPECT_EQ(modales.fenetres, QStringList());
-    EXPECT_TRUE(reponses.Affiches().isEmpty());
-    EXPECT_FALSE(a.myqrt.IlFautSauver);
+    for (const QString& nom : {u"mColler1"_s, u"mColler2"_s, u"mColler3"_s}) {
+        a.myqrt.IlFautSauver = true;
+        Item(nom).trigger();
+        EXPECT_FALSE(a.myqrt.IlFautSauver) << nom.toStdString();
+    }
+    EXPECT_EQ(modales.fenetres, QStringList(3, u"frmDragAndDrop"_s));
 }
 
 TEST_F(FrmPopupTest, LendingIsInTheMenusOfASelection)

@@ -6,6 +6,7 @@
 #include "columns/frmFusionner.h"
 #include "columns/frmSeparerEn2.h"
 #include "entries/frmAddCategorie2.h"
+#include "entries/frmCopieParLot.h"
 #include "entries/frmDragAndDrop.h"
 #include "entries/frmEditEntree.h"
 #include "entries/frmPreEnregistre.h"
@@ -204,6 +205,11 @@ TEST_F(Polices, ThePreRecordedTexts)
         return std::make_unique<frmPreEnregistre>(
             ListesDeColonnes{{u"Titre"_s, QString()}, {u"Genre"_s, u"rock|jazz|blues"_s}, {u"Prêté à"_s, QString()}});
     });
+}
+
+TEST_F(Polices, TheNumberOfCopies)
+{
+    RegarderForm([] { return std::make_unique<frmCopieParLot>(); });
 }
 
 TEST_F(Polices, TheQuestionOfDependants)
