@@ -13,13 +13,14 @@ _zelvane_cli_options() {
         column) echo "--format --force" ;;
         lend) echo "--to --email --date --replace --select --dependants --format --force" ;;
         return) echo "--select --dependants --format --force" ;;
+        paste) echo "--map --copies --format --force" ;;
     esac
 }
 
 _zelvane_cli() {
     local cur prev words cword
     _init_completion -n = || return
-    local commands="type list convert search compare export stats column lend return"
+    local commands="type list convert search compare export stats column lend return paste"
     local tools="add delete rename move dependant merge split duplicate"
     local command="" tool="" i
     for ((i = 1; i < cword; i++)); do
@@ -38,7 +39,7 @@ _zelvane_cli() {
         --password-file) _filedir; return ;;
         --as) COMPREPLY=($(compgen -W "html-images html text csv tab" -- "$cur")); return ;;
         --format) COMPREPLY=($(compgen -W "2 1.4" -- "$cur")); return ;;
-        --columns | --select | --to | --email | --date) return ;;
+        --columns | --select | --to | --email | --date | --map | --copies) return ;;
     esac
     if [[ -z $command ]]; then
         COMPREPLY=($(compgen -W "$commands --help --version" -- "$cur"))

@@ -10,6 +10,7 @@
 #include "cli/CommandeColumn.h"
 #include "cli/CommandeCompare.h"
 #include "cli/CommandeExport.h"
+#include "cli/CommandePaste.h"
 #include "cli/CommandeSearch.h"
 #include "cli/CommandeStats.h"
 #include "cli/CommandesPret.h"
@@ -184,6 +185,6 @@ const QList<Commande>& LesCommandes()
              {motDePasse},
              ExecuterStats},
         } +
-        CommandesColumn({motDePasse}) + CommandesPret({motDePasse});
+        CommandesColumn({motDePasse}) + CommandesPret({motDePasse}) + QList<Commande>{CommandePaste({motDePasse})};
     return commandes;
 }
