@@ -2,8 +2,8 @@
 """Measures the engine against everyday tools, on one file and in one run, and holds it to limits.
 
 Parts are measured by the Google Benchmark programs bench_moteur (engine), bench_fenetre (table view), bench_entrees
-(commands on all entries), bench_colonnes (very many columns), bench_archive (a catalogue with images) and bench_prets
-(lending), whole commands as processes. Everything is done several times and the quickest counts, on both sides of a ratio: what is slower was
+(commands on all entries), bench_colonnes (very many columns), bench_archive (a catalogue with images), bench_prets
+(lending) and bench_echange (copy and paste), whole commands as processes. Everything is done several times and the quickest counts, on both sides of a ratio: what is slower was
 disturbed by something else. Called by scripts/bench; see docs/performance.md.
 """
 import argparse
@@ -55,6 +55,7 @@ class Inputs:
         self.changed_column = self._write_column(self.changed, 1)
         self.database = self._make_database(self.sorted)
         self.lent = self._make_lent(f"prete-{entries}.qrt")
+        self.tenth = self._make_tenth(f"dixieme-{entries}.txt")
         self.boxes = self._make_boxes(f"coffrets-{entries}.qrt", entries // 100)
         self.many_columns = self._make_columns("colonnes-20000.qrt", columns=20_000, entries=10)
         self.pdf = folder / "pages.pdf"
@@ -102,6 +103,12 @@ class Inputs:
             loan = b"Camille %d - %02d/%02d/%d" % (i % 100, i % 28 + 1, i // 28 % 12 + 1, 2000 + i // 336 % 26)
             entries[i] = b"|".join([*entry.split(b"|")[:-2], loan, b""])
         path.write_bytes(head + mark + b"\r\n".join([count, *entries, b""]))
+        return path
+
+    def _make_tenth(self, name):
+        """The lines of every tenth entry."""
+        path = self.folder / name
+        path.write_bytes(b"".join(self.sorted.read_bytes().partition(b"[ListItems]\r\n")[2].splitlines(keepends=True)[10::10]))
         return path
 
     def _make_boxes(self, name, boxes):
@@ -306,6 +313,14 @@ def measure_lending(table, inputs, lending, times):
         table.ratio(work, lending.seconds(name), "iconv", iconv, 4)
 
 
+def measure_exchange(table, inputs, exchange, times):
+    """The rows of copy and paste."""
+    iconv = quickest(["iconv", "-f", "cp1252", "-t", "utf-8", inputs.tenth], times)
+    table.ratio("copy a tenth of the entries", exchange.seconds("CopierUnDixieme"), "iconv of a tenth", iconv, 4)
+    table.ratio("paste them into the sorted category", exchange.seconds("CollerDansLOrdre"), "its sort",
+                exchange.seconds("Trier"), 1.5)
+
+
 def measure_comm(inputs, times):
     """Seconds of comm on the columns of two catalogues, sorted."""
     ordered = []
@@ -432,11 +447,13 @@ def main():
     printing = Parts((given.programmes / "bench_impression").resolve(), inputs, times, short=given.rapide)
     images = Parts((given.programmes / "bench_archive").resolve(), inputs, times, short=given.rapide)
     lending = Parts((given.programmes / "bench_prets").resolve(), inputs, times, short=given.rapide)
+    exchange = Parts((given.programmes / "bench_echange").resolve(), inputs, times, short=given.rapide)
     table = measure(inputs, engine, window, commands, cli, times)
     measure_exports(table, inputs, engine, cli, times)
     measure_printing(table, inputs, printing, times)
     measure_columns(table, inputs, columns, cli, times)
     measure_lending(table, inputs, lending, times)
+    measure_exchange(table, inputs, exchange, times)
     measure_archive(table, inputs, images, times)
 
     describe_machine(inputs, entries)

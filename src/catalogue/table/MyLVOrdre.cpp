@@ -6,6 +6,23 @@
 
 #include <algorithm>
 
+namespace {
+
+using Rangs = std::vector<uint32_t>::const_iterator;
+
+/// As std::upper_bound, quick where the place is near the first one: of many entries each is placed behind the last.
+template<class Avant> Rangs PremiereApres(Rangs premiere, Rangs fin, uint32_t rang, Avant avant)
+{
+    std::ptrdiff_t pas = 1;
+    while (fin - premiere >= pas && !avant(rang, premiere[pas - 1])) {
+        premiere += pas;
+        pas *= 2;
+    }
+    return std::upper_bound(premiere, premiere + std::min(pas, fin - premiere), rang, avant);
+}
+
+} // namespace
+
 int MyLV::Position(uint32_t rang) const
 {
     if (!m_positionsValides) {
@@ -117,30 +134,34 @@ void MyLV::PlacerAjouts()
         return;
 
     // The entries that stood keep their order, whatever was written into them since: only the new ones move.
-    std::vector<uint32_t> nouvelles = aPlacer;
-    std::sort(nouvelles.begin(), nouvelles.end());
+    std::vector<bool> nouvelles(m_refs.size());
+    for (const uint32_t rang : aPlacer)
+        nouvelles[rang] = true;
     std::vector<uint32_t> anciennes;
     anciennes.reserve(m_ordre.size());
     std::copy_if(m_ordre.begin(), m_ordre.end(), std::back_inserter(anciennes),
-                 [&](uint32_t rang) { return !std::binary_search(nouvelles.begin(), nouvelles.end(), rang); });
+                 [&](uint32_t rang) { return !nouvelles[rang]; });
+
+    ClesDeTri cles(aPlacer.size());
+    for (const uint32_t rang : aPlacer)
+        cles.Ajouter(Cellule(rang, m_cleDeTri));
 
     Collation& collation = Collation::Francaise();
     const int sens = m_sensDeTri == 0 ? 1 : -1;
     const auto avant = [&](uint32_t a, uint32_t b) {
         return collation.Comparer(Cellule(a, m_cleDeTri), Cellule(b, m_cleDeTri)) * sens < 0;
     };
-    std::stable_sort(aPlacer.begin(), aPlacer.end(), avant);
-
     std::vector<uint32_t> ordre;
     ordre.reserve(m_ordre.size());
-    auto ancienne = anciennes.begin();
-    for (const uint32_t rang : aPlacer) {
-        const auto place = std::upper_bound(ancienne, anciennes.end(), rang, avant);
-        ordre.insert(ordre.end(), ancienne, place);
+    auto ancienne = anciennes.cbegin();
+    for (const uint32_t place : cles.Ordre(m_sensDeTri == 1)) {
+        const uint32_t rang = aPlacer[place];
+        const auto suite = PremiereApres(ancienne, anciennes.cend(), rang, avant);
+        ordre.insert(ordre.end(), ancienne, suite);
         ordre.push_back(rang);
-        ancienne = place;
+        ancienne = suite;
     }
-    ordre.insert(ordre.end(), ancienne, anciennes.end());
+    ordre.insert(ordre.end(), ancienne, anciennes.cend());
     m_ordre = std::move(ordre);
     OrdreChange();
 }
