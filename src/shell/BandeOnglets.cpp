@@ -1,7 +1,9 @@
 #include "shell/BandeOnglets.h"
 
 #include "shell/OngletsAccessibles.h"
+#include "vue/VueTable.h"
 
+#include <QDropEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -12,6 +14,8 @@ namespace {
 // Widths of tabs, in characters.
 constexpr int AuPlus = 48;
 constexpr int AuMoins = 20; // for those that would be wider
+
+constexpr std::chrono::milliseconds DelaiDuSurvol(500);
 
 /// Names of files are no captions with mnemonics.
 QString SansMnemonique(QString titre)
@@ -25,6 +29,12 @@ BandeOnglets::BandeOnglets(QWidget* parent) : QTabBar(parent)
 {
     InstallerOngletsAccessibles();
     connect(this, &QTabBar::currentChanged, this, &BandeOnglets::OngletChoisi);
+    setAcceptDrops(true);
+    m_survolement.setSingleShot(true);
+    m_survolement.setInterval(DelaiDuSurvol);
+    m_survolement.setObjectName(u"Survol"_s);
+    m_survolement.setParent(this);
+    connect(&m_survolement, &QTimer::timeout, this, [this] { Presser(m_survole + 1); });
 }
 
 void BandeOnglets::Ajouter(const QString& cle, const QString& titre)
@@ -122,4 +132,43 @@ int BandeOnglets::IndexDe(const QString& cle) const
             return index;
     }
     return -1;
+}
+
+// ---- what is dragged over the tabs
+
+/// What is held over a tab for a moment brings its window to the front, to be dropped there.
+void BandeOnglets::Survoler(int index)
+{
+    if (index == m_survole)
+        return;
+    m_survole = index;
+    m_survolement.stop();
+    if (index >= 0)
+        m_survolement.start();
+}
+
+/// Files pass through to the frame, which opens them wherever they are dropped.
+void BandeOnglets::dragEnterEvent(QDragEnterEvent* event)
+{
+    const bool texte = VueTable::PorteUnTexte(*event);
+    event->setAccepted(texte);
+    Survoler(texte ? tabAt(event->position().toPoint()) : -1);
+}
+
+/// Nothing can be dropped on a tab itself.
+void BandeOnglets::dragMoveEvent(QDragMoveEvent* event)
+{
+    Survoler(VueTable::PorteUnTexte(*event) ? tabAt(event->position().toPoint()) : -1);
+    event->ignore();
+}
+
+void BandeOnglets::dragLeaveEvent(QDragLeaveEvent*)
+{
+    Survoler(-1);
+}
+
+void BandeOnglets::dropEvent(QDropEvent* event)
+{
+    Survoler(-1);
+    event->ignore();
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QTabBar>
+#include <QTimer>
 
 class BandeOnglets : public QTabBar
 {
@@ -36,6 +37,10 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     /// Names stay readable: a very long one is shortened, and with many tabs the strip scrolls before it squeezes them.
     QSize tabSizeHint(int index) const override;
     QSize minimumTabSizeHint(int index) const override;
@@ -43,4 +48,8 @@ protected:
 private:
     /// The index in the strip, from 0; -1 without such a tab.
     int IndexDe(const QString& cle) const;
+    void Survoler(int index);
+
+    int m_survole = -1;   ///< index of the tab that something is held over; -1 for none
+    QTimer m_survolement; ///< runs until that tab is chosen
 };

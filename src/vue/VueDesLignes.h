@@ -67,6 +67,9 @@ public:
     /// Selection and focus go with their rows.
     void SuivreOrdre(const std::vector<int>& avant);
 
+    /// Whether selected rows can be dragged out of the list: see LignesEmportees. Not until this is called.
+    void PermettreDEmporter() { m_emportable = true; }
+
     void selectAll() override;
     /// Goes to the next row whose first column begins with what was typed, case ignored.
     void keyboardSearch(const QString& saisie) override;
@@ -77,6 +80,8 @@ signals:
     /// A column's title was clicked, or chosen with the keyboard: Shift+Tab leads there. Silent while titles are not
     /// clickable.
     void EnteteCliquee(int colonne);
+    /// A selected row was pressed, and the pointer leaves with the left button held.
+    void LignesEmportees();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -123,6 +128,7 @@ private:
     void ToucheEspace(const QKeyEvent& event);
     bool BasculerCoche();
     int ChercherDebut(const QString& debut, int apres) const;
+    bool Emporte(const QMouseEvent& event);
     bool TireDehors(const QMouseEvent& event);
     void Defiler();
     void TirerJusque(int ligne);
@@ -144,6 +150,9 @@ private:
     int m_ancre = 0;         ///< where a selection with Shift begins; 0 while there is none
     int m_ligneTiree = 0;    ///< row under the pointer while the left button is held
     int m_ligneALaisser = 0; ///< pressed while selected: it alone stays so at release, unless the pointer drags
+    bool m_emportable = false;
+    bool m_emportees = false; ///< they are under way: the pointer selects nothing more until it is pressed anew
+    QPoint m_appui;           ///< where the left button was pressed
     Qt::KeyboardModifiers m_touchesEnTirant; ///< held when the pointer that drags was last seen
     QBasicTimer m_defilement;                ///< runs while it drags above or below the rows, which scroll by
     int m_sensDuDefilement = 0;              ///< -1 towards the first row, 1 towards the last

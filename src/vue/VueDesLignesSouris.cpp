@@ -2,6 +2,7 @@
 #include "vue/LignesChoisies.h"
 #include "vue/VueDesLignes.h"
 
+#include <QApplication>
 #include <QMouseEvent>
 #include <QScrollBar>
 
@@ -34,6 +35,8 @@ void VueDesLignes::mousePressEvent(QMouseEvent* event)
     const bool dejaChoisie = ligne > 0 && m_choix->EstChoisie(ligne);
     m_ligneALaisser = 0;
     m_ligneTiree = 0;
+    m_emportees = false;
+    m_appui = event->position().toPoint();
     if (event->button() == Qt::RightButton && !dejaChoisie)
         Faire(Geste::Choisir, ligne);
     if (event->button() != Qt::LeftButton)
@@ -51,13 +54,27 @@ void VueDesLignes::mousePressEvent(QMouseEvent* event)
 void VueDesLignes::mouseMoveEvent(QMouseEvent* event)
 {
     m_touchesEnTirant = event->modifiers();
-    if (TireDehors(*event))
+    if (Emporte(*event) || TireDehors(*event))
         return;
     QTableView::mouseMoveEvent(event);
     if (!(event->buttons() & Qt::LeftButton) || state() != DragSelectingState || m_ligneTiree == 0)
         return;
     const int ligne = LigneSous(event->position().toPoint());
     TirerJusque(ligne > 0 ? ligne : DerniereVisible());
+}
+
+/// What is selected goes with the pointer, once that is no click with an unsteady hand any more.
+bool VueDesLignes::Emporte(const QMouseEvent& event)
+{
+    if (!m_emportable || !(event.buttons() & Qt::LeftButton) || (m_ligneALaisser == 0 && !m_emportees))
+        return false;
+    if (!m_emportees && (event.position().toPoint() - m_appui).manhattanLength() >= QApplication::startDragDistance()) {
+        m_emportees = true;
+        m_ligneALaisser = 0;
+        m_ligneTiree = 0;
+        emit LignesEmportees();
+    }
+    return true;
 }
 
 /// Above or below the rows they scroll by for as long as the pointer stays there, and are selected as they come.

@@ -3,13 +3,20 @@
 #include "vue/DelegueEntrees.h"
 #include "vue/ModeleTable.h"
 
+#include <QApplication>
+#include <QDropEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QMouseEvent>
+
+#include <algorithm>
 
 VueTable::VueTable(QWidget* parent) : VueDesLignes(parent)
 {
     horizontalHeader()->setSectionsClickable(false);
+    PermettreDEmporter();
+    setAcceptDrops(true);
 }
 
 bool VueTable::EstEntiere(int ligne, int colonne) const
@@ -73,4 +80,38 @@ void VueTable::mouseDoubleClickEvent(QMouseEvent* event)
     VueDesLignes::mouseDoubleClickEvent(event);
     if (event->button() == Qt::LeftButton && LigneSous(event->position().toPoint()) > 0)
         emit EntreeDoubleCliquee();
+}
+
+// ---- what is dragged here
+
+bool VueTable::PorteUnTexte(const QDropEvent& event)
+{
+    const QMimeData& donnees = *event.mimeData();
+    return donnees.hasFormat(QStringLiteral("text/plain")) && (event.possibleActions() & Qt::CopyAction) &&
+           std::ranges::none_of(donnees.urls(), &QUrl::isLocalFile) && !QApplication::activeModalWidget();
+}
+
+/// What is not for the table may be for the frame around it, which opens files.
+bool VueTable::Accueillir(QDropEvent& event) const
+{
+    const bool prend = Tag != SourceDrag() && PorteUnTexte(event);
+    event.setDropAction(prend ? Qt::CopyAction : event.dropAction());
+    event.setAccepted(prend);
+    return prend;
+}
+
+void VueTable::dragEnterEvent(QDragEnterEvent* event)
+{
+    Accueillir(*event);
+}
+
+void VueTable::dragMoveEvent(QDragMoveEvent* event)
+{
+    Accueillir(*event);
+}
+
+void VueTable::dropEvent(QDropEvent* event)
+{
+    if (Accueillir(*event))
+        emit TexteDepose(event->mimeData()->text());
 }

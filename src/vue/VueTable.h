@@ -4,6 +4,8 @@
 
 #include "vue/VueDesLignes.h"
 
+class QMimeData;
+
 class VueTable : public VueDesLignes
 {
     Q_OBJECT
@@ -23,6 +25,13 @@ public:
     /// Whether all of a cell's text (both from 1, both exist) can be read in its column.
     bool EstEntiere(int ligne, int colonne) const;
 
+    /// SourceDrag while entries are dragged out of this view, which takes none of them back then; else empty.
+    QString Tag;
+    static QString SourceDrag() { return QStringLiteral("SourceDrag"); }
+    /// Whether something dragged is a text for a table, and neither files nor what must not be copied. None is, while a
+    /// dialog is open.
+    static bool PorteUnTexte(const QDropEvent& event);
+
 signals:
     /// The table or its selection changed, and the view shows it: time to show counts and pictures anew.
     void TableRafraichie();
@@ -33,14 +42,20 @@ signals:
     void EntreeDoubleCliquee();
     /// The right button was released over the table, at this place of the screen.
     void ClicDroit(const QPoint& place);
+    /// A text was dropped on the table. Whoever dropped it waits for the end of this.
+    void TexteDepose(const QString& texte);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void TableChangee(const ChangementsTable& changements) override;
 
 private:
     bool TouchePourLaFenetre(const QKeyEvent& event);
+    bool Accueillir(QDropEvent& event) const;
 };

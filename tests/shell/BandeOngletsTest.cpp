@@ -1,13 +1,32 @@
 // The strip of tabs in step with the windows, and its menu.
 #include "CadreEnFenetre.h"
 
+#include "support/Glissement.h"
+
+#include <QSignalSpy>
 #include <QStyleOptionTab>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-using OngletsTest = CadreEnFenetre;
+class OngletsTest : public CadreEnFenetre
+{
+protected:
+    QTimer& Survol() const { return *Onglets().findChild<QTimer*>(u"Survol"_s); }
+    QPoint Milieu(int numero) const { return Onglets().tabRect(numero - 1).center(); }
+    /// As if the time had passed for which something must be held over a tab.
+    void Attendre()
+    {
+        ASSERT_TRUE(Survol().isActive());
+        QSignalSpy passe(&Survol(), &QTimer::timeout);
+        Survol().start(0);
+        ASSERT_TRUE(passe.wait());
+        Survol().setInterval(500);
+        Laisser();
+    }
+};
 
 } // namespace
 
@@ -291,4 +310,59 @@ TEST_F(MenuMdiTabTest, WithoutATabItsCommandsDoNothing)
         item->trigger();
     EXPECT_TRUE(reponses.Affiches().isEmpty());
     EXPECT_TRUE(dialogues.Demandes().isEmpty());
+}
+
+// ---- what is held over a tab
+
+TEST_F(OngletsTest, ATextHeldOverATabBringsItsWindowToTheFront)
+{
+    Montrer();
+    const Form1& a = Ouvrir(u"a.qrt"_s);
+    const Form1& b = Ouvrir(u"b.qrt"_s);
+    Glissement glissement(u"texte"_s);
+    EXPECT_FALSE(glissement.Entrer(Onglets(), Milieu(1))) << "nothing is dropped on a tab";
+    EXPECT_EQ(Survol().interval(), 500);
+    EXPECT_TRUE(Survol().isSingleShot());
+    EXPECT_EQ(cadre->FenetreActive(), &b);
+    glissement.Bouger(Onglets(), Milieu(1) + QPoint(1, 0));
+    Attendre();
+    EXPECT_EQ(cadre->FenetreActive(), &a);
+    EXPECT_FALSE(Survol().isActive());
+    glissement.Bouger(Onglets(), Milieu(2));
+    Attendre();
+    EXPECT_EQ(cadre->FenetreActive(), &b);
+    EXPECT_FALSE(glissement.Lacher(Onglets(), Milieu(2)));
+}
+
+TEST_F(OngletsTest, AWindowThatIsReducedComesBackTooUnderWhatIsHeldOverItsTab)
+{
+    Montrer();
+    const Form1& a = Ouvrir(u"a.qrt"_s);
+    cadre->MinimiserTout();
+    Laisser();
+    ASSERT_TRUE(a.parentWidget()->isMinimized());
+    Glissement glissement(u"texte"_s);
+    glissement.Entrer(Onglets(), Milieu(1));
+    Attendre();
+    EXPECT_FALSE(a.parentWidget()->isMinimized());
+}
+
+TEST_F(OngletsTest, WhatLeavesATabInTimeBringsNothing)
+{
+    Montrer();
+    Ouvrir(u"a.qrt"_s);
+    const Form1& b = Ouvrir(u"b.qrt"_s);
+    Glissement glissement(u"texte"_s);
+    glissement.Entrer(Onglets(), Milieu(1));
+    ASSERT_TRUE(Survol().isActive());
+    glissement.Bouger(Onglets(), QPoint(Onglets().width() - 1, 3));
+    EXPECT_FALSE(Survol().isActive()) << "beside the tabs";
+    glissement.Bouger(Onglets(), Milieu(1));
+    EXPECT_TRUE(Survol().isActive());
+    glissement.Sortir(Onglets());
+    EXPECT_FALSE(Survol().isActive());
+    glissement.Entrer(Onglets(), Milieu(1));
+    glissement.Lacher(Onglets(), Milieu(1));
+    EXPECT_FALSE(Survol().isActive()) << "dropped";
+    EXPECT_EQ(cadre->FenetreActive(), &b);
 }

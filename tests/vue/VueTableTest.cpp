@@ -1,8 +1,10 @@
 // What only a document's table has.
 #include "VueDeTest.h"
 
+#include "support/Glissement.h"
 #include "support/Impression.h"
 
+#include <QDialog>
 #include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
@@ -13,6 +15,17 @@ class VueTableTest : public VueDeTest
 {
 protected:
     int Largeur(int colonne) const { return vue.columnWidth(colonne - 1); }
+    /// Moves the pointer with the left button held.
+    void Tirer(const QPoint& point)
+    {
+        QMouseEvent mouvement(QEvent::MouseMove, point, vue.viewport()->mapToGlobal(point), Qt::NoButton,
+                              Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(vue.viewport(), &mouvement);
+    }
+    bool Deposer(Glissement& glissement) { return glissement.Deposer(*vue.viewport(), Milieu(1)); }
+
+    QSignalSpy emportees{&vue, &VueTable::LignesEmportees};
+    QSignalSpy deposes{&vue, &VueTable::TexteDepose};
 };
 
 } // namespace
@@ -99,4 +112,117 @@ TEST_F(VueTableTest, ACellIsWholeWhenItsTextIsDrawnToItsEnd)
     EXPECT_TRUE(vue.EstEntiere(1, 1));
     vue.setColumnWidth(0, vue.columnWidth(0) - 3);
     EXPECT_FALSE(vue.EstEntiere(1, 1));
+}
+
+// ---- dragging entries out
+
+TEST_F(VueTableTest, SelectedEntriesAreTakenAlongByThePointer)
+{
+    Montrer(8);
+    Cliquer(2);
+    Cliquer(4, Qt::ShiftModifier);
+    QTest::mousePress(vue.viewport(), Qt::LeftButton, Qt::NoModifier, Milieu(3));
+    Tirer(Milieu(3) + QPoint(QApplication::startDragDistance() - 1, 0));
+    EXPECT_EQ(emportees.count(), 0) << "an unsteady hand";
+    Tirer(Milieu(5));
+    Tirer(Milieu(7));
+    Tirer(QPoint(50, vue.viewport()->height() + 30));
+    EXPECT_EQ(emportees.count(), 1);
+    QTest::mouseRelease(vue.viewport(), Qt::LeftButton, Qt::NoModifier, Milieu(7));
+    EXPECT_EQ(Choisies(), std::vector<int>({2, 3, 4})) << "the selection stays";
+    EXPECT_EQ(Focus(), 3);
+}
+
+TEST_F(VueTableTest, ASecondDragIsToldToo)
+{
+    Montrer(8);
+    Cliquer(2);
+    for (int fois = 1; fois <= 2; ++fois) {
+        QTest::mousePress(vue.viewport(), Qt::LeftButton, Qt::NoModifier, Milieu(2));
+        Tirer(Milieu(5)); // the drag takes the release
+        EXPECT_EQ(emportees.count(), fois);
+    }
+}
+
+TEST_F(VueTableTest, FromAnEntryThatIsNotSelectedThePointerSelects)
+{
+    Montrer(8);
+    Cliquer(7);
+    QTest::mousePress(vue.viewport(), Qt::LeftButton, Qt::NoModifier, Milieu(2));
+    for (const int ligne : {3, 4})
+        Tirer(Milieu(ligne));
+    QTest::mouseRelease(vue.viewport(), Qt::LeftButton, Qt::NoModifier, Milieu(4));
+    EXPECT_EQ(emportees.count(), 0);
+    EXPECT_EQ(Choisies(), std::vector<int>({2, 3, 4}));
+}
+
+TEST_F(VueTableTest, WithAKeyHeldThePointerSelects)
+{
+    Montrer(8);
+    Cliquer(2);
+    Cliquer(4, Qt::ShiftModifier);
+    QTest::mousePress(vue.viewport(), Qt::LeftButton, Qt::ControlModifier, Milieu(3));
+    Tirer(Milieu(6));
+    QTest::mouseRelease(vue.viewport(), Qt::LeftButton, Qt::ControlModifier, Milieu(6));
+    EXPECT_EQ(emportees.count(), 0);
+}
+
+// ---- texts dropped on it
+
+TEST_F(VueTableTest, ATextThatIsDroppedIsToldAsACopy)
+{
+    Montrer(3);
+    Glissement glissement(u"a\0b"_s);
+    glissement.actions = Qt::CopyAction | Qt::MoveAction;
+    glissement.touches = Qt::ShiftModifier; // asks for a move
+    EXPECT_TRUE(Deposer(glissement));
+    EXPECT_EQ(glissement.action, Qt::CopyAction);
+    ASSERT_EQ(deposes.count(), 1);
+    EXPECT_EQ(deposes[0][0].toString(), u"a\0b"_s);
+}
+
+TEST_F(VueTableTest, NothingIsDroppedWhereItsOwnEntriesComeFrom)
+{
+    Montrer(3);
+    vue.Tag = "SourceDrag";
+    Glissement glissement(u"texte"_s);
+    EXPECT_FALSE(Deposer(glissement));
+    EXPECT_FALSE(glissement.Lacher(*vue.viewport(), Milieu(1)));
+    EXPECT_EQ(deposes.count(), 0);
+    vue.Tag.clear();
+    EXPECT_TRUE(Deposer(glissement));
+}
+
+TEST_F(VueTableTest, FilesAndWhatMayOnlyMoveAreNoTexts)
+{
+    Montrer(3);
+    Glissement fichier(u"/tmp/a.qrt"_s);
+    fichier.donnees.setUrls({QUrl::fromLocalFile("/tmp/a.qrt")});
+    EXPECT_FALSE(Deposer(fichier));
+    Glissement image(u""_s);
+    image.donnees.clear();
+    image.donnees.setData("image/png", "x");
+    EXPECT_FALSE(Deposer(image));
+    Glissement mouvement(u"texte"_s);
+    mouvement.actions = Qt::MoveAction;
+    EXPECT_FALSE(Deposer(mouvement)) << "it would be gone where it comes from";
+    Glissement adresse(u"https://exemple.fr"_s);
+    adresse.donnees.setUrls({QUrl("https://exemple.fr")});
+    EXPECT_TRUE(Deposer(adresse));
+    EXPECT_EQ(deposes.count(), 1);
+}
+
+TEST_F(VueTableTest, WhileADialogIsOpenNothingCanBeDropped)
+{
+    Montrer(3);
+    Glissement glissement(u"texte"_s);
+    ASSERT_TRUE(glissement.Entrer(*vue.viewport(), Milieu(1)));
+    QDialog dialogue;
+    dialogue.setModal(true);
+    dialogue.show();
+    EXPECT_FALSE(glissement.Bouger(*vue.viewport(), Milieu(2)));
+    EXPECT_FALSE(glissement.Lacher(*vue.viewport(), Milieu(2)));
+    dialogue.close();
+    EXPECT_TRUE(Deposer(glissement));
+    EXPECT_EQ(deposes.count(), 1);
 }
