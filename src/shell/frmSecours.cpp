@@ -34,16 +34,21 @@ QStringList Titres()
             TexteDe(u"msgSecoursCol5"_s, u"Modifications"_s)};
 }
 
+QString Modifications(const DossierLaisse& laisse)
+{
+    if (laisse.tus)
+        return TexteDe(u"msgSecoursFermee"_s, u"fermée sans enregistrer"_s);
+    return laisse.modifie || !laisse.enregistree ? TexteDe(u"msgSecoursModif"_s, u"non enregistrées"_s)
+                                                 : TexteDe(u"msgSecoursSansModif"_s, u"aucune"_s);
+}
+
 QTreeWidgetItem* Ligne(const DossierLaisse& laisse)
 {
     const QString jamais = TexteDe(u"msgSecoursJamais"_s, u"jamais enregistrée"_s);
     const QString chemin = QDir::toNativeSeparators(laisse.chemin);
-    const bool modifie = laisse.modifie || !laisse.enregistree;
-    auto* ligne = new QTreeWidgetItem({laisse.nom, chemin.isEmpty() ? jamais : chemin,
-                                       laisse.date.toString(u"dd/MM/yyyy HH:mm"_s),
-                                       laisse.entrees ? QLocale().toString(*laisse.entrees) : QString(),
-                                       modifie ? TexteDe(u"msgSecoursModif"_s, u"non enregistrées"_s)
-                                               : TexteDe(u"msgSecoursSansModif"_s, u"aucune"_s)});
+    auto* ligne = new QTreeWidgetItem(
+        {laisse.nom, chemin.isEmpty() ? jamais : chemin, laisse.date.toString(u"dd/MM/yyyy HH:mm"_s),
+         laisse.entrees ? QLocale().toString(*laisse.entrees) : QString(), Modifications(laisse)});
     ligne->setTextAlignment(ColEntrees, Qt::AlignRight | Qt::AlignVCenter);
     ligne->setToolTip(ColNom, laisse.nom);
     ligne->setToolTip(ColChemin, chemin.isEmpty() ? laisse.dossier : chemin);

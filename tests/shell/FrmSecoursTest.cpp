@@ -90,6 +90,20 @@ TEST_F(FrmSecours, OneWhoseFileStandsHasNothingUnsaved)
     EXPECT_EQ(ligne.text(4), "aucune");
 }
 
+TEST_F(FrmSecours, OneThatWasClosedWithoutAQuestionSaysSo)
+{
+    Abandonner(7, 30);
+    DocumentDeTest document;
+    document.doc.TmpFolder = TempFolder + u"/cat7/"_s;
+    document.doc.IlFautSauver = true;
+    document.doc.EcraserIlFautSauver(false);
+    ASSERT_TRUE(SecoursDuDocument().EcrireMaintenant(document.doc, u"disques.qrt"_s));
+    document.doc.ChangementsTus = false; // the folder is no matter of the document's
+    const auto form = Form();
+    ASSERT_EQ(Noms(*form), QStringList("disques.qrt"));
+    EXPECT_EQ(Liste(*form).topLevelItem(0)->text(4), u"fermée sans enregistrer"_s);
+}
+
 TEST_F(FrmSecours, ALongNameLeavesTheOtherColumnsInSight)
 {
     Abandonner(7, 30);

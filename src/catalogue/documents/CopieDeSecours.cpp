@@ -38,8 +38,8 @@ std::optional<QByteArray> Entete(const Categorie& doc, const QString& nom, bool 
            ligne("Chemin", OctetsDuChemin(doc.CheminConnu()).toPercentEncoding()) +
            ligne("Type", doc.FileType.toUtf8().toPercentEncoding()) +
            ligne("Processus", QByteArray::number(QCoreApplication::applicationPid())) +
-           (doc.FichierVu ? ligne("Fichier", VersMot(*doc.FichierVu)) : QByteArray()) + ligne("Base", *base) +
-           ligne("Texte", texte ? "1" : "0");
+           (doc.FichierVu ? ligne("Fichier", VersMot(*doc.FichierVu)) : QByteArray()) +
+           (doc.SeTait() ? ligne("Tus", "1") : QByteArray()) + ligne("Base", *base) + ligne("Texte", texte ? "1" : "0");
 }
 
 /// Opens the new file for its user alone. What a killed run left there goes, and so does a link.
@@ -99,9 +99,12 @@ std::optional<Ouverte> Lire(QFile& fichier)
     };
     QList<QByteArray> valeurs;
     std::optional<TraceDeFichier> vu;
+    bool tus = false;
     for (const char* cle : {"Nom", "Chemin", "Type", "Processus", "Base", "Texte"}) {
-        if (qstrcmp(cle, "Base") == 0) // the file stands before it, where one was seen
+        if (qstrcmp(cle, "Base") == 0) { // what need not be there stands before it
             vu = DepuisMot(LireValeur(reste, "Fichier").value_or(QByteArray()));
+            tus = LireValeur(reste, "Tus") == "1";
+        }
         const std::optional<QByteArray> valeur = LireValeur(reste, cle);
         if (!valeur)
             return std::nullopt;
@@ -111,7 +114,7 @@ std::optional<Ouverte> Lire(QFile& fichier)
     if (texte && !FinitBien(fichier))
         return std::nullopt;
     return Ouverte{{lisible(valeurs[0]), CheminDesOctets(QByteArray::fromPercentEncoding(valeurs[1])),
-                    lisible(valeurs[2]), valeurs[3].toLongLong(), valeurs[4], texte, vu},
+                    lisible(valeurs[2]), valeurs[3].toLongLong(), valeurs[4], texte, tus, vu},
                    octets.size() - reste.size()};
 }
 

@@ -26,6 +26,7 @@ struct IdentiteDeSecours
     qint64 processus = 0;                  ///< the process that wrote it
     QByteArray base;                       ///< EmpreinteDuTexte when the text was written
     bool texte = false;                    ///< a whole text follows
+    bool tus = false;                      ///< its changes are such that nobody is asked about: Categorie::SeTait
     std::optional<TraceDeFichier> fichier; ///< the document's file, as Categorie::FichierVu
 };
 

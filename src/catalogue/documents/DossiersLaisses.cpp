@@ -133,6 +133,7 @@ DossierLaisse Decrire(const QString& dossier, VerrouDossier verrou)
         laisse.chemin = identite->chemin;
         laisse.fichier = identite->fichier;
         laisse.modifie = CopiePlusRecente(dossier, *identite);
+        laisse.tus = laisse.modifie && identite->tus;
         laisse.enregistree = EstEnregistree(*identite);
     }
     const QString texte = laisse.modifie ? copie : CheminDuTexte(dossier);

@@ -22,6 +22,7 @@ struct DossierLaisse
     QDateTime date;                        ///< when something of it was last written
     std::optional<qint64> entrees;
     bool modifie = false;     ///< unsaved changes are in its rescue copy
+    bool tus = false;         ///< and nobody was to be asked about them
     bool enregistree = false; ///< its file is there and whole; without that it may be nowhere else
     VerrouDossier verrou;
 };

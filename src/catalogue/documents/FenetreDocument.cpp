@@ -11,7 +11,7 @@ FenetreDocument::~FenetreDocument()
 void FenetreDocument::FermerDossier()
 {
     // Where IlFautSauver is up the user was asked, and has given the changes up.
-    const bool tus = myqrt.ChangementsTus && !myqrt.IlFautSauver;
+    const bool tus = myqrt.SeTait();
     if (tus)
         Secours.EcrireMaintenant(myqrt, Caption());
     if (tus || Secours.TientSaisie())

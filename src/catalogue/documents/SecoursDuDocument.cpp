@@ -11,7 +11,7 @@
 
 SecoursDuDocument::Etat SecoursDuDocument::EtatDe(const Categorie& doc, const QString& nom)
 {
-    return {doc.MyLV->Generation(), doc.dependantcol, doc.CheminReel(), doc.FileType, nom, doc.FichierVu};
+    return {doc.MyLV->Generation(), doc.dependantcol, doc.CheminReel(), doc.FileType, nom, doc.FichierVu, doc.SeTait()};
 }
 
 /// Drops what is being written. While the disk is busy with it, that would mean to wait: it goes later then.
@@ -48,10 +48,20 @@ bool SecoursDuDocument::Avancer(const Categorie& doc, const QString& nom, const 
     return m_copie != m_vu && !occupe && Continuer(doc, nom, moment.maintenant);
 }
 
+/// Whether all that is new is that nobody will be asked about the changes: the user may close the window any moment.
+bool SecoursDuDocument::CopieParleEncore() const
+{
+    if (!m_copie || !m_vu.tus || m_copie->tus)
+        return false;
+    Etat copie = *m_copie;
+    copie.tus = true;
+    return copie == m_vu;
+}
+
 bool SecoursDuDocument::Continuer(const Categorie& doc, const QString& nom, qint64 maintenant)
 {
     if (!m_ecriture) {
-        if (m_derniere && maintenant - *m_derniere < Intervalle)
+        if (m_derniere && maintenant - *m_derniere < Intervalle && !CopieParleEncore())
             return false;
         m_ecriture = std::make_unique<EcritureDeSecours>(doc, nom);
     }

@@ -52,6 +52,7 @@ private:
         QString type;
         QString nom;
         std::optional<TraceDeFichier> fichier;
+        bool tus = false;
         bool operator==(const Etat&) const = default;
     };
     static Etat EtatDe(const Categorie& doc, const QString& nom);
@@ -69,6 +70,7 @@ private:
     bool EcrireAvecSaisie(const Categorie& doc, const QString& nom, SaisieEnCours saisie);
     bool EstSurLeDisque(const Categorie& doc);
     void TenirIdentite(const Categorie& doc, const QString& nom);
+    bool CopieParleEncore() const;
     bool Continuer(const Categorie& doc, const QString& nom, qint64 maintenant);
     void Finir(EcritureDeSecours::Etat issue);
 

@@ -44,6 +44,8 @@ public:
     bool ChangementsTus = false;
     /// There is something in the table that is not in the file, be it that IlFautSauver says so or not.
     bool AChange() const { return IlFautSauver || ChangementsTus; }
+    /// Its window would close without a question, although there is.
+    bool SeTait() const { return ChangementsTus && !IlFautSauver; }
     /// Deletes the folder with all that it holds and empties TmpFolder, unless the folder is to be kept.
     void FermerDossier();
 

@@ -372,6 +372,25 @@ TEST_F(Secours, ChangesThatNobodyAsksAboutAreCopiedAllTheSame)
     EXPECT_TRUE(QFileInfo::exists(doc.TmpFolder));
 }
 
+TEST_F(Secours, ACopyTellsAtOnceThatNobodyWillBeAsked)
+{
+    Changer(u"neuf"_s);
+    Attendre(10);
+    ASSERT_TRUE(Identite() && Identite()->texte);
+    EXPECT_FALSE(Identite()->tus);
+    doc.EcraserIlFautSauver(false);
+    Attendre(3);
+    EXPECT_TRUE(Identite()->tus) << "sooner than the next copy of changes";
+    EXPECT_EQ(TitreEcrit(), u"neuf"_s);
+
+    Changer(u"encore"_s);
+    Attendre(10);
+    EXPECT_EQ(TitreEcrit(), u"neuf"_s) << "not too often";
+    Attendre(60);
+    EXPECT_EQ(TitreEcrit(), u"encore"_s);
+    EXPECT_FALSE(Identite()->tus) << "the user will be asked about this one, and all";
+}
+
 TEST_F(Secours, ChangesThatNobodyAsksAboutOutliveTheWindow)
 {
     Changer(u"neuf"_s);
@@ -380,6 +399,7 @@ TEST_F(Secours, ChangesThatNobodyAsksAboutOutliveTheWindow)
     const QString dossier = doc.TmpFolder;
     fenetre.Decharger();
     EXPECT_TRUE(QFileInfo::exists(dossier));
+    EXPECT_TRUE(LireIdentite(FichierDeSecours(dossier))->tus);
     const auto texte = LireTexteDeSecours(FichierDeSecours(dossier));
     DocumentDeTest lu;
     ASSERT_TRUE(texte && ChargerTexteExact(lu.doc, *texte));
