@@ -115,6 +115,9 @@ void Form1::BrancherTable()
     // Without entries no picture is looked for, and only the layout takes the last one away.
     connect(vue, &VueTable::TableRafraichie, this, [this] { RedrawAll(myqrt.ItemsCount() == 0); });
     connect(vue, &VueTable::ToucheRelachee, this, [this] { RedrawAll(); });
+    // Later: the window may be closed while they are dragged, and who drops waits for the end of the event.
+    connect(vue, &VueTable::LignesEmportees, this, &Form1::TirerLesEntrees, Qt::QueuedConnection);
+    connect(vue, &VueTable::TexteDepose, this, &Form1::TexteDepose, Qt::QueuedConnection);
     connect(vue, &VueTable::ClicDroit, this, &Form1::ClicDroitTable);
     connect(vue, &VueTable::EntreeCliquee, this, &Form1::MontrerComptes);
     connect(vue, &VueTable::EnteteCliquee, this, &Form1::EntetePressee);

@@ -90,6 +90,8 @@ private:
     void DoubleClicTable();
     void DoubleClicImage();
     QPoint PlaceDuFocus() const;
+    void TirerLesEntrees();
+    void TexteDepose(const QString& texte);
     void ClicDroitTable(const QPoint& place);
     void ClicDroitImage(const QPoint& place);
 

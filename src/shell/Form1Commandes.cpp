@@ -6,6 +6,8 @@
 #include "catalogue/documents/Commentaires.h"
 #include "catalogue/documents/OuvrirFichiersQrt.h"
 #include "catalogue/documents/Sauver.h"
+#include "entries/DeposerEntrees.h"
+#include "entries/TirerEntrees.h"
 #include "entries/mEditLV.h"
 #include "extensions/dialogues/frmCommentaires.h"
 #include "extensions/langue/modLang.h"
@@ -65,6 +67,18 @@ void Form1::DoubleClicImage()
 {
     if (myqrt.SelItemsCount() == 1)
         Lancer(u"editentree");
+}
+
+void Form1::TirerLesEntrees()
+{
+    TirerEntrees(ListView1(), myqrt);
+}
+
+/// While a file is being replaced it waits. The keys may still be those of the program that it comes from.
+void Form1::TexteDepose(const QString& texte)
+{
+    m_cadre.activateWindow();
+    Retenue::Apres(this, [this, texte] { DeposerEntrees(m_cadre, *this, texte); });
 }
 
 void Form1::ClicDroitTable(const QPoint& place)
