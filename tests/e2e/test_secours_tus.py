@@ -81,6 +81,10 @@ class SilencedChanges(ProgramTest):
         self.program.key("Escape")
         self.program.await_frame()
 
+    def paste_what_is_no_exchange(self):
+        self.program.key("ctrl+v")
+        wait_until(lambda: self.copies(self.program.home), "the rescue copy")
+
     # ---- what becomes of the changes
 
     def kill(self, program):
@@ -113,6 +117,9 @@ class SilencedChanges(ProgramTest):
 
     def test_after_the_list_of_deletions(self):
         self.assert_kept(self.leave_the_list_of_deletions)
+
+    def test_after_a_refused_paste(self):
+        self.assert_kept(self.paste_what_is_no_exchange)
 
     def test_after_the_print_dialog(self):
         self.assert_kept(self.leave_the_print_dialog)

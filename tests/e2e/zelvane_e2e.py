@@ -6,7 +6,8 @@ those of an X server. When a test fails, a picture of the screen and what the pr
 
 Run with /usr/bin/python3, where python3-pyatspi is installed. The environment names what is tested:
 ZELVANE_E2E_PROGRAM (the executable), ZELVANE_E2E_SOURCES (the root of the sources), ZELVANE_E2E_PICTURES (a folder),
-ZELVANE_E2E_INSTANCE (instance_essai, a small program that meets others as the program does).
+ZELVANE_E2E_INSTANCE (instance_essai, a small program that meets others as the program does), ZELVANE_E2E_DRAG
+(glisser_essai, another program of the desktop, from and to which texts are dragged).
 """
 import os
 import pathlib
