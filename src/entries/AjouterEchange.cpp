@@ -24,6 +24,8 @@ constexpr qsizetype EntreesAuPlus = 20'000'000; // a text of empty lines would t
 class ChampsDeLigne
 {
 public:
+    explicit ChampsDeLigne(bool avecImage) : m_avecImage(avecImage) {}
+
     void Lire(QStringView ligne)
     {
         m_debuts.assign(1, 0);
@@ -51,14 +53,16 @@ private:
         return c == u'|' || c == u'\r' || c == u'\n' || c == u'\0' || c == QChar::LineSeparator ||
                c == QChar::ParagraphSeparator;
     }
-    /// The image's name has its own way: as it is, no file of that name can lie in a folder.
-    static QByteArray Nettoyer(QStringView ligne)
+    /// A value has one line, and keeps its bars. The name of an image has its own way: as it is, no file of that name
+    /// can lie in a folder.
+    QByteArray Nettoyer(QStringView ligne) const
     {
-        const qsizetype image = ligne.lastIndexOf(u'\t') + 1;
-        const QString valeurs = SansSeparateurs(ligne.first(image).toString()).replace(QChar(u'\0'), u' ');
+        const qsizetype image = m_avecImage ? ligne.lastIndexOf(u'\t') + 1 : ligne.size();
+        const QString valeurs = SurUneLigne(ligne.first(image).toString()).replace(QChar(u'\0'), u' ');
         return valeurs.toUtf8() + RendreTenable(ligne.sliced(image).toString()).toUtf8();
     }
 
+    bool m_avecImage; // the last field is the name of an image
     QByteArray m_octets;
     std::vector<qsizetype> m_debuts; // of each field, and of what would follow the last one
 };
@@ -67,7 +71,7 @@ class Ajouteur
 {
 public:
     Ajouteur(MyLV& table, const Correspondance& rangs, const FaconDAjouter& facon)
-        : m_table(table), m_facon(facon), m_avant(table.ListItems.Count())
+        : m_table(table), m_facon(facon), m_avant(table.ListItems.Count()), m_champs(facon.arrivee == Arrivee::Collees)
     {
         const int colonnes = std::max(table.ColumnHeaders.Count(), 1);
         m_sources.reserve(static_cast<size_t>(colonnes));

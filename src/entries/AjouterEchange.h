@@ -30,8 +30,8 @@ bool PeutTenir(const MyLV& table, const EchangeLu& echange, int copies);
 QStringList TitresDe(const MyLV& table);
 
 /// Adds an entry for each line, selected, with the values that `rangs` leads to its columns; copies stand behind it and
-/// are not selected. In a sorted table all go to their places at the end. A "|" or a line break in a value is replaced:
-/// no file could hold it. Returns the images of the entries, in the order of the lines; nothing when the user has given
-/// up: no entry was added then.
+/// are not selected. In a sorted table all go to their places at the end. A value stands in the table as it came, on
+/// one line. Returns the images of the entries, in the order of the lines; nothing when the user has given up: no entry
+/// was added then.
 std::optional<QStringList> AjouterEchange(MyLV& table, const EchangeLu& echange, const Correspondance& rangs,
                                           const FaconDAjouter& facon, Avancement& avancement);

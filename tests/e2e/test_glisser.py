@@ -228,8 +228,8 @@ class Dragging(ProgramTest):
                          [["(1)Nom", "(1)Titre"], ["(2)Prix", "(2)Artiste"], ["<vide>", "(3)Prêté"]])
         program.key("Return")
         program.await_window("Zelvane v2 - [a.qrt]")
-        wait_until(lambda: self.titles(program, "a.qrt") == ["Aja", "Ta¦kk"], "the entry")
-        self.assertEqual(program.table().row(1), ["Ta¦kk", "7", ""])
+        wait_until(lambda: self.titles(program, "a.qrt") == ["Aja", "Ta|kk"], "the entry")
+        self.assertEqual(program.table().row(1), ["Ta|kk", "7", ""])
         program.kill()
 
     def test_another_program_gets_the_entries_as_a_text(self):

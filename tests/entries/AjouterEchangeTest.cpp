@@ -207,9 +207,16 @@ TEST_F(AjouterEchangeTest, DroppedEntriesHaveNoKeyAndNoImage)
     EXPECT_EQ(Choisies(table), QList<int>({1, 2}));
 }
 
+TEST_F(AjouterEchangeTest, TheLastFieldOfADroppedLineIsAValue)
+{
+    rangs = Correspondre({"A", "B", "/d/"}, Titres());
+    Ajouter(Texte({"a|b\t1\tp|q\n.jpg"}, u"A\tB\t/d/"_s), {.arrivee = Arrivee::Deposees});
+    EXPECT_EQ(Entree(2), QStringList({"a|b", "1", "p|q .jpg"}));
+}
+
 // ---- hostile texts
 
-TEST_F(AjouterEchangeTest, NoBarLineBreakOrZeroReachesTheFile)
+TEST_F(AjouterEchangeTest, AValueStandsAsItCameOnOneLine)
 {
     DocumentDeTest document;
     TexteDeCatalogue vide;
@@ -220,15 +227,15 @@ TEST_F(AjouterEchangeTest, NoBarLineBreakOrZeroReachesTheFile)
     const auto images = AjouterEchange(document.table, echange, Correspondre({"A", "B", "C"}, {"A", "B", "Prêté"}),
                                        FaconDAjouter(), sans);
     EXPECT_EQ(images, QStringList({"p_q_.jpg"}));
-    EXPECT_EQ(document.table.ListItems(1).Valeurs(), QStringList({u"a\u00A6b c"_s, u"1 2  3 "_s, u"x"_s}));
+    EXPECT_EQ(document.table.ListItems(1).Valeurs(), QStringList({u"a|b c"_s, u"1 2  3 "_s, u"x"_s}));
     EXPECT_EQ(document.table.ListItems(1).Tag(), u"p_q_.jpg"_s);
 }
 
-TEST_F(AjouterEchangeTest, EachOfThemAloneIsReplaced)
+TEST_F(AjouterEchangeTest, EachThatBreaksALineIsReplacedAlone)
 {
     Ajouter(Texte({u"a|b\t1\tx\t"_s, u"a\nb\t1\tx\t"_s, u"a\rb\t1\tx\t"_s, u"a\0b\t1\tx\t"_s, u"a\u2028b\t1\tx\t"_s,
                    u"a\u2029b\t1\tx\t"_s}));
-    EXPECT_EQ(ColonneDe(table, 1), QStringList({u"m"_s, u"a\u00A6b"_s, "a b", "a b", "a b", "a b", "a b"}));
+    EXPECT_EQ(ColonneDe(table, 1), QStringList({u"m"_s, u"a|b"_s, "a b", "a b", "a b", "a b", "a b"}));
 }
 
 TEST_F(AjouterEchangeTest, AMillionFieldsAndLinesOfAllLengthsAreRead)

@@ -29,6 +29,10 @@ public:
     {
         if (cellule.taille == 0)
             return;
+        if (CouperaitLaLigne(cellule)) {
+            Texte(SansSeparateurs(cellule.Texte()));
+            return;
+        }
         if (cellule.codage == m_codage || cellule.EstAscii())
             Octets(cellule.debut, cellule.taille);
         else
@@ -36,6 +40,14 @@ public:
     }
 
     Codage codage() const { return m_codage; }
+
+    /// What is pasted or dropped may hold a bar. Read again, the fields behind it would shift, and the image be lost:
+    /// in the file another sign stands for it.
+    static bool CouperaitLaLigne(const Cellule& cellule)
+    {
+        return std::any_of(cellule.debut, cellule.debut + cellule.taille,
+                           [](char c) { return c == '|' || c == '\n' || c == '\r'; });
+    }
 
     std::optional<qint64> Finir() { return Vider() ? std::optional<qint64>(m_manques) : std::nullopt; }
 

@@ -172,6 +172,24 @@ TEST_F(Ecriture, ALoadedEntryWithMissingFieldsIsWrittenWithAllOfThem)
     EXPECT_TRUE(Bare().contains("=a|b|c|i.jpg\r\n"));
 }
 
+TEST_F(Ecriture, WhatWouldBreakALineOfTheFileIsAnotherSignThere)
+{
+    d.Charger(PetitCatalogue().Texte());
+    ListItem entree = d.table.ListItems(1);
+    entree.SetText("a|b");
+    entree.SetSubItems(1, "c\nd\re");
+    entree.SetTag("f|g.jpg");
+    for (const bool archive : {false, true}) {
+        ASSERT_TRUE(archive ? EcrireFichier(d.doc, false) : EcrireFichier14(d.doc, false));
+        const QByteArray texte = archive ? d.dossier.Lire("Zelvane.qrt") : Bare();
+        EXPECT_TRUE(texte.contains("It1=a\xA6"
+                                   "b|c d e|"))
+            << texte.constData();
+        EXPECT_TRUE(texte.contains("|f\xA6g.jpg\r\n")) << texte.constData();
+    }
+    EXPECT_EQ(entree.Text(), "a|b") << "in the table it stands as it is";
+}
+
 TEST_F(Ecriture, TheAddedLoanColumnIsWrittenWithEveryEntry)
 {
     TexteDeCatalogue texte = PetitCatalogue();
