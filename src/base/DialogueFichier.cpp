@@ -29,3 +29,8 @@ std::optional<ReponseFichier> DialogueEnregistrer(const DemandeFichier& demande)
 {
     return s_presentateur ? s_presentateur->Enregistrer(demande) : std::nullopt;
 }
+
+QString ChoisirDossier(const QString& depart, const QString& titre)
+{
+    return s_presentateur ? s_presentateur->Dossier(depart, titre) : QString();
+}

@@ -45,6 +45,8 @@ public:
     /// One path, exactly as the user typed or chose it, made whole; it may exist: the caller asks. Nothing when the
     /// user cancels.
     virtual std::optional<ReponseFichier> Enregistrer(const DemandeFichier& demande) = 0;
+    /// A folder that exists; empty when the user cancels.
+    virtual QString Dossier(const QString& depart, const QString& titre) = 0;
 };
 
 /// Installs the presenter (not owned) and returns the one before. Without any, every dialog is cancelled.
@@ -52,3 +54,5 @@ PresentateurFichiers* InstallerPresentateur(PresentateurFichiers* presentateur);
 
 std::optional<ReponseFichier> DialogueOuvrir(const DemandeFichier& demande);
 std::optional<ReponseFichier> DialogueEnregistrer(const DemandeFichier& demande);
+/// The folder that the user chose, from `depart` on; empty when nothing was chosen.
+QString ChoisirDossier(const QString& depart, const QString& titre);

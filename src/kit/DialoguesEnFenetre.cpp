@@ -111,3 +111,12 @@ std::optional<ReponseFichier> DialoguesEnFenetre::Enregistrer(const DemandeFichi
     dialogue.setOption(QFileDialog::DontConfirmOverwrite);
     return Demander(dialogue, demande);
 }
+
+QString DialoguesEnFenetre::Dossier(const QString& depart, const QString& titre)
+{
+    QFileDialog dialogue(FenetreDessous(), titre);
+    dialogue.setFileMode(QFileDialog::Directory);
+    dialogue.setOption(QFileDialog::ShowDirsOnly);
+    const std::optional<ReponseFichier> reponse = Demander(dialogue, {.titre = titre, .depart = depart, .types = {}});
+    return reponse ? reponse->fichiers.value(0) : QString();
+}

@@ -12,6 +12,7 @@ public:
 
     std::optional<ReponseFichier> Ouvrir(const DemandeFichier& demande) override;
     std::optional<ReponseFichier> Enregistrer(const DemandeFichier& demande) override;
+    QString Dossier(const QString& depart, const QString& titre) override;
 
 private:
     PresentateurFichiers* m_precedent;

@@ -162,12 +162,38 @@ TEST_F(DialoguesEnFenetreTest, AFolderThatIsGoneStartsElsewhereWithTheSamePropos
     EXPECT_FALSE(DialogueEnregistrer(demande));
 }
 
+TEST_F(DialoguesEnFenetreTest, AFolderIsChosenAmongFoldersAlone)
+{
+    ASSERT_TRUE(QDir(dossier.Chemin()).mkdir(u"un dossier"_s));
+    dossier.Ecrire(u"disques.qrt"_s, "x");
+    GardeModale garde([&](QWidget& fenetre) {
+        const auto& dialogue = dynamic_cast<QFileDialog&>(fenetre);
+        EXPECT_EQ(dialogue.windowTitle(), "Choisissez");
+        EXPECT_EQ(dialogue.directory(), QDir(dossier.Chemin()));
+        EXPECT_TRUE(dialogue.testOption(QFileDialog::ShowDirsOnly));
+        Valider(fenetre, u"un dossier"_s);
+    });
+    EXPECT_EQ(ChoisirDossier(dossier.Chemin(), u"Choisissez"_s), dossier.Fichier(u"un dossier"_s));
+}
+
+TEST_F(DialoguesEnFenetreTest, AFileIsNoFolderAndACancelledChoiceIsEmpty)
+{
+    dossier.Ecrire(u"disques.qrt"_s, "x");
+    GardeModale garde([&](QWidget& fenetre) {
+        auto& dialogue = dynamic_cast<QFileDialog&>(fenetre);
+        EXPECT_EQ(dialogue.fileMode(), QFileDialog::Directory);
+        QTest::keyClick(&fenetre, Qt::Key_Escape);
+    });
+    EXPECT_EQ(ChoisirDossier(dossier.Chemin(), u"Choisissez"_s), QString());
+}
+
 TEST_F(DialoguesEnFenetreTest, ThePresenterBeforeComesBack)
 {
     struct : PresentateurFichiers
     {
         std::optional<ReponseFichier> Ouvrir(const DemandeFichier&) override { return ReponseFichier{{u"x"_s}, 7}; }
         std::optional<ReponseFichier> Enregistrer(const DemandeFichier&) override { return std::nullopt; }
+        QString Dossier(const QString&, const QString&) override { return {}; }
     } avant;
     PresentateurFichiers* dehors = InstallerPresentateur(&avant);
     {

@@ -26,6 +26,7 @@ public:
     QString DemanderMotDePasse(const QString& titre, const QString& invite) override;
     std::optional<ReponseFichier> Ouvrir(const DemandeFichier& demande) override;
     std::optional<ReponseFichier> Enregistrer(const DemandeFichier& demande) override;
+    QString Dossier(const QString& /*depart*/, const QString& /*titre*/) override { return {}; }
 
 private:
     void Patienter() const;

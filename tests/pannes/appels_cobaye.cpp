@@ -98,6 +98,8 @@ public:
         return demandes++ == 0 && !cible.isEmpty() ? std::optional(ReponseFichier{{cible}, type}) : std::nullopt;
     }
 
+    QString Dossier(const QString&, const QString&) override { return {}; }
+
     QString cible;
     int type = 2;
     int demandes = 0;

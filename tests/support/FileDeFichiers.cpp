@@ -24,3 +24,9 @@ std::optional<ReponseFichier> FileDeFichiers::Repondre(const DemandeFichier& dem
     }
     return m_reponses.takeFirst();
 }
+
+QString FileDeFichiers::Dossier(const QString& depart, const QString& titre)
+{
+    const auto reponse = Repondre({.titre = titre, .depart = depart, .types = {}});
+    return reponse ? reponse->fichiers.value(0) : QString();
+}

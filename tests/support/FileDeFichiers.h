@@ -16,11 +16,13 @@ public:
     /// The next dialog is answered with these files and the 1-based type.
     void Preparer(const QStringList& fichiers, int type);
     void PreparerAnnulation() { m_reponses.append(std::nullopt); }
+    void PreparerDossier(const QString& dossier) { Preparer({dossier}, 1); }
 
     const QList<DemandeFichier>& Demandes() const { return m_demandes; }
 
     std::optional<ReponseFichier> Ouvrir(const DemandeFichier& demande) override { return Repondre(demande); }
     std::optional<ReponseFichier> Enregistrer(const DemandeFichier& demande) override { return Repondre(demande); }
+    QString Dossier(const QString& depart, const QString& titre) override;
 
 private:
     std::optional<ReponseFichier> Repondre(const DemandeFichier& demande);
