@@ -2,6 +2,7 @@
 
 #include "base/ActesDuDossier.h"
 #include "base/Const_Vrac.h"
+#include "base/LieuxTemporaires.h"
 #include "base/NomsDuDossier.h"
 #include "base/Options.h"
 #include "platform/NomsSysteme.h"
@@ -12,6 +13,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QTemporaryDir>
 
 #include <bitset>
 #include <filesystem>
@@ -94,6 +96,13 @@ std::optional<QString> Prendre(int numero)
     return dossier;
 }
 
+/// Whether folders can be made there. Where they cannot, no category could be opened, made or saved.
+bool EstUneBase(const QString& dossier)
+{
+    return QFileInfo(dossier).isDir() &&
+           QTemporaryDir(AjouterSlash(dossier) + QStringLiteral("essai-XXXXXX")).isValid();
+}
+
 /// Deletes a folder with all it holds. What cannot be deleted stays, the rest goes all the same.
 void Effacer(const fs::path& dossier)
 {
@@ -115,10 +124,11 @@ void Effacer(const fs::path& dossier)
 void InitialiserTempFolder()
 {
     TempFolder = LireOption(Options::TempFolder);
-    if (QFileInfo(TempFolder).isDir())
-        return;
-    TempFolder = DossierProgramme() + QStringLiteral("temp");
-    QDir().mkpath(TempFolder);
+    if (!EstUneBase(TempFolder)) {
+        TempFolder = DossierProgramme() + QStringLiteral("temp");
+        QDir().mkpath(TempFolder);
+    }
+    NoterLieuTemporaire(TempFolder);
 }
 
 QString FichierDeSecours(const QString& dossier)

@@ -94,6 +94,8 @@ inline constexpr OptionNombre SizeForm1{{u"SizeForm1"}, 2};
 inline constexpr OptionOuiNon SupprDependant{{u"SupprDependant"}, false, Oui::SiUn};
 /// Base of documents' folders.
 inline constexpr OptionDossier TempFolder{{u"TempFolder"}, DossierTempParDefaut};
+/// Where earlier runs had their TempFolder: what they left is looked for there too.
+inline constexpr OptionTexte LieuxTemporaires{{u"LieuxTemporaires"}, u""};
 /// Associate files at start.
 inline constexpr OptionOuiNon VerrifAssociation{{u"VerrifAssociation"}, true, Oui::SiUn};
 /// Sender address.

@@ -1,6 +1,7 @@
 #include "base/DossiersTemp.h"
 #include "base/ActesDuDossier.h"
 #include "base/Const_Vrac.h"
+#include "base/LieuxTemporaires.h"
 #include "platform/VerrouDossier.h"
 #include "support/ArchiveDeTest.h"
 #include "support/Impression.h"
@@ -332,6 +333,80 @@ TEST_F(ActesDuDossierTest, TheLastActOnEachFileIsKnownUntilTheFolderIsDrawnAgain
     Tirer({37});
     ASSERT_EQ(CreerDossierTemp(), dossier);
     EXPECT_TRUE(ActesDuDossier(dossier).isEmpty());
+}
+
+TEST_F(InitialiserTempFolderTest, AFolderThatNothingCanBeMadeInGivesWayToTheDefault)
+{
+    EcrireOption("TempFolder", "/proc"); // not even root makes folders there
+
+    InitialiserTempFolder();
+
+    EXPECT_EQ(TempFolder, m_dossier.Fichier("temp"));
+    EXPECT_EQ(LireOption("TempFolder", {}), "/proc");
+}
+
+TEST_F(InitialiserTempFolderTest, LookingWhetherAFolderServesLeavesNothingInIt)
+{
+    const QString ailleurs = m_dossier.Fichier("ailleurs");
+    ASSERT_TRUE(QDir().mkpath(ailleurs));
+    EcrireOption("TempFolder", ailleurs);
+
+    InitialiserTempFolder();
+
+    EXPECT_EQ(TempFolder, ailleurs);
+    EXPECT_TRUE(QDir(ailleurs).isEmpty());
+}
+
+TEST_F(InitialiserTempFolderTest, PlacesOfEarlierRunsAreRemembered)
+{
+    QList<QDir> lieux{QDir(m_dossier.Fichier("temp"))};
+    for (const char* nom : {"un disque", "été%20", "a\nb"}) {
+        const QString lieu = m_dossier.Fichier(nom);
+        ASSERT_TRUE(QDir().mkpath(lieu));
+        lieux.prepend(QDir(lieu));
+        EcrireOption("TempFolder", lieu);
+        InitialiserTempFolder();
+    }
+    EcrireOption("TempFolder", m_dossier.Fichier("temp"));
+    InitialiserTempFolder();
+
+    QList<QDir> connus = LieuxTemporaires();
+    for (const QDir& lieu : lieux)
+        EXPECT_TRUE(connus.removeAll(lieu)) << lieu.path().toStdString();
+    EXPECT_EQ(connus, QList<QDir>());
+}
+
+TEST_F(InitialiserTempFolderTest, ThePlaceOfARelativeFolderIsRememberedWhole)
+{
+    const QString ici = QDir::currentPath();
+    ASSERT_TRUE(QDir().mkpath(m_dossier.Fichier("ailleurs")));
+    QDir::setCurrent(m_dossier.Chemin());
+    EcrireOption("TempFolder", "ailleurs");
+    InitialiserTempFolder();
+    QDir::setCurrent("/");
+    TempFolder = m_dossier.Fichier("temp");
+
+    EXPECT_TRUE(LieuxTemporaires().contains(QDir(m_dossier.Fichier("ailleurs"))));
+    QDir::setCurrent(ici);
+}
+
+TEST_F(InitialiserTempFolderTest, SixteenPlacesAreRememberedAtMost)
+{
+    for (int i = 1; i <= 20; ++i) {
+        const QString lieu = m_dossier.Fichier(QString("lieu%1").arg(i));
+        ASSERT_TRUE(QDir().mkpath(lieu));
+        EcrireOption("TempFolder", lieu);
+        InitialiserTempFolder();
+    }
+
+    // To and fro between two of them, the others stay.
+    for (const char* nom : {"lieu19", "lieu20", "lieu19", "lieu20"}) {
+        EcrireOption("TempFolder", m_dossier.Fichier(nom));
+        InitialiserTempFolder();
+    }
+
+    EXPECT_EQ(LieuxTemporaires().size(), 2 + 16);
+    EXPECT_TRUE(LieuxTemporaires().contains(QDir(m_dossier.Fichier("lieu5"))));
 }
 
 TEST_F(InitialiserTempFolderTest, IsTempInTheProgramsFolderByDefault)

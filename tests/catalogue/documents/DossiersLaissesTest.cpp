@@ -85,6 +85,23 @@ protected:
 
 } // namespace
 
+TEST_F(Laisses, WhatARunWithAnotherTemporaryFolderLeftIsFound)
+{
+    QDir(dossier.Chemin()).mkdir("ancien");
+    QDir(dossier.Chemin()).mkdir("nouveau");
+    EcrireOption("TempFolder", dossier.Fichier("ancien"));
+    InitialiserTempFolder();
+    dossier.Ecrire("ancien/cat7/Zelvane.qrt", Texte({"Abbey Road||"}));
+
+    EcrireOption("TempFolder", dossier.Fichier("nouveau"));
+    InitialiserTempFolder();
+
+    FenetreDeTest* fenetre = Ouvrir();
+    ASSERT_TRUE(fenetre);
+    EXPECT_EQ(ColonneDe(fenetre->table, 1), QStringList{"Abbey Road"});
+    EXPECT_FALSE(dossier.Existe("ancien/cat7"));
+}
+
 TEST_F(Laisses, WithoutAnyThereIsNothingToOffer)
 {
     EXPECT_TRUE(ChercherLaisses().empty());
