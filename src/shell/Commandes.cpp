@@ -23,6 +23,7 @@
 #include "output/modImprimerLV.h"
 #include "search/frmCompare1.h"
 #include "shell/MDIForm1.h"
+#include "shell/frmOptions.h"
 
 #include <algorithm>
 
@@ -173,7 +174,8 @@ constexpr RangDeCommande Rangs[] = {
     {u"quitter", u"&Quitter", "quit", "Ctrl+Q", Besoin::Rien, [](Lieu l) { l.cadre.close(); }},
     {u"grandesicones", u"G&randes Icones", "", "", Besoin::Rien, BasculerIcones,
      [](Lieu l) { return l.cadre.GrandesIcones(); }},
-    {u"configuration", u"&Configuration", "options"},
+    {u"configuration", u"&Configuration", "options", "", Besoin::Rien,
+     [](Lieu) { frmOptions(FenetreDessous()).exec(); }},
     {u"langue", u"Langue", "langue"},
     {u"cascade", u"En &cascade", "cascade", "", Besoin::Rien, [](Lieu l) { l.cadre.EnCascade(); }},
     {u"mosaiqueh", u"Mosaïque &horizontale", "mosaiqueh", "", Besoin::Rien,

@@ -11,32 +11,66 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double TailleParDefaut = 8.25;
 constexpr double TailleMin = 1;
 constexpr double TailleMax = 200;
 constexpr int CouleurMax = 0xFFFFFF;
 
 } // namespace
 
-QFont PoliceDeTable()
+ReglagesDePolice::ReglagesDePolice()
+    : nom(Options::FontName.defaut.toString()), taille(Options::FontSize.defaut), gras(Options::FontBold.defaut),
+      italique(Options::FontItalic.defaut), couleur(static_cast<int>(Options::FontColor.defaut))
+{
+}
+
+ReglagesDePolice LirePolice()
+{
+    ReglagesDePolice lus;
+    lus.nom = LireOption(Options::FontName);
+    lus.taille = LireOption(Options::FontSize).value_or(Options::FontSize.defaut);
+    lus.gras = LireOption(Options::FontBold);
+    lus.italique = LireOption(Options::FontItalic);
+    lus.couleur = ArrondirEntier32(LireOption(Options::FontColor).value_or(0)).value_or(0);
+    return lus;
+}
+
+void EcrirePolice(const ReglagesDePolice& reglages)
+{
+    EcrireOption(Options::FontBold, reglages.gras);
+    EcrireOption(Options::FontItalic, reglages.italique);
+    EcrireOption(Options::FontName, reglages.nom);
+    EcrireOption(Options::FontSize, reglages.taille);
+    EcrireOption(Options::FontColor, reglages.couleur);
+}
+
+QFont PoliceDe(const ReglagesDePolice& reglages)
 {
     QFont police = QApplication::font();
-    const QString famille = LireOption(Options::FontName);
-    const bool installee = QFontDatabase::hasFamily(famille);
+    const bool installee = QFontDatabase::hasFamily(reglages.nom);
     if (installee)
-        police.setFamily(famille);
-    const double taille = LireOption(Options::FontSize).value_or(TailleParDefaut);
-    if ((installee || taille != TailleParDefaut) && taille >= TailleMin && taille <= TailleMax)
+        police.setFamily(reglages.nom);
+    const double taille = reglages.taille;
+    if ((installee || taille != Options::FontSize.defaut) && taille >= TailleMin && taille <= TailleMax)
         police.setPointSizeF(taille);
-    police.setBold(LireOption(Options::FontBold));
-    police.setItalic(LireOption(Options::FontItalic));
+    police.setBold(reglages.gras);
+    police.setItalic(reglages.italique);
     return police;
+}
+
+std::optional<QColor> CouleurDe(const ReglagesDePolice& reglages)
+{
+    const int valeur = reglages.couleur;
+    if (valeur <= 0 || valeur > CouleurMax)
+        return std::nullopt;
+    return QColor(valeur & 0xFF, (valeur >> 8) & 0xFF, (valeur >> 16) & 0xFF);
+}
+
+QFont PoliceDeTable()
+{
+    return PoliceDe(LirePolice());
 }
 
 std::optional<QColor> CouleurDeTable()
 {
-    const int valeur = ArrondirEntier32(LireOption(Options::FontColor).value_or(0)).value_or(0);
-    if (valeur <= 0 || valeur > CouleurMax)
-        return std::nullopt;
-    return QColor(valeur & 0xFF, (valeur >> 8) & 0xFF, (valeur >> 16) & 0xFF);
+    return CouleurDe(LirePolice());
 }

@@ -3,12 +3,32 @@
 
 #include <QColor>
 #include <QFont>
+#include <QString>
 
 #include <optional>
 
-/// The font of the settings FontName, FontSize, FontBold, FontItalic. A family that is not installed gives way to the
-/// desktop's own; so does the size, as long as the default size is set with it.
-QFont PoliceDeTable();
+/// The settings FontName, FontSize, FontBold, FontItalic and FontColor; at first with their defaults.
+struct ReglagesDePolice
+{
+    ReglagesDePolice();
+    bool operator==(const ReglagesDePolice&) const = default;
 
-/// The colour of FontColor (blue, green, red from the highest byte); nothing for 0, which is the theme's text colour.
+    QString nom;
+    double taille;
+    bool gras;
+    bool italique;
+    int couleur; ///< blue, green, red from the highest byte
+};
+
+ReglagesDePolice LirePolice();
+void EcrirePolice(const ReglagesDePolice& reglages);
+
+/// A family that is not installed gives way to the desktop's own; so does the size, as long as the default size is set
+/// with it.
+QFont PoliceDe(const ReglagesDePolice& reglages);
+/// Nothing for 0, which is the theme's text colour.
+std::optional<QColor> CouleurDe(const ReglagesDePolice& reglages);
+
+// What the settings say now.
+QFont PoliceDeTable();
 std::optional<QColor> CouleurDeTable();

@@ -38,6 +38,8 @@
 #include "search/frmCompare2.h"
 #include "search/frmRecherche.h"
 #include "shell/CadreEnFenetre.h"
+#include "shell/frmOptions.h"
+#include "shell/frmPolice.h"
 #include "shell/frmSecours.h"
 #include "support/GardeModale.h"
 
@@ -243,6 +245,19 @@ TEST_F(Polices, Lending)
     MettreColonnes(contacts, {"Nom", "Email"});
     RegarderForm([&contacts] { return std::make_unique<frmContacts2>(contacts); });
     RegarderForm([] { return std::make_unique<frmMail>(); });
+}
+
+TEST_F(Polices, TheSettings)
+{
+    for (int page = 0; page < 4; ++page) {
+        RegarderForm([page] {
+            auto form = std::make_unique<frmOptions>();
+            form->setObjectName(u"frmOptions-%1"_s.arg(page + 1));
+            form->findChild<QTabWidget*>(u"tbsOptions"_s)->setCurrentIndex(page);
+            return form;
+        });
+    }
+    RegarderForm([] { return std::make_unique<frmPolice>(ReglagesDePolice()); });
 }
 
 TEST_F(Polices, AboutTheProgram)
