@@ -13,6 +13,7 @@
 #include "entries/mPreenregistre.h"
 #include "extensions/dialogues/About.h"
 #include "extensions/dialogues/Aide.h"
+#include "extensions/dialogues/frmLang.h"
 #include "extensions/dialogues/frmTip.h"
 #include "kit/FenetreDessous.h"
 #include "lending/frmContacts.h"
@@ -51,6 +52,11 @@ void MontrerAstuces(Lieu)
 void MontrerAPropos(Lieu)
 {
     About(FenetreDessous()).exec();
+}
+
+void ChoisirLangue(Lieu lieu)
+{
+    frmLang([lieu] { lieu.cadre.langChange(); }, FenetreDessous()).exec();
 }
 
 void Ouvrir(Lieu lieu)
@@ -176,7 +182,7 @@ constexpr RangDeCommande Rangs[] = {
      [](Lieu l) { return l.cadre.GrandesIcones(); }},
     {u"configuration", u"&Configuration", "options", "", Besoin::Rien,
      [](Lieu) { frmOptions(FenetreDessous()).exec(); }},
-    {u"langue", u"Langue", "langue"},
+    {u"langue", u"Langue", "langue", "", Besoin::Rien, ChoisirLangue},
     {u"cascade", u"En &cascade", "cascade", "", Besoin::Rien, [](Lieu l) { l.cadre.EnCascade(); }},
     {u"mosaiqueh", u"Mosaïque &horizontale", "mosaiqueh", "", Besoin::Rien,
      [](Lieu l) { l.cadre.EnMosaique(Mosaique::Horizontale); }},

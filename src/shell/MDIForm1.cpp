@@ -113,14 +113,18 @@ void MDIForm1::RelierInstance()
 
 void MDIForm1::langChange()
 {
-    LangForm(*this);
+    ChangerLangueDe(*this);
     for (const QMdiSubWindow* cadre : m_ui->Fenetres->subWindowList()) {
-        if (Form1* fenetre = DocumentDe(cadre))
-            LangForm(*fenetre);
+        if (Form1* fenetre = DocumentDe(cadre)) {
+            const QString nom = fenetre->Caption();
+            ChangerLangueDe(*fenetre);
+            fenetre->SetCaption(nom);
+            fenetre->RedrawAll();
+        }
     }
-    LangForm(*m_popup);
+    ChangerLangueDe(*m_popup);
     for (QDialog* dialogue : findChildren<QDialog*>())
-        LangForm(*dialogue);
+        ChangerLangueDe(*dialogue);
 }
 
 MDIForm1::~MDIForm1()

@@ -14,6 +14,7 @@
 #include "entries/frmSuppr.h"
 #include "extensions/dialogues/About.h"
 #include "extensions/dialogues/frmCommentaires.h"
+#include "extensions/dialogues/frmLang.h"
 #include "extensions/dialogues/frmPresent2.h"
 #include "extensions/dialogues/frmTip.h"
 #include "images/frmChangeImage.h"
@@ -258,6 +259,13 @@ TEST_F(Polices, TheSettings)
         });
     }
     RegarderForm([] { return std::make_unique<frmPolice>(ReglagesDePolice()); });
+}
+
+TEST_F(Polices, TheLanguages)
+{
+    PlateformeDeTest::Courante().dossier.Ecrire("lang/english.ini", "");
+    PlateformeDeTest::Courante().dossier.Ecrire("lang/deutsch.ini", "");
+    RegarderForm([] { return std::make_unique<frmLang>([] {}); });
 }
 
 TEST_F(Polices, AboutTheProgram)

@@ -9,3 +9,7 @@ class QWidget;
 ///
 /// "&" marks a mnemonic as everywhere in Qt. A control's accessible name follows a caption or tool tip that it repeats.
 void LangForm(QWidget& form);
+
+/// The same for a form that is open already, in whatever language: what the language in force has no text for is
+/// French again. A text that the program has set since, as a count or a file's name, is left alone there.
+void ChangerLangueDe(QWidget& form);

@@ -225,4 +225,68 @@ TEST_F(LangFormTest, TheMessageBoxTranslatesItsButtonsAndKeepsItsText)
     EXPECT_EQ(boite.findChild<QPushButton*>("btCancel")->text(), "&Annuler");
 }
 
+TEST_F(LangFormTest, AnotherLanguageLeavesWhatItHasNoTextFor)
+{
+    const QLabel& label = Ajouter("Label1", new QLabel("Nom", &m_form));
+    Traduire("Label1_C=Name\r\n");
+    Traduire("");
+    EXPECT_EQ(label.text(), "Name");
+}
+
+TEST_F(LangFormTest, AFormThatChangesItsLanguageIsFrenchWhereTheNewOneHasNothing)
+{
+    m_form.setWindowTitle("Essai");
+    QLabel& label = Ajouter("Label1", new QLabel("Nom", &m_form));
+    label.setToolTip("Le nom");
+    label.setAccessibleName("Nom");
+    const QLineEdit& champ = Ajouter("Text1", new QLineEdit("un", &m_form));
+    QMenu& menu = Ajouter("mFichier", m_form.menuBar()->addMenu("&Fichier"));
+    const QAction& action = Ajouter("mOuvrir", menu.addAction("&Ouvrir"));
+    QToolBar& barre = Ajouter("Toolbar1", m_form.addToolBar("Barre"));
+    const QAction* bouton = barre.addAction("Copier");
+    Traduire("Caption=Test\r\nLabel1_C=Name\r\nLabel1_TT=The name\r\nText1_T=one\r\nmFichier_C=&File\r\n"
+             "mOuvrir_C=&Open\r\nToolbar1_TT_1=Copy\r\n");
+    ASSERT_EQ(bouton->text(), "Copy");
+    Traduire("Label1_C=Name2\r\n");
+    for (const char* cles : {"Label1_C=Nome\r\n", "Label1_C=Namn\r\n", ""}) {
+        FichierLangue =
+            PlateformeDeTest::Courante().dossier.Ecrire("lang/autre.ini", QByteArray("[frmTest]\r\n") + cles);
+        ChangerLangueDe(m_form);
+        EXPECT_EQ(label.text(), *cles ? QString(cles).section('=', 1).trimmed() : QString("Nom"));
+        EXPECT_EQ(label.accessibleName(), label.text());
+        EXPECT_EQ(label.toolTip(), "Le nom");
+        EXPECT_EQ(champ.text(), "un");
+        EXPECT_EQ(menu.title(), "&Fichier");
+        EXPECT_EQ(action.text(), "&Ouvrir");
+        EXPECT_EQ(bouton->text(), "Copier");
+        EXPECT_EQ(bouton->toolTip(), "Copier");
+        EXPECT_EQ(m_form.windowTitle(), "Essai");
+    }
+}
+
+TEST_F(LangFormTest, WithNoLanguageAtAllItIsFrenchAgain)
+{
+    m_form.setWindowTitle("Essai");
+    const QLabel& label = Ajouter("Label1", new QLabel("Nom", &m_form));
+    Traduire("Caption=Test\r\nLabel1_C=Name\r\n");
+    m_form.setWindowTitle("Test - [a.qrt]"); // as a document that fills the frame does
+    FichierLangue.clear();
+    ChangerLangueDe(m_form);
+    EXPECT_EQ(label.text(), "Nom");
+    EXPECT_EQ(m_form.windowTitle(), "Essai");
+}
+
+TEST_F(LangFormTest, WhatTheProgramHasSetSinceIsNotMadeFrench)
+{
+    m_form.setWindowTitle("Essai");
+    QLabel& label = Ajouter("Label1", new QLabel("Nom", &m_form));
+    Traduire("Caption=Test\r\nLabel1_C=Name\r\n");
+    label.setText("3 / 7");
+    m_form.setWindowTitle("a.qrt");
+    FichierLangue.clear();
+    ChangerLangueDe(m_form);
+    EXPECT_EQ(label.text(), "3 / 7");
+    EXPECT_EQ(m_form.windowTitle(), "a.qrt");
+}
+
 } // namespace
