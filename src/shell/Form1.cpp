@@ -21,6 +21,7 @@
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QTcpSocket>
 
 #include <utility>
 
@@ -52,10 +53,11 @@ bool DemandeLeMenu(const QEvent& event)
 } // namespace
 
 Form1::Form1(MDIForm1& cadre, QWidget* parent)
-    : QMainWindow(parent), m_cadre(cadre), m_ui(std::make_unique<Ui::Form1>()),
+    : QMainWindow(parent), wck_http(new QTcpSocket(this)), m_cadre(cadre), m_ui(std::make_unique<Ui::Form1>()),
       m_items(std::make_unique<ItemsDeCommandes>(*this, [this] { return Lieu(); }))
 {
     m_ui->setupUi(this);
+    wck_http->setObjectName(u"wck_http"_s);
     // A window inside another one; QMainWindow would make itself a window of the desktop.
     setWindowFlags(Qt::Widget);
     m_ui->Menus->hide();

@@ -18,6 +18,7 @@ class PanneauImage;
 class QAction;
 class QLabel;
 class QMenu;
+class QTcpSocket;
 
 namespace Ui {
 class Form1;
@@ -53,6 +54,8 @@ public:
     void mModifierCategorie_Click() override;
     void mModifierCommentaires_Click() override;
     void mRechercher_Click() override;
+
+    QTcpSocket* wck_http; ///< never opened
 
     void MettreRecent(int index, const QString& chemin) override;
     void MontrerBarRecent(bool visible) override;

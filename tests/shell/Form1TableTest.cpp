@@ -5,6 +5,7 @@
 
 #include <QContextMenuEvent>
 #include <QSignalSpy>
+#include <QTcpSocket>
 
 using namespace Qt::StringLiterals;
 
@@ -178,4 +179,11 @@ TEST_F(Form1Test, AKeyPopsUpTheMenuInsideTheTableWhenTheFocusIsScrolledAway)
     const QWidget& vue = *fenetre.ListView1().viewport();
     EXPECT_TRUE(vue.rect().contains(vue.mapFromGlobal(QApplication::activePopupWidget()->pos())));
     EXPECT_EQ(MenuSurgi(), "MenuClickDroit");
+}
+
+TEST_F(Form1Test, TheSocketOfADocumentIsNeverOpened)
+{
+    const Form1& document = Ouvrir();
+    EXPECT_EQ(document.findChild<QTcpSocket*>(u"wck_http"_s), document.wck_http);
+    EXPECT_EQ(document.wck_http->state(), QAbstractSocket::UnconnectedState);
 }
