@@ -3,6 +3,7 @@
 
 #include "platform/Association.h"
 #include "platform/Attributs.h"
+#include "platform/Composants.h"
 #include "platform/FichiersIni.h"
 #include "platform/Imprimantes.h"
 #include "platform/PressePapiers.h"
@@ -17,7 +18,7 @@
 
 class Rendezvous;
 
-/// Not owned; none is null once the object is filled, but for the one that says so.
+/// Not owned; none is null once the object is filled, but for those that say so.
 struct Plateforme
 {
     Reglages* reglages = nullptr;
@@ -30,6 +31,7 @@ struct Plateforme
     Programmes* programmes = nullptr;
     Imprimantes* imprimantes = nullptr;
     PressePapiers* pressePapiers = nullptr;
+    Composants* composants = nullptr; ///< null in programs without plug-ins
     Rendezvous* rendezvous = nullptr; ///< null in programs that have no window to be found by
 
     QString dossierProgramme;                         ///< with a trailing separator

@@ -1,0 +1,27 @@
+#include "extensions/plugins/QrtScript.h"
+
+#include "platform/ComposantsDuSysteme.h"
+
+using namespace Qt::StringLiterals;
+
+QString QrtScript::UrlEncode(const QString& texte) const
+{
+    QString adresse = texte;
+    return adresse.replace(u"  "_s, u" "_s).replace(u' ', u'+');
+}
+
+bool QRTWebScript::GetPage(const QString&) const
+{
+    return false;
+}
+
+QString QRTWebScript::GetText(const QString&, const QString&) const
+{
+    return {};
+}
+
+void InscrireScripts(ComposantsDuSysteme& composants)
+{
+    composants.Inscrire(u"QrtScript"_s, []() -> QObject* { return new QrtScript; });
+    composants.Inscrire(u"QRTWebScript"_s, []() -> QObject* { return new QRTWebScript; });
+}
