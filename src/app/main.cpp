@@ -1,8 +1,10 @@
 // zelvane [PATH]: the program with its windows. All that stands behind the program's name is one path.
+#include "extensions/plugins/QrtScript.h"
 #include "kit/DialoguesDansLEcran.h"
 #include "kit/DialoguesEnFenetre.h"
 #include "kit/MessagesEnFenetre.h"
 #include "kit/RepriseDuFocus.h"
+#include "platform/ComposantsDuSysteme.h"
 #include "platform/ImprimantesBureau.h"
 #include "platform/NomsSysteme.h"
 #include "platform/Plateforme.h"
@@ -58,6 +60,9 @@ int main(int argc, char** argv)
     plateforme().imprimantes = &imprimantes;
     PressePapiersBureau pressePapiers;
     plateforme().pressePapiers = &pressePapiers;
+    ComposantsDuSysteme composants;
+    InscrireScripts(composants);
+    plateforme().composants = &composants;
     RendezvousLocal rendezvous(RendezvousLocal::Lieu::DuSysteme(), jeton);
     plateforme().rendezvous = &rendezvous;
     const MessagesEnFenetre messages;

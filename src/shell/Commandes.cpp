@@ -15,6 +15,7 @@
 #include "extensions/dialogues/Aide.h"
 #include "extensions/dialogues/frmLang.h"
 #include "extensions/dialogues/frmTip.h"
+#include "extensions/plugins/frmPlugins.h"
 #include "kit/FenetreDessous.h"
 #include "lending/frmContacts.h"
 #include "lending/frmMail.h"
@@ -279,7 +280,8 @@ constexpr RangDeCommande Rangs[] = {
     {u"mail", u"&Envoyer un mail d'avertissement", "mail", "", Besoin::Document,
      [](Lieu l) { frmMail::Montrer(l.cadre); }},
 
-    {u"plusplugins", u"Plus de plugins"},
+    {u"plusplugins", u"Plus de plugins", "", "", Besoin::Document,
+     [](Lieu l) { frmPlugins(*l.document, FenetreDessous()).exec(); }},
 };
 
 } // namespace

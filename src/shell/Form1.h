@@ -102,6 +102,7 @@ private:
     struct Menu;
     struct Menus;
     void FaireMenus();
+    void RemplirPlugins();
     void Decorer();
     QMenu* FaireMenu(const Menu& menu);
     QAction* FaireItem(const Item& item);

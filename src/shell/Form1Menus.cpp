@@ -2,6 +2,8 @@
 // for.
 #include "shell/Form1.h"
 
+#include "extensions/plugins/PluginsEnFenetre.h"
+#include "extensions/plugins/mPlugin.h"
 #include "kit/Icones.h"
 #include "shell/ItemsDeCommandes.h"
 #include "shell/MDIForm1.h"
@@ -19,6 +21,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int NombreDeRecents = 5;
+constexpr int NombreDePlugins = 8;
 
 /// What kind of line a menu has.
 enum class Genre {
@@ -166,10 +169,30 @@ void Form1::FaireMenus()
     fichier->insertMenu(fichier->actions().constFirst(), FaireMenu(Menus::DansFichier));
     for (int i = 0; i < NombreDeRecents; ++i)
         Relier(ItemNomme(u"mRecent_%1"_s.arg(i)), this, [this, i] { mRecent_Click(i); });
-    // Shown once there are plug-ins.
-    findChild<QMenu*>(u"mPlugin"_s)->menuAction()->setVisible(false);
+    RemplirPlugins();
     Decorer();
     AccorderMenus();
+}
+
+/// The menu is there once there is a plug-in for it. Of eight items the last one stays unused: it is meant. What
+/// follows the seventh plug-in is not even registered; frmPlugins has it all.
+void Form1::RemplirPlugins()
+{
+    int numero = 1;
+    for (const QString& fichier : FichiersDePlugins()) {
+        if (numero == NombreDePlugins)
+            break;
+        EnregistrerDll(CheminDuPlugin(fichier), true);
+        if (!PluginEstAutre(NomDObjet(fichier)))
+            continue;
+        QAction& item = ItemNomme(u"mPlugins_%1"_s.arg(numero - 1));
+        const QString nom = NomDePlugin(fichier);
+        item.setText(QString(nom).replace(u'&', u"&&"_s));
+        item.setVisible(true);
+        Relier(item, this, [this, nom] { LancerPlugin(nom, *this); });
+        ++numero;
+    }
+    findChild<QMenu*>(u"mPlugin"_s)->menuAction()->setVisible(numero > 1);
 }
 
 /// Three menus have a picture in the bar.

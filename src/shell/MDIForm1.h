@@ -3,6 +3,7 @@
 
 #include "catalogue/documents/Cadre.h"
 #include "catalogue/documents/FichierRecent.h"
+#include "extensions/plugins/PluginsEnFenetre.h"
 #include "shell/ArrangerFenetres.h"
 #include "shell/Form1.h"
 #include "shell/InstanceClass.h"
@@ -98,6 +99,8 @@ private:
 
     std::unique_ptr<Ui::MDIForm1> m_ui;
     ItemsDeCommandes m_items;
+    OuvreursDePlugins m_ouvreurs;
+    ExporteursDePlugins m_exporteurs;
     frmPopup* m_popup = nullptr;
     QList<QAction*> m_menusDuCadre; ///< the frame's own, in the order of its bar
 };

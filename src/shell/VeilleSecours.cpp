@@ -44,11 +44,10 @@ VeilleSecours::Montre VeilleSecours::MontreDuSysteme()
 }
 
 VeilleSecours::VeilleSecours(Cadre& cadre, Montre montre)
-    : m_cadre(cadre), m_montre(std::move(montre)), m_signaux([&cadre] {
-          LaisserAuSecours(cadre);
-          plateforme().reglages->Deposer();
-      })
+    : m_cadre(cadre), m_montre(std::move(montre)), m_signaux([this] { AvantLaFin(); })
 {
+    if (Composants* composants = plateforme().composants)
+        composants->AvantLaFin = [this] { AvantLaFin(); };
     m_battement.setSingleShot(true);
     connect(&m_battement, &QTimer::timeout, this, &VeilleSecours::Battre);
     m_battement.start(EntreDeuxRegards);
@@ -56,6 +55,18 @@ VeilleSecours::VeilleSecours(Cadre& cadre, Montre montre)
     connect(
         qGuiApp, &QGuiApplication::commitDataRequest, this, [this](QSessionManager& session) { Repondre(session); },
         Qt::DirectConnection);
+}
+
+VeilleSecours::~VeilleSecours()
+{
+    if (Composants* composants = plateforme().composants)
+        composants->AvantLaFin = nullptr;
+}
+
+void VeilleSecours::AvantLaFin() const
+{
+    LaisserAuSecours(m_cadre);
+    plateforme().reglages->Deposer();
 }
 
 bool VeilleSecours::eventFilter(QObject* objet, QEvent* event)

@@ -20,6 +20,7 @@ public:
     static Montre MontreDuSysteme();
 
     explicit VeilleSecours(Cadre& cadre, Montre montre = MontreDuSysteme());
+    ~VeilleSecours() override;
 
     /// Whether the session may end; with `questions` the user is asked about unsaved changes. Those that are given up
     /// are unsaved changes again as soon as the user touches a key: the session goes on then.
@@ -32,6 +33,7 @@ public:
 
 private:
     void Battre();
+    void AvantLaFin() const;
 
     Cadre& m_cadre;
     QTimer m_battement;

@@ -177,12 +177,6 @@ TEST_F(Form1Test, PrintingTellsWhetherItsOptionsAreToBeSaved)
     }
 }
 
-TEST_F(Form1Test, ItemsWhoseCommandIsNotBuiltStandDisabled)
-{
-    const Form1& fenetre = Ouvrir();
-    EXPECT_FALSE(Commande(fenetre, u"mPlusPlugins"_s).isEnabled());
-}
-
 TEST_F(Form1Test, AShortcutOfADisabledItemDoesNothing)
 {
     const Form1& fenetre = Ouvrir();

@@ -10,18 +10,35 @@
 #include "catalogue/documents/Commentaires.h"
 #include "catalogue/documents/FichierRecent.h"
 #include "catalogue/documents/NouveauDocument.h"
+#include "catalogue/documents/OuvreursAjoutes.h"
 #include "catalogue/documents/Sauver.h"
 #include "extensions/langue/modLang.h"
 #include "kit/ManqueDeMemoire.h"
 #include "platform/Presence.h"
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 QStringList PlugIns;
 
 namespace {
+
+OuvreursAjoutes* s_ouvreurs = nullptr;
+
+/// Their names go behind each other, with an empty one at the end; returned is what their types add to the
+/// filter.
+QString ChercherOuvreurs()
+{
+    QString filtre;
+    for (const auto& ouvreur : s_ouvreurs ? s_ouvreurs->Chercher() : QList<OuvreursAjoutes::Ouvreur>()) {
+        filtre += u'|' + ouvreur.filtre;
+        PlugIns.last() = ouvreur.nom;
+        PlugIns.append(QString());
+    }
+    return filtre;
+}
 
 /// The window in which the file is open. Paths are compared as they are spelled: the same file under another name
 /// opens a second time.
@@ -37,10 +54,35 @@ DemandeFichier DemandeDOuverture()
 {
     DemandeFichier demande;
     demande.titre = LangMsg(u"msg71"_s, u"Ouvrir une Categorie"_s);
-    demande.types = TypesDuFiltre(FiltreDesCatalogues());
+    demande.types = TypesDuFiltre(FiltreDesCatalogues() + ChercherOuvreurs());
     demande.type = TypeQrt2;
     demande.plusieurs = true;
     return demande;
+}
+
+/// Whether the window in front shows its cells' lines, which the next one then does too.
+bool GrilleDevant(const Cadre& cadre)
+{
+    const FenetreDocument* devant = cadre.FenetreActive();
+    return !devant || devant->myqrt.Table.GridLines();
+}
+
+/// A new window whose table the plug-in of that name fills. It has no path: its first save asks for one.
+bool OuvrirParPlugin(Cadre& cadre, const QString& chemin, const QString& nom)
+{
+    if (nom.isEmpty() || !s_ouvreurs)
+        return false;
+    const bool grille = GrilleDevant(cadre);
+    FenetreDocument* fenetre = NouveauDocument(cadre, NomDeFichier(chemin), [&](FenetreDocument& neuve) {
+        neuve.myqrt.Table.SetGridLines(grille);
+        neuve.myqrt.Table.SetView(3);
+        s_ouvreurs->Ouvrir(nom, neuve, chemin);
+        return true;
+    });
+    if (!fenetre)
+        return false;
+    MontrerDocument(*fenetre);
+    return true;
 }
 
 /// Opens all of them, each by itself: one that fails does not keep the next from being tried.
@@ -94,7 +136,7 @@ bool OuvrirFichier(Cadre& cadre, const QString& chemin, int type, bool montrerMe
         return false;
     }
     if (type >= PremierTypePlugIn)
-        return false;
+        return OuvrirParPlugin(cadre, chemin, PlugIns.value(type - PremierTypePlugIn));
     const auto forme = AvecMemoire<std::optional<FormeFichier>>([&] { return FormeDuFichier(chemin); }, std::nullopt);
     if (!forme)
         return false;
@@ -107,6 +149,11 @@ bool OuvrirFichier(Cadre& cadre, const QString& chemin, int type, bool montrerMe
     NoterRecent(*fenetre, chemin);
     MontrerDocument(*fenetre);
     return true;
+}
+
+OuvreursAjoutes* InstallerOuvreurs(OuvreursAjoutes* ouvreurs)
+{
+    return std::exchange(s_ouvreurs, ouvreurs);
 }
 
 void OuvrirDialogue(Cadre& cadre)

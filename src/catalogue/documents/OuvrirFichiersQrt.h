@@ -30,7 +30,7 @@ bool OuvrirFichier(Cadre& cadre, const QString& chemin, int type, bool montrerMe
 void MontrerDocument(FenetreDocument& fenetre);
 
 /// Plug-ins that open files, by file type: the first goes with PremierTypePlugIn. One empty element stands behind the
-/// last. Rebuilt by OuvrirDialogue; no plug-in is looked for yet.
+/// last. Rebuilt by OuvrirDialogue, of what OuvreursAjoutes finds.
 extern QStringList PlugIns;
 
 /// Shows the open dialog ("msg71") and opens what the user chooses. The dialog comes back after the type "*.*"

@@ -1,0 +1,64 @@
+// Plug-ins at work in the windows of documents: readers, writers and commands.
+#pragma once
+
+#include "catalogue/documents/OuvreursAjoutes.h"
+#include "output/ExporteursAjoutes.h"
+
+#include <cstdint>
+#include <memory>
+
+class FenetreDocument;
+
+/// The handle that a plug-in gets of a document's window: that of the frame around it, 0 for none.
+int PoigneeDe(FenetreDocument& fenetre);
+
+/// Adds the types of plug-ins to the open dialog, as long as it lives.
+class OuvreursDePlugins : public OuvreursAjoutes
+{
+public:
+    OuvreursDePlugins();
+    ~OuvreursDePlugins() override;
+    OuvreursDePlugins(const OuvreursDePlugins&) = delete;
+    OuvreursDePlugins& operator=(const OuvreursDePlugins&) = delete;
+
+    QList<Ouvreur> Chercher() override;
+    void Ouvrir(const QString& nom, FenetreDocument& fenetre, const QString& chemin) override;
+
+private:
+    OuvreursAjoutes* m_avant;
+};
+
+/// Adds the types of plug-ins to the export dialog, as long as it lives.
+class ExporteursDePlugins : public ExporteursAjoutes
+{
+public:
+    ExporteursDePlugins();
+    ~ExporteursDePlugins() override;
+    ExporteursDePlugins(const ExporteursDePlugins&) = delete;
+    ExporteursDePlugins& operator=(const ExporteursDePlugins&) = delete;
+
+    QList<Exporteur> Chercher() override;
+    void Exporter(const QString& nom, Categorie& doc, const QString& chemin) override;
+
+private:
+    ExporteursAjoutes* m_avant;
+};
+
+/// Brackets the work of a plug-in on a window's document: keys are renumbered then, the window shows what changed, and
+/// what changed is to be saved.
+class TravailDePlugin
+{
+public:
+    explicit TravailDePlugin(FenetreDocument& fenetre);
+    ~TravailDePlugin();
+    TravailDePlugin(const TravailDePlugin&) = delete;
+    TravailDePlugin& operator=(const TravailDePlugin&) = delete;
+
+private:
+    FenetreDocument& m_fenetre;
+    std::weak_ptr<const void> m_vie;
+    uint64_t m_generation;
+};
+
+/// Runs the command of the plug-in of that name on the window's document.
+void LancerPlugin(const QString& nom, FenetreDocument& fenetre);

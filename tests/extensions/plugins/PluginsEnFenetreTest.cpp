@@ -1,0 +1,108 @@
+// Plug-ins that open and export, through the flows of the program.
+#include "extensions/plugins/PluginsEnFenetre.h"
+
+#include "DossierDePlugins.h"
+#include "catalogue/documents/OuvrirFichiersQrt.h"
+#include "extensions/plugins/QrtScript.h"
+#include "output/ExporterCategorie.h"
+#include "support/CadreDeTest.h"
+#include "support/FileDeFichiers.h"
+#include "support/FileDeReponses.h"
+#include "support/TableDeTest.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class PluginsEnFenetreTest : public testing::Test
+{
+protected:
+    DossierDePlugins dossier;
+    DossierDeTest fichiersDeTest;
+    FileDeReponses reponses;
+    FileDeFichiers fichiers;
+    CadreDeTest cadre;
+    OuvreursDePlugins ouvreurs;
+    ExporteursDePlugins exporteurs;
+};
+
+} // namespace
+
+TEST_F(PluginsEnFenetreTest, OneThatOpensAddsItsTypeAndFillsANewDocument)
+{
+    DossierDePlugins::Mettre({u"autre1"_s, u"fichiers"_s});
+    const QString chemin = fichiersDeTest.Ecrire(u"a.lst"_s, "un\nquatre\n");
+    fichiers.Preparer({chemin}, 4);
+    OuvrirDialogue(cadre);
+    EXPECT_EQ(PlugIns, QStringList({"fichiers", ""}));
+    ASSERT_EQ(fichiers.Demandes().size(), 1);
+    ASSERT_EQ(fichiers.Demandes()[0].types.size(), 4);
+    EXPECT_EQ(fichiers.Demandes()[0].types[3].libelle, "fichiers (*.lst)");
+    EXPECT_EQ(fichiers.Demandes()[0].types[3].motifs, "*.lst");
+    ASSERT_EQ(cadre.fenetres.size(), 1);
+    FenetreDocument& neuve = *cadre.fenetres[0];
+    EXPECT_EQ(neuve.Caption(), "a.lst");
+    EXPECT_EQ(ColonneDe(neuve.myqrt.Table, 1), QStringList({"un", "quatre"}));
+    EXPECT_EQ(ClesDe(neuve.myqrt.Table), QStringList({"k1", "k2"}));
+    EXPECT_EQ(neuve.myqrt.CheminReel(), "") << "a save asks where to";
+    EXPECT_EQ(neuve.myqrt.FileType, "");
+    EXPECT_FALSE(neuve.myqrt.IlFautSauver);
+    EXPECT_TRUE(neuve.myqrt.Table.GridLines());
+    fichiers.Preparer({chemin}, 4);
+    OuvrirDialogue(cadre);
+    EXPECT_EQ(cadre.fenetres.size(), 2) << "such a document is never open already";
+}
+
+TEST_F(PluginsEnFenetreTest, TheLinesOfCellsAreAsInTheWindowInFront)
+{
+    DossierDePlugins::Mettre(u"fichiers"_s);
+    cadre.NouvelleFenetre().myqrt.Table.SetGridLines(false);
+    fichiers.Preparer({fichiersDeTest.Ecrire(u"a.lst"_s, "un\n")}, 4);
+    OuvrirDialogue(cadre);
+    EXPECT_FALSE(cadre.fenetres.back()->myqrt.Table.GridLines());
+}
+
+TEST_F(PluginsEnFenetreTest, TheTypeOfAllFilesIsRefusedHereToo)
+{
+    DossierDePlugins::Mettre(u"fichiers"_s);
+    const QString chemin = fichiersDeTest.Ecrire(u"a.lst"_s, "un\n");
+    fichiers.Preparer({chemin}, 1);
+    fichiers.PreparerAnnulation();
+    OuvrirDialogue(cadre);
+    EXPECT_EQ(reponses.Cles(), QStringList({"msg46"}));
+    EXPECT_TRUE(cadre.fenetres.empty());
+}
+
+TEST_F(PluginsEnFenetreTest, AReaderThatFailsIsToldAndItsWindowStays)
+{
+    DossierDePlugins::Mettre(u"leve"_s);
+    fichiers.Preparer({fichiersDeTest.Ecrire(u"a.lst"_s, "un\n")}, 4);
+    OuvrirDialogue(cadre);
+    EXPECT_EQ(reponses.Cles(), QStringList({"msgPluginEchec"}));
+    EXPECT_EQ(cadre.fenetres.size(), 1);
+}
+
+TEST_F(PluginsEnFenetreTest, OneThatExportsWritesTheDocument)
+{
+    InscrireScripts(dossier.composants);
+    DossierDePlugins::Mettre(u"fichiers"_s);
+    const auto exporteursTrouves = exporteurs.Chercher();
+    ASSERT_EQ(exporteursTrouves.size(), 1);
+    EXPECT_EQ(exporteursTrouves[0].nom, "fichiers");
+    EXPECT_EQ(exporteursTrouves[0].filtre, "fichiers (*.out)|*.out");
+    DocumentDeTest d;
+    MettreColonnes(d.table, {"Titre"});
+    AjouterEntrees(d.table, {{"Aja"}, {"Blue"}});
+    exporteurs.Exporter(u"fichiers"_s, d.doc, fichiersDeTest.Fichier(u"a.out"_s));
+    EXPECT_EQ(fichiersDeTest.Lire(u"a.out"_s), "Aja\nBlue\na+b\n0\n") << "0 stands for the window";
+    EXPECT_FALSE(d.doc.IlFautSauver);
+}
+
+TEST_F(PluginsEnFenetreTest, AWriterThatFailsIsTold)
+{
+    DossierDePlugins::Mettre(u"leve"_s);
+    ASSERT_EQ(exporteurs.Chercher().size(), 1);
+    DocumentDeTest d;
+    exporteurs.Exporter(u"leve"_s, d.doc, fichiersDeTest.Fichier(u"a.out"_s));
+    EXPECT_EQ(reponses.Cles(), QStringList({"msgPluginEchec"}));
+}
