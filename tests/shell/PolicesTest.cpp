@@ -17,6 +17,8 @@
 #include "extensions/dialogues/frmLang.h"
 #include "extensions/dialogues/frmPresent2.h"
 #include "extensions/dialogues/frmTip.h"
+#include "extensions/plugins/DossierDePlugins.h"
+#include "extensions/plugins/frmPlugins.h"
 #include "images/frmChangeImage.h"
 #include "images/frmRemplacerImg.h"
 #include "images/frmSupprImg.h"
@@ -42,6 +44,7 @@
 #include "shell/frmOptions.h"
 #include "shell/frmPolice.h"
 #include "shell/frmSecours.h"
+#include "support/CadreDeTest.h"
 #include "support/GardeModale.h"
 
 #include <QAbstractButton>
@@ -389,6 +392,15 @@ TEST_F(Polices, TheChooserOfColumns)
 TEST_F(Polices, TheStatistics)
 {
     RegarderForm([this] { return std::make_unique<frmStat>(document.doc); });
+}
+
+TEST_F(Polices, ThePlugins)
+{
+    const DossierDePlugins plugins;
+    DossierDePlugins::Mettre({u"autre1"_s, u"deux.points"_s});
+    CadreDeTest autre;
+    FenetreDocument& fenetre = autre.NouvelleFenetre();
+    RegarderForm([&fenetre] { return std::make_unique<frmPlugins>(fenetre); });
 }
 
 TEST_F(Polices, ThePrintDialog)
