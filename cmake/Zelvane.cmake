@@ -89,7 +89,7 @@ function(zelvane_e2e_test name)
         COMMAND /usr/bin/python3 -B -E -W ignore -m unittest -v test_${name}
         WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
     set_tests_properties(e2e.${name} PROPERTIES LABELS e2e TIMEOUT 300 ENVIRONMENT
-        "ZELVANE_E2E_PROGRAM=$<TARGET_FILE:zelvane>;ZELVANE_E2E_SOURCES=${CMAKE_SOURCE_DIR};ZELVANE_E2E_PICTURES=${CMAKE_BINARY_DIR}/e2e;ZELVANE_E2E_FAILURES=$<TARGET_FILE:panne_prechargee>;ZELVANE_E2E_INSTANCE=$<TARGET_FILE:instance_essai>;ZELVANE_E2E_DRAG=$<TARGET_FILE:glisser_essai>")
+        "ZELVANE_E2E_PROGRAM=$<TARGET_FILE:zelvane>;ZELVANE_E2E_SOURCES=${CMAKE_SOURCE_DIR};ZELVANE_E2E_PICTURES=${CMAKE_BINARY_DIR}/e2e;ZELVANE_E2E_FAILURES=$<TARGET_FILE:panne_prechargee>;ZELVANE_E2E_INSTANCE=$<TARGET_FILE:instance_essai>;ZELVANE_E2E_DRAG=$<TARGET_FILE:glisser_essai>;ZELVANE_E2E_PLUGINS=${CMAKE_BINARY_DIR}/plugins_dessai")
 endfunction()
 
 # zelvane_fuzz(NAME name CORPUS folder SOURCES file...)
