@@ -1,4 +1,4 @@
-// Every dialog at the sizes of letters that people set: all is read, and all is on a small screen.
+// Every dialog at the sizes of letters that people set, in every language: all is read, and all is on a small screen.
 #include "base/Options.h"
 #include "catalogue/documents/Commentaires.h"
 #include "catalogue/documents/DossiersLaisses.h"
@@ -19,6 +19,7 @@
 #include "extensions/dialogues/frmTip.h"
 #include "extensions/plugins/DossierDePlugins.h"
 #include "extensions/plugins/frmPlugins.h"
+#include "extensions/langue/modLang.h"
 #include "images/frmChangeImage.h"
 #include "images/frmRemplacerImg.h"
 #include "images/frmSupprImg.h"
@@ -51,6 +52,7 @@
 #include <QAbstractScrollArea>
 #include <QAbstractSpinBox>
 #include <QComboBox>
+#include <QDir>
 #include <QGroupBox>
 #include <QImage>
 #include <QLabel>
@@ -146,17 +148,26 @@ protected:
         document.table.ListItems(1).SetTag("pochette.bmp");
         document.table.Selectionner(1, 2, true);
     }
-    ~Polices() override { QApplication::setFont(m_police); }
+    ~Polices() override
+    {
+        FichierLangue.clear();
+        QApplication::setFont(m_police);
+    }
 
-    /// Opens a dialog at each size and looks at it.
+    /// Opens a dialog at each size, in each language, and looks at it.
     void Regarder(const std::function<void(const std::function<void(QWidget&)>&)>& ouvrir)
     {
-        for (const int points : {9, 13, 18}) {
-            QFont police = m_police;
-            police.setPointSize(points);
-            QApplication::setFont(police);
-            ouvrir([&](QWidget& form) { Controler(form, points); });
+        const QDir langues(QStringLiteral(ZELVANE_LANGUES));
+        for (const QString& langue : QStringList(QString()) + langues.entryList({u"*.ini"_s}, QDir::Files)) {
+            FichierLangue = langue.isEmpty() ? QString() : langues.filePath(langue);
+            for (const int points : {9, 13, 18}) {
+                QFont police = m_police;
+                police.setPointSize(points);
+                QApplication::setFont(police);
+                ouvrir([&](QWidget& form) { Controler(form, langue.section(u'.', 0, 0), points); });
+            }
         }
+        FichierLangue.clear();
     }
     /// The same for a dialog that is made and shown.
     void RegarderForm(const std::function<std::unique_ptr<QWidget>()>& faire)
@@ -171,15 +182,16 @@ protected:
     DocumentDeTest document;
 
 private:
-    static void Controler(QWidget& form, int points)
+    static void Controler(QWidget& form, const QString& langue, int points)
     {
         form.resize(form.size().boundedTo(PetitEcran));
         CadreEnFenetre::Laisser();
         if (const QByteArray dossier = qgetenv("POLICES_IMAGES"); !dossier.isEmpty())
-            form.grab().save(u"%1/%2-%3.png"_s.arg(QString::fromLocal8Bit(dossier), form.objectName()).arg(points));
-        EXPECT_EQ(Defauts(form), QStringList()) << form.objectName().toStdString() << " at " << points;
-        EXPECT_EQ(form.size().boundedTo(PetitEcran), form.size())
-            << form.objectName().toStdString() << " at " << points;
+            form.grab().save(
+                u"%1/%2%3-%4.png"_s.arg(QString::fromLocal8Bit(dossier), form.objectName(), langue).arg(points));
+        const std::string lieu = u"%1 at %2 %3"_s.arg(form.objectName()).arg(points).arg(langue).toStdString();
+        EXPECT_EQ(Defauts(form), QStringList()) << lieu;
+        EXPECT_EQ(form.size().boundedTo(PetitEcran), form.size()) << lieu;
     }
 
     const DialoguesDansLEcran m_dansLEcran;
