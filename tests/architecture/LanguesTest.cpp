@@ -172,6 +172,13 @@ TEST(TextesDesFormes, MenusAndBarsOfTheProgramAreRead)
             EXPECT_FALSE(texte.francais.isEmpty()) << section.toStdString() << ' ' << cle.toStdString();
 }
 
+TEST(TextesDesFormes, AFormThatStaysInFrenchHasNone)
+{
+    const TextesDesFormes formes = TextesDuDossier(QStringLiteral(ZELVANE_SOURCES));
+    EXPECT_FALSE(formes.contains(u"frmMail"_s));
+    EXPECT_TRUE(formes.contains(u"frmPreter"_s));
+}
+
 TEST(TextesDesFormes, OneMnemonicForTwoCaptionsOfAGroupIsTold)
 {
     const TextesDesFormes formes{{u"f"_s,

@@ -2,6 +2,7 @@
 
 #include <QDirIterator>
 #include <QFile>
+#include <QFileInfo>
 #include <QRegularExpression>
 #include <QXmlStreamReader>
 
@@ -125,6 +126,15 @@ QString Contenu(const QString& chemin)
     return fichier.open(QIODevice::ReadOnly) ? QString::fromUtf8(fichier.readAll()) : QString();
 }
 
+/// Some forms stay in French: their code asks for no translation. Also a long form's code in several files counts.
+bool EstTraduite(const QFileInfo& ui)
+{
+    const QDir dossier = ui.dir();
+    const QStringList codes = dossier.entryList({ui.completeBaseName() + u"*.cpp"_s}, QDir::Files);
+    return std::ranges::any_of(
+        codes, [&](const QString& nom) { return Contenu(dossier.filePath(nom)).contains("LangForm("_L1); });
+}
+
 } // namespace
 
 void LireUi(const QByteArray& ui, TextesDesFormes& formes)
@@ -188,8 +198,11 @@ TextesDesFormes TextesDuDossier(const QString& sources)
 {
     TextesDesFormes formes;
     QDirIterator fichiers(sources, {u"*.ui"_s}, QDir::Files, QDirIterator::Subdirectories);
-    while (fichiers.hasNext())
-        LireUi(Contenu(fichiers.next()).toUtf8(), formes);
+    while (fichiers.hasNext()) {
+        const QString chemin = fichiers.next();
+        if (EstTraduite(QFileInfo(chemin)))
+            LireUi(Contenu(chemin).toUtf8(), formes);
+    }
     LireMenus(Contenu(sources + u"/shell/Form1Menus.cpp"_s), Contenu(sources + u"/shell/Commandes.cpp"_s), formes);
     LireBarres(Contenu(sources + u"/shell/Toolbars.cpp"_s), formes);
     return formes;

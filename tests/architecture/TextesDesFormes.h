@@ -27,7 +27,7 @@ void LireMenus(const QString& menus, const QString& commandes, TextesDesFormes& 
 /// The tool tips of the buttons of the tool bars; `barres` is the source with the table.
 void LireBarres(const QString& barres, TextesDesFormes& formes);
 
-/// All of them, below the folder of the sources.
+/// All of them, below the folder of the sources. A form whose code does not call LangForm has none.
 TextesDesFormes TextesDuDossier(const QString& sources);
 
 /// One line for each mnemonic that two captions of one group share. `texte` gives the text in the language in question.
