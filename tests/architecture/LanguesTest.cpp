@@ -217,6 +217,16 @@ TEST(Langues, FrenchHasEachMnemonicOnce)
     EXPECT_EQ(EnLignes(MnemoniquesDoubles(formes, texte)), "");
 }
 
+TEST(Langues, AreThoseThatTheProgramComesWith)
+{
+    QStringList noms;
+    for (const Langue& langue : Langues()) {
+        noms.append(langue.nom);
+        EXPECT_EQ(langue.sections.count(u"other"_s), 1U) << langue.nom.toStdString();
+    }
+    EXPECT_EQ(noms, QStringList({u"deutsch.ini"_s, u"english.ini"_s, u"espanol.ini"_s}));
+}
+
 TEST(Langues, EachHasEveryTextOfTheProgramAndNoOther)
 {
     const auto textes = TextesDuProgrammeEntier();
