@@ -42,11 +42,10 @@ public:
     Codage codage() const { return m_codage; }
 
     /// What is pasted or dropped may hold a bar. Read again, the fields behind it would shift, and the image be lost:
-    /// in the file another sign stands for it.
+    /// in the file another sign stands for it. What was read from a file has none, and goes out as it came.
     static bool CouperaitLaLigne(const Cellule& cellule)
     {
-        return std::any_of(cellule.debut, cellule.debut + cellule.taille,
-                           [](char c) { return c == '|' || c == '\n' || c == '\r'; });
+        return std::any_of(cellule.debut, cellule.debut + cellule.taille, [](char c) { return c == '|' || c == '\n'; });
     }
 
     std::optional<qint64> Finir() { return Vider() ? std::optional<qint64>(m_manques) : std::nullopt; }
