@@ -40,7 +40,7 @@ extern "C" Q_DECL_EXPORT const ZelvaneRegistre* ZelvaneRegistreDuProgramme;
         if (!ZelvaneRegistreDuProgramme)                                                                               \
             return -1;                                                                                                 \
         ZelvaneRegistreDuProgramme->inscrire(ZelvaneRegistreDuProgramme->contexte, "PlugQRT." Nom,                     \
-                                             []() -> QObject* { return new Classe; });                                 \
+                                             []() -> QObject* { return new (Classe); });                               \
         return 0;                                                                                                      \
     }                                                                                                                  \
     extern "C" Q_DECL_EXPORT int DllUnregisterServer()                                                                 \
