@@ -10,6 +10,9 @@
 
 namespace {
 
+/// A folder that others can write is not trusted with plug-ins.
+constexpr QFile::Permissions PourMoiSeul = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+
 /// Sets a link unless something that exists has its name; a link to nothing is replaced.
 void Lier(const QString& cible, const QString& lien)
 {
@@ -20,11 +23,26 @@ void Lier(const QString& cible, const QString& lien)
     QFile::link(cible, lien);
 }
 
+/// One link a library: the user's own lie beside them.
+void LierPlugins(const QDir& installes, const QDir& dossier)
+{
+    const QStringList noms = installes.entryList({"*.dll"}, QDir::Files);
+    const QString plugins = dossier.filePath("plugins");
+    // Once it was a link to the whole folder, in which nobody could put one of his own.
+    if (QFileInfo(plugins).symLinkTarget() == installes.absolutePath())
+        QFile::remove(plugins);
+    if (noms.isEmpty() || (!QFileInfo::exists(plugins) && !dossier.mkdir("plugins", PourMoiSeul)))
+        return;
+    for (const QString& nom : noms)
+        Lier(installes.filePath(nom), plugins + '/' + nom);
+}
+
 void LierInstallation(const QDir& installation, const QDir& dossier)
 {
-    for (const char* nom : {"astuces.txt", "AideQrt", "plugins", "IcoFile.ico"})
+    for (const char* nom : {"astuces.txt", "AideQrt", "IcoFile.ico"})
         Lier(installation.filePath(nom), dossier.filePath(nom));
 
+    LierPlugins(QDir(installation.filePath("plugins")), dossier);
     dossier.mkpath("lang");
     const QDir langues(installation.filePath("lang"));
     for (const QString& nom : langues.entryList({"*.ini"}, QDir::Files)) {

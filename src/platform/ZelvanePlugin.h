@@ -7,6 +7,8 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <memory>
+
 /// What the program hands a library before it runs DllRegisterServer. Members are only ever added at the end.
 struct ZelvaneRegistre
 {
@@ -50,11 +52,42 @@ extern "C" Q_DECL_EXPORT const ZelvaneRegistre* ZelvaneRegistreDuProgramme;
 
 namespace zelvane {
 
-/// A new object that the program supplies: "QrtScript" or "QRTWebScript". Owned by the caller; null elsewhere.
+/// A new object that the program supplies: "QrtScript", "QRTWebScript" or "QrtTextes". Owned by the caller; null
+/// elsewhere.
 inline QObject* Creer(const char* nom)
 {
     const ZelvaneRegistre* registre = ZelvaneRegistreDuProgramme;
     return registre ? registre->creer(registre->contexte, nom) : nullptr;
+}
+
+/// A text for the user in the language that the program speaks: that of the key in its language file, or `defaut`. The
+/// keys of all plug-ins stand together; one of a plug-in begins with "plug" and its name.
+inline QString LangMsg(const QString& cle, const QString& defaut)
+{
+    const std::unique_ptr<QObject> textes(Creer("QrtTextes"));
+    QString texte;
+    if (!textes || !QMetaObject::invokeMethod(textes.get(), "LangMsg", Q_RETURN_ARG(QString, texte),
+                                              Q_ARG(QString, cle), Q_ARG(QString, defaut)))
+        return defaut;
+    return texte;
+}
+
+/// Copies an image file (gif, jpg, jpeg, bmp or png) into the folder of the document's images, and returns the name
+/// that it has there, for an entry's image: its own, behind a number where that is taken. Empty when it is no such
+/// file, or cannot be copied.
+inline QString AjouterImage(QObject* document, const QString& chemin)
+{
+    QString nom;
+    if (document)
+        QMetaObject::invokeMethod(document, "AjouterImage", Q_RETURN_ARG(QString, nom), Q_ARG(QString, chemin));
+    return nom;
+}
+
+/// For openFile: the user has changed his mind. The new document goes without a word once openFile is back.
+inline void Abandonner(QObject* document)
+{
+    if (document)
+        QMetaObject::invokeMethod(document, "Abandonner");
 }
 
 /// The table of a document, whole rows at a time: a million rows cost seconds so, and minutes one cell at a time. Rows
@@ -94,6 +127,15 @@ public:
                                       Q_ARG(int, nombre));
         return cellules;
     }
+    /// The images of the same rows, a bare file name in TmpFolder or an empty text each.
+    QStringList LireImages(int premiere, int nombre) const
+    {
+        QStringList images;
+        if (m_table)
+            QMetaObject::invokeMethod(m_table, "LireImages", Q_RETURN_ARG(QStringList, images), Q_ARG(int, premiere),
+                                      Q_ARG(int, nombre));
+        return images;
+    }
     /// Writes whole rows over those from `premiere` on. False, with nothing written, where there are none.
     bool EcrireLignes(int premiere, const QStringList& cellules)
     {
@@ -103,11 +145,40 @@ public:
                                          Q_ARG(QStringList, cellules)) &&
                fait;
     }
-    /// Removes rows in one pass; positions that name nothing are passed over.
+    /// Gives the entries from `premiere` on these images. False, with nothing written, where there are not as many.
+    bool EcrireImages(int premiere, const QStringList& images)
+    {
+        bool fait = false;
+        return m_table &&
+               QMetaObject::invokeMethod(m_table, "EcrireImages", Q_RETURN_ARG(bool, fait), Q_ARG(int, premiere),
+                                         Q_ARG(QStringList, images)) &&
+               fait;
+    }
+    /// Removes rows in one pass, and nothing else; positions that name nothing are passed over.
     void RetirerLignes(const QList<int>& positions)
     {
         if (m_table)
             QMetaObject::invokeMethod(m_table, "RetirerLignes", Q_ARG(QList<int>, positions));
+    }
+    /// The cells of some columns only, in the order in which they are named. Nothing where one of them is missing.
+    QStringList LireColonnes(const QList<int>& colonnes, int premiere, int nombre) const
+    {
+        QStringList cellules;
+        if (m_table)
+            QMetaObject::invokeMethod(m_table, "LireColonnes", Q_RETURN_ARG(QStringList, cellules),
+                                      Q_ARG(QList<int>, colonnes), Q_ARG(int, premiere), Q_ARG(int, nombre));
+        return cellules;
+    }
+    /// Deletes entries for the user, as the program's own command does: he is asked about each image that no other
+    /// entry has, and the document is to be saved. Returns how many there were; positions that name nothing are passed
+    /// over.
+    int SupprimerLignes(const QList<int>& positions)
+    {
+        int nombre = 0;
+        if (m_table)
+            QMetaObject::invokeMethod(m_table, "SupprimerLignes", Q_RETURN_ARG(int, nombre),
+                                      Q_ARG(QList<int>, positions));
+        return nombre;
     }
 
 private:

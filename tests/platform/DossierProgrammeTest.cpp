@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 namespace {
 
 class DossierProgrammeTest : public testing::Test
@@ -62,19 +64,63 @@ TEST_F(DossierProgrammeTest, IsTheUsersOwnWithoutLanguagesBesideTheExecutable)
 
 TEST_F(DossierProgrammeTest, LinksTheInstalledFiles)
 {
-    for (const char* nom : {"astuces.txt", "IcoFile.ico", "AideQrt/index.html", "plugins/a.dll", "lang/english.ini",
-                            "lang/readme.txt", "other.txt"})
+    for (const char* nom : {"astuces.txt", "IcoFile.ico", "AideQrt/index.html", "plugins/a.dll", "plugins/a.txt",
+                            "lang/english.ini", "lang/readme.txt", "other.txt"})
         m_dossier.Ecrire(QString("prefix/share/zelvane/") + nom, "x");
 
     ChoisirDossierProgramme(Lieux());
 
-    for (const char* nom : {"astuces.txt", "IcoFile.ico", "AideQrt", "plugins", "lang/english.ini"}) {
+    for (const char* nom : {"astuces.txt", "IcoFile.ico", "AideQrt", "plugins/a.dll", "lang/english.ini"}) {
         EXPECT_EQ(Cible(QString("home/share/zelvane/") + nom),
                   m_dossier.Fichier(QString("prefix/share/zelvane/") + nom));
     }
     EXPECT_FALSE(QFileInfo(m_dossier.Fichier("home/share/zelvane/lang")).isSymLink());
     EXPECT_FALSE(m_dossier.Existe("home/share/zelvane/lang/readme.txt"));
+    EXPECT_FALSE(m_dossier.Existe("home/share/zelvane/plugins/a.txt"));
     EXPECT_FALSE(m_dossier.Existe("home/share/zelvane/other.txt"));
+}
+
+TEST_F(DossierProgrammeTest, PluginsOfTheUserLieBesideTheInstalledOnes)
+{
+    m_dossier.Ecrire("prefix/share/zelvane/plugins/a.dll", "installed");
+    m_dossier.Ecrire("prefix/share/zelvane/plugins/b.dll", "installed");
+    m_dossier.Ecrire("home/share/zelvane/plugins/b.dll", "mine");
+
+    ChoisirDossierProgramme(Lieux());
+
+    EXPECT_EQ(m_dossier.Lire("home/share/zelvane/plugins/a.dll"), "installed");
+    EXPECT_EQ(m_dossier.Lire("home/share/zelvane/plugins/b.dll"), "mine");
+}
+
+TEST_F(DossierProgrammeTest, TheFolderOfPluginsIsTheUsersAlone)
+{
+    m_dossier.Ecrire("prefix/share/zelvane/plugins/a.dll", "installed");
+    const mode_t avant = umask(0);
+    ChoisirDossierProgramme(Lieux());
+    umask(avant);
+
+    const QFile::Permissions droits = QFile::permissions(m_dossier.Fichier("home/share/zelvane/plugins"));
+    EXPECT_EQ(droits & (QFile::WriteGroup | QFile::WriteOther), QFile::Permissions());
+}
+
+TEST_F(DossierProgrammeTest, ALinkToTheWholeFolderOfPluginsBecomesAFolder)
+{
+    m_dossier.Ecrire("prefix/share/zelvane/plugins/a.dll", "installed");
+    QDir().mkpath(m_dossier.Fichier("home/share/zelvane"));
+    const QString lien = m_dossier.Fichier("home/share/zelvane/plugins");
+    ASSERT_TRUE(QFile::link(m_dossier.Fichier("prefix/share/zelvane/plugins"), lien));
+
+    ChoisirDossierProgramme(Lieux());
+
+    EXPECT_FALSE(QFileInfo(lien).isSymLink());
+    EXPECT_EQ(Cible("home/share/zelvane/plugins/a.dll"), m_dossier.Fichier("prefix/share/zelvane/plugins/a.dll"));
+}
+
+TEST_F(DossierProgrammeTest, WithoutInstalledPluginsThereIsNoFolderOfThem)
+{
+    ChoisirDossierProgramme(Lieux());
+
+    EXPECT_FALSE(m_dossier.Existe("home/share/zelvane/plugins"));
 }
 
 TEST_F(DossierProgrammeTest, LeavesWhatIsThere)

@@ -18,8 +18,9 @@ public:
     };
     /// Registers what the folder of plug-ins holds, and tells which of it opens files, in the order of the folder.
     virtual QList<Ouvreur> Chercher() = 0;
-    /// Has the plug-in read the file into the document of a new window.
-    virtual void Ouvrir(const QString& nom, FenetreDocument& fenetre, const QString& chemin) = 0;
+    /// Has the plug-in read the file into the document of a new window. False when the user changed his mind: the
+    /// window is to go. One whose reading failed stays, with what was read.
+    virtual bool Ouvrir(const QString& nom, FenetreDocument& fenetre, const QString& chemin) = 0;
 };
 
 /// Installs them (not owned) and returns those before. Null, as at first, for none.

@@ -67,7 +67,8 @@ bool GrilleDevant(const Cadre& cadre)
     return !devant || devant->myqrt.Table.GridLines();
 }
 
-/// A new window whose table the plug-in of that name fills. It has no path: its first save asks for one.
+/// A new window whose table the plug-in of that name fills. It has no path: its first save asks for one. False where
+/// there is no such plug-in, or the user changed his mind in its dialog: the open dialog comes back then.
 bool OuvrirParPlugin(Cadre& cadre, const QString& chemin, const QString& nom)
 {
     if (nom.isEmpty() || !s_ouvreurs)
@@ -76,8 +77,7 @@ bool OuvrirParPlugin(Cadre& cadre, const QString& chemin, const QString& nom)
     FenetreDocument* fenetre = NouveauDocument(cadre, NomDeFichier(chemin), [&](FenetreDocument& neuve) {
         neuve.myqrt.Table.SetGridLines(grille);
         neuve.myqrt.Table.SetView(3);
-        s_ouvreurs->Ouvrir(nom, neuve, chemin);
-        return true;
+        return s_ouvreurs->Ouvrir(nom, neuve, chemin);
     });
     if (!fenetre)
         return false;

@@ -2,7 +2,9 @@
 #pragma once
 
 #include "catalogue/texte/QrtClass.h"
+#include "images/Bibliotheque.h"
 
+#include <QHash>
 #include <QObject>
 
 #include <memory>
@@ -81,16 +83,29 @@ public:
     QString NbSauv() const { return EstLa() ? m_doc.NbSauv() : QString(); }
     void SetNbSauv(const QString& nombre);
 
+    /// Whom to ask before an image is deleted with its entry. Images stay while nobody is.
+    void DemanderPourImages(const QuestionSupprImg& question) { m_question = question; }
+
     Q_INVOKABLE void ClearLV();
+    /// Takes an image into the document's folder; see zelvane::AjouterImage in ZelvanePlugin.h.
+    Q_INVOKABLE QString AjouterImage(const QString& chemin);
+    /// The user has changed his mind about what a plug-in was to open.
+    Q_INVOKABLE void Abandonner() { m_abandonne = true; }
+    bool EstAbandonne() const { return m_abandonne; }
     Q_INVOKABLE int SelItemsCount() const { return EstLa() ? m_doc.SelItemsCount() : 0; }
 
 private:
+    FaceTable* FaireTable();
+    void SupprimerImages(const QStringList& images);
     bool EstLa() const { return !m_vie.expired(); }
     bool EstColonne(int index) const { return index >= 1 && index <= ColCount(); }
 
     QrtClass& m_doc;
     std::weak_ptr<const void> m_vie;
+    QuestionSupprImg m_question;
     FaceTable* m_table;
     FacePanneau* m_wait;
     FacePanneau* m_ouvrir;
+    QHash<QString, int> m_numeros; ///< by an image's name, the first number that may be free
+    bool m_abandonne = false;
 };

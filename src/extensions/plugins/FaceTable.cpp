@@ -2,9 +2,11 @@
 
 #include "base/SurUneLigne.h"
 
+#include <QHash>
 #include <QSet>
 
 #include <algorithm>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -27,6 +29,27 @@ QStringList Rangee(const QStringList& cellules, qsizetype debut, int colonnes)
     for (qsizetype i = debut; i < debut + colonnes; ++i)
         rangee.append(SansSeparateurs(cellules.at(i)));
     return rangee;
+}
+
+/// The images of these entries that no other one has, in their order and each once. An image may be shared, and what
+/// one entry loses by a deletion must not be lost to another.
+QStringList ImagesQuiPartent(MyLV& table, const QSet<int>& positions)
+{
+    QSet<QString> gardees;
+    for (int i = 1; i <= table.ListItems.Count(); ++i) {
+        if (!positions.contains(i))
+            gardees.insert(table.ListItems(i).Tag());
+    }
+    gardees.insert(QString());
+    QStringList images;
+    for (int i = 1; i <= table.ListItems.Count(); ++i) {
+        const QString image = positions.contains(i) ? table.ListItems(i).Tag() : QString();
+        if (gardees.contains(image))
+            continue;
+        images.append(image);
+        gardees.insert(image);
+    }
+    return images;
 }
 
 } // namespace
@@ -357,17 +380,49 @@ bool FaceTable::AjouterLignes(const QStringList& cellules)
     return true;
 }
 
+int FaceTable::Reste(int premiere, int nombre) const
+{
+    return premiere < 1 || nombre < 1 ? 0 : std::min(nombre, std::max(0, LignesCount() - premiere + 1));
+}
+
 QStringList FaceTable::LireLignes(int premiere, int nombre) const
 {
     QStringList cellules;
-    if (premiere < 1 || nombre < 1)
-        return cellules;
-    const int reste = std::max(0, LignesCount() - premiere + 1);
-    const int lues = std::min(nombre, reste);
+    const int lues = Reste(premiere, nombre);
     cellules.reserve(qsizetype{lues} * ColonnesCount());
     for (int ligne = premiere; ligne < premiere + lues; ++ligne)
         cellules.append(m_table->ListItems(ligne).Valeurs());
     return cellules;
+}
+
+QStringList FaceTable::LireImages(int premiere, int nombre) const
+{
+    QStringList images;
+    const int lues = Reste(premiere, nombre);
+    images.reserve(lues);
+    for (int ligne = premiere; ligne < premiere + lues; ++ligne)
+        images.append(m_table->ListItems(ligne).Tag());
+    return images;
+}
+
+bool FaceTable::EcrireImages(int premiere, const QStringList& images)
+{
+    const auto nombre = static_cast<int>(std::min<qsizetype>(images.size(), std::numeric_limits<int>::max()));
+    if (Reste(premiere, nombre) != images.size())
+        return false;
+    // Many entries may share an image, whose file is looked for once.
+    QHash<QString, QString> icones;
+    int ligne = premiere;
+    for (const QString& image : images) {
+        const QString tenable = SansSeparateurs(image);
+        auto icone = icones.find(tenable);
+        if (icone == icones.end())
+            icone = icones.insert(tenable, m_table.icone(tenable));
+        ListItem entree = m_table->ListItems(ligne++);
+        entree.SetTag(tenable);
+        entree.SetSmallIcon(*icone);
+    }
+    return true;
 }
 
 bool FaceTable::EcrireLignes(int premiere, const QStringList& cellules)
@@ -385,4 +440,35 @@ bool FaceTable::EcrireLignes(int premiere, const QStringList& cellules)
 void FaceTable::RetirerLignes(const QList<int>& positions)
 {
     m_entrees->Retirer(positions);
+}
+
+QStringList FaceTable::LireColonnes(const QList<int>& colonnes, int premiere, int nombre) const
+{
+    QStringList cellules;
+    if (premiere < 1 || nombre < 1 || !m_table ||
+        !std::all_of(colonnes.begin(), colonnes.end(), [this](int c) { return m_table->ColumnHeaders.Existe(c); }))
+        return cellules;
+    const int lues = std::min(nombre, std::max(0, LignesCount() - premiere + 1));
+    cellules.reserve(colonnes.size() * lues);
+    for (int ligne = premiere; ligne < premiere + lues; ++ligne) {
+        for (const int colonne : colonnes)
+            cellules.append(m_table->ListItems(ligne).Valeur(colonne));
+    }
+    return cellules;
+}
+
+int FaceTable::SupprimerLignes(const QList<int>& positions)
+{
+    QSet<int> parties;
+    for (const int position : positions) {
+        if (m_table && m_table->ListItems.Existe(position))
+            parties.insert(position);
+    }
+    if (parties.isEmpty())
+        return 0;
+    m_table.supprimees(ImagesQuiPartent(*m_table, parties));
+    // Events ran while the user was asked.
+    const int avant = LignesCount();
+    m_entrees->Retirer({parties.begin(), parties.end()});
+    return avant - LignesCount();
 }

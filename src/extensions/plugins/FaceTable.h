@@ -27,6 +27,8 @@ public:
 
     /// The marker that goes with an image.
     std::function<QString(const QString& image)> icone = [](const QString&) { return QString(); };
+    /// What a deletion by the user does beside removing the entries: to the images that no entry has any more.
+    std::function<void(const QStringList& images)> supprimees = [](const QStringList&) {};
 
 private:
     MyLV* m_table;
@@ -196,9 +198,16 @@ public:
     Q_INVOKABLE bool AjouterLignes(const QStringList& cellules);
     Q_INVOKABLE QStringList LireLignes(int premiere, int nombre) const;
     Q_INVOKABLE bool EcrireLignes(int premiere, const QStringList& cellules);
+    Q_INVOKABLE QStringList LireImages(int premiere, int nombre) const;
+    Q_INVOKABLE bool EcrireImages(int premiere, const QStringList& images);
     Q_INVOKABLE void RetirerLignes(const QList<int>& positions);
+    Q_INVOKABLE QStringList LireColonnes(const QList<int>& colonnes, int premiere, int nombre) const;
+    Q_INVOKABLE int SupprimerLignes(const QList<int>& positions);
 
 private:
+    /// How many of `nombre` rows from `premiere` on there are.
+    int Reste(int premiere, int nombre) const;
+
     TableVue m_table;
     FaceColumnHeaders* m_colonnes;
     FaceListItems* m_entrees;

@@ -2,6 +2,7 @@
 
 #include "catalogue/documents/FenetreDocument.h"
 #include "extensions/plugins/mPlugin.h"
+#include "images/SupprimerImage.h"
 
 #include <QWidget>
 
@@ -29,12 +30,18 @@ QList<OuvreursAjoutes::Ouvreur> OuvreursDePlugins::Chercher()
     return ouvreurs;
 }
 
-void OuvreursDePlugins::Ouvrir(const QString& nom, FenetreDocument& fenetre, const QString& chemin)
+bool OuvreursDePlugins::Ouvrir(const QString& nom, FenetreDocument& fenetre, const QString& chemin)
 {
     PluginAuTravail plugin(nom);
     if (plugin.initme(fenetre.myqrt, PoigneeDe(fenetre), PluginAuTravail::Passage::ParValeur))
         plugin.openFile(chemin);
+    if (plugin.EstAbandonne()) {
+        // The window goes without a question.
+        fenetre.myqrt.IlFautSauver = false;
+        return false;
+    }
     RecalculerCles(fenetre.myqrt.Table);
+    return true;
 }
 
 // ---- writers
@@ -56,11 +63,13 @@ QList<ExporteursAjoutes::Exporteur> ExporteursDePlugins::Chercher()
 
 void ExporteursDePlugins::Exporter(const QString& nom, Categorie& doc, const QString& chemin)
 {
+    const std::weak_ptr<const void> vie = doc.Table.Vie();
     const uint64_t avant = doc.Table.Generation();
     PluginAuTravail plugin(nom);
     if (plugin.initme(doc, 0, PluginAuTravail::Passage::ParReference))
         plugin.ExportToFile(chemin);
-    if (doc.Table.Generation() != avant)
+    // Events ran meanwhile, where it shows how far it is.
+    if (!vie.expired() && doc.Table.Generation() != avant)
         doc.IlFautSauver = true;
 }
 
@@ -83,10 +92,16 @@ TravailDePlugin::~TravailDePlugin()
     m_fenetre.RedrawAll(true);
 }
 
+bool Confier(FenetreDocument& fenetre, PluginAuTravail& plugin)
+{
+    plugin.DemanderPourImages(DemanderSupprImg);
+    return plugin.initme(fenetre.myqrt, PoigneeDe(fenetre), PluginAuTravail::Passage::ParReference);
+}
+
 void LancerPlugin(const QString& nom, FenetreDocument& fenetre)
 {
     const TravailDePlugin travail(fenetre);
     PluginAuTravail plugin(nom);
-    if (plugin.initme(fenetre.myqrt, PoigneeDe(fenetre), PluginAuTravail::Passage::ParReference))
+    if (Confier(fenetre, plugin))
         plugin.showForm();
 }

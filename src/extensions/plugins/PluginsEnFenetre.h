@@ -8,6 +8,7 @@
 #include <memory>
 
 class FenetreDocument;
+class PluginAuTravail;
 
 /// The handle that a plug-in gets of a document's window: that of the frame around it, 0 for none.
 int PoigneeDe(FenetreDocument& fenetre);
@@ -22,7 +23,7 @@ public:
     OuvreursDePlugins& operator=(const OuvreursDePlugins&) = delete;
 
     QList<Ouvreur> Chercher() override;
-    void Ouvrir(const QString& nom, FenetreDocument& fenetre, const QString& chemin) override;
+    bool Ouvrir(const QString& nom, FenetreDocument& fenetre, const QString& chemin) override;
 
 private:
     OuvreursAjoutes* m_avant;
@@ -59,6 +60,9 @@ private:
     std::weak_ptr<const void> m_vie;
     uint64_t m_generation;
 };
+
+/// Hands the window and its document to a command; what that deletes asks as the program's own deletion does.
+bool Confier(FenetreDocument& fenetre, PluginAuTravail& plugin);
 
 /// Runs the command of the plug-in of that name on the window's document.
 void LancerPlugin(const QString& nom, FenetreDocument& fenetre);

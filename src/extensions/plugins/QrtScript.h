@@ -1,4 +1,5 @@
-// Classes for scripts, made by name from a plug-in ("QrtScript", "QRTWebScript"). The program itself makes neither.
+// Objects that a plug-in makes by name: "QrtScript", "QRTWebScript", "QrtTextes". The program itself makes none of
+// them.
 #pragma once
 
 #include <QObject>
@@ -27,5 +28,15 @@ public:
     Q_INVOKABLE QString GetText(const QString& a, const QString& b) const;
 };
 
-/// Makes both reachable by name.
+/// The texts of a plug-in in the language that the program speaks.
+class QrtTextes : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// What the program's own messages go through: the text of the key, or `defaut`, which is recorded for translators.
+    Q_INVOKABLE QString LangMsg(const QString& cle, const QString& defaut) const;
+};
+
+/// Makes all of them reachable by name.
 void InscrireScripts(ComposantsDuSysteme& composants);

@@ -41,7 +41,7 @@ void frmPlugins::List1_Click(const QListWidgetItem* ligne)
     m_ui->Label1->clear();
     m_ui->btLancePlugin->setEnabled(false);
     m_plugin = ligne ? std::make_unique<PluginAuTravail>(ligne->text()) : nullptr;
-    if (!m_plugin || !m_plugin->initme(m_fenetre.myqrt, PoigneeDe(m_fenetre), PluginAuTravail::Passage::ParReference))
+    if (!m_plugin || !Confier(m_fenetre, *m_plugin))
         return;
     m_ui->btLancePlugin->setEnabled(true);
     // The label knows one kind of line end.

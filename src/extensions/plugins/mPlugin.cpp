@@ -134,8 +134,10 @@ bool PluginAuTravail::initme(QrtClass& doc, int fenetre, Passage passage)
     if (!m_objet)
         return Reussi(u"PlugQRT."_s + m_nom);
     if (!m_document0) {
-        m_document0 = std::make_unique<FaceDocument>(doc);
-        m_document = m_document0.get();
+        auto face = std::make_unique<FaceDocument>(doc);
+        face->DemanderPourImages(m_question);
+        m_document = face.get();
+        m_document0 = std::move(face);
     }
     QObject* document = m_document;
     if (!Reussi(AppelerTardif(*m_objet, "initme", {document, fenetre})))
@@ -153,6 +155,11 @@ bool PluginAuTravail::showForm()
 bool PluginAuTravail::openFile(const QString& chemin)
 {
     return Appeler("openFile", chemin);
+}
+
+bool PluginAuTravail::EstAbandonne() const
+{
+    return m_document0 && m_document0->EstAbandonne();
 }
 
 bool PluginAuTravail::ExportToFile(const QString& chemin)

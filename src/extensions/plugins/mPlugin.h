@@ -2,6 +2,8 @@
 // needs them lists the folder and registers each library again.
 #pragma once
 
+#include "images/Bibliotheque.h"
+
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -9,6 +11,7 @@
 #include <memory>
 #include <optional>
 
+class FaceDocument;
 class QrtClass;
 
 /// How long a library's entry point may take, in milliseconds, before the program ends with it.
@@ -57,12 +60,16 @@ public:
     PluginAuTravail(const PluginAuTravail&) = delete;
     PluginAuTravail& operator=(const PluginAuTravail&) = delete;
 
+    /// Whom to ask, from initme on, before an image is deleted with its entry.
+    void DemanderPourImages(const QuestionSupprImg& question) { m_question = question; }
     /// Hands over the document and the handle of its window (0: none). By reference the plug-in may put another object
     /// in the document's place, which Document() then is. False when that failed, or there is no object.
     bool initme(QrtClass& doc, int fenetre, Passage passage);
     QObject* Document() const { return m_document; }
     bool showForm();
     bool openFile(const QString& chemin);
+    /// The plug-in said so: the user wants no new document after all.
+    bool EstAbandonne() const;
     bool ExportToFile(const QString& chemin);
 
     /// What frmPlugins shows of it; nothing where a property is missing.
@@ -73,7 +80,8 @@ private:
     bool Appeler(const char* membre, const QString& chemin);
 
     QString m_nom;
-    std::unique_ptr<QObject> m_document0; ///< the program's face of the document
+    QuestionSupprImg m_question;
+    std::unique_ptr<FaceDocument> m_document0; ///< the program's face of the document
     QObject* m_document = nullptr;
     std::unique_ptr<QObject> m_objet; // goes before the face that it knows
 };

@@ -5,6 +5,8 @@
 #include "support/PlateformeDeTest.h"
 #include "support/TableDeTest.h"
 
+#include <QFile>
+
 #include <gtest/gtest.h>
 
 #include <optional>
@@ -143,6 +145,42 @@ TEST_F(FacesTest, AnEntryThatWasRemovedIsForgotten)
     EXPECT_EQ(troisieme->property("Text").toString(), "");
 }
 
+TEST_F(FacesTest, ImagesOfManyEntriesGoThroughAtOnce)
+{
+    zelvane::Table table(face.get());
+    d->dossier.Ecrire(u"aja.png"_s, "x");
+    EXPECT_TRUE(table.EcrireImages(2, {u"aja.png"_s, u"ab|sente.jpg"_s}));
+    EXPECT_EQ(table.LireImages(1, 9), QStringList({u""_s, u"aja.png"_s, u"ab¦sente.jpg"_s}));
+    EXPECT_EQ(table.LireImages(0, 1), QStringList());
+    EXPECT_EQ(d->table.ListItems(2).SmallIcon(), "ico");
+    EXPECT_EQ(d->table.ListItems(3).SmallIcon(), "icoerror");
+    EXPECT_FALSE(table.EcrireImages(3, {u"a.png"_s, u"b.png"_s})) << "beyond the end";
+    EXPECT_FALSE(table.EcrireImages(0, {u"a.png"_s}));
+    EXPECT_EQ(d->table.ListItems(3).Tag(), u"ab¦sente.jpg"_s);
+    EXPECT_TRUE(table.EcrireImages(2, {QString()}));
+    EXPECT_EQ(d->table.ListItems(2).Tag(), "");
+    EXPECT_EQ(d->table.ListItems(2).SmallIcon(), "noico");
+}
+
+TEST_F(FacesTest, AnImageComesIntoTheFolderUnderANameOfItsOwn)
+{
+    const DossierDeTest ailleurs;
+    QObject* document = face.get();
+    EXPECT_EQ(zelvane::AjouterImage(document, ailleurs.Ecrire(u"un/photo.JPG"_s, "un")), "photo.JPG");
+    EXPECT_EQ(zelvane::AjouterImage(document, ailleurs.Ecrire(u"deux/photo.JPG"_s, "deux")), "0photo.JPG");
+    d->dossier.Ecrire(u"1photo.JPG"_s, "pris");
+    EXPECT_EQ(zelvane::AjouterImage(document, ailleurs.Ecrire(u"trois/photo.JPG"_s, "trois")), "2photo.JPG");
+    EXPECT_EQ(zelvane::AjouterImage(document, ailleurs.Ecrire(u"a|b.png"_s, "png")), "a_b.png");
+    EXPECT_EQ(d->dossier.Lire(u"photo.JPG"_s), "un");
+    EXPECT_EQ(d->dossier.Lire(u"0photo.JPG"_s), "deux");
+    EXPECT_EQ(d->dossier.Lire(u"1photo.JPG"_s), "pris");
+    EXPECT_EQ(d->dossier.Lire(u"2photo.JPG"_s), "trois");
+    EXPECT_EQ(zelvane::AjouterImage(document, ailleurs.Ecrire(u"Zelvane.qrt"_s, "x")), "") << "no image";
+    EXPECT_EQ(zelvane::AjouterImage(document, ailleurs.Fichier(u"absent.png"_s)), "");
+    EXPECT_EQ(zelvane::AjouterImage(document, QString()), "");
+    EXPECT_EQ(zelvane::AjouterImage(nullptr, QString()), "");
+}
+
 TEST_F(FacesTest, ManyRowsGoThroughAtOnce)
 {
     zelvane::Table table(face.get());
@@ -153,6 +191,11 @@ TEST_F(FacesTest, ManyRowsGoThroughAtOnce)
     EXPECT_EQ(table.LireLignes(4, 1), QStringList());
     EXPECT_EQ(table.LireLignes(0, 1), QStringList());
     EXPECT_EQ(table.LireLignes(2, 2147483647).size(), 4) << "more than there are";
+    d->table.ListItems(2).SetTag(u"bleu.png"_s);
+    EXPECT_EQ(table.LireImages(1, 9), QStringList({"", "bleu.png", ""}));
+    EXPECT_EQ(table.LireImages(2, 1), QStringList({"bleu.png"}));
+    EXPECT_EQ(table.LireImages(4, 1), QStringList());
+    EXPECT_EQ(table.LireImages(0, 1), QStringList());
     EXPECT_TRUE(table.AjouterLignes({"D", "d", "E", "e"}));
     EXPECT_EQ(ClesDe(d->table), QStringList({"k1", "k2", "k3", "k4", "k5"}));
     EXPECT_FALSE(table.AjouterLignes({"F", "f", "G"}));
@@ -164,6 +207,90 @@ TEST_F(FacesTest, ManyRowsGoThroughAtOnce)
     EXPECT_EQ(d->table.ListItems(4).Key(), "k6") << "k4 and k5 are still other entries'";
     EXPECT_TRUE(table.AjouterColonnes({"Trois"}));
     EXPECT_EQ(table.Colonnes(), 3);
+}
+
+TEST_F(FacesTest, SomeColumnsOfManyRowsAreReadAtOnce)
+{
+    const zelvane::Table table(face.get());
+    EXPECT_EQ(table.LireColonnes({2}, 2, 9), QStringList({"Joni Mitchell", "Chet Baker"}));
+    EXPECT_EQ(table.LireColonnes({2, 1, 2}, 1, 1), QStringList({"Steely Dan", "Aja", "Steely Dan"}));
+    EXPECT_EQ(table.LireColonnes({1, 3}, 1, 1), QStringList()) << "there is no third one";
+    EXPECT_EQ(table.LireColonnes({1}, 4, 1), QStringList());
+    EXPECT_EQ(table.LireColonnes({1}, 0, 1), QStringList());
+    EXPECT_EQ(table.LireColonnes({}, 1, 1), QStringList());
+    d.reset();
+    EXPECT_EQ(table.LireColonnes({1}, 1, 1), QStringList());
+}
+
+TEST_F(FacesTest, ADeletionAsksAboutTheImagesThatNoEntryKeeps)
+{
+    AjouterEntrees(d->table, {{"Dune", ""}, {"Emma", ""}, {"Faust", ""}});
+    for (const char* nom : {"un.png", "deux.png", "commune.png", "trois.png"})
+        d->dossier.Ecrire(QString::fromLatin1(nom), "x");
+    const QStringList images = {"un.png", "deux.png", "commune.png", "commune.png", "deux.png", "trois.png"};
+    for (int i = 1; i <= 6; ++i)
+        d->table.ListItems(i).SetTag(images[i - 1]);
+    QStringList demandees;
+    face->DemanderPourImages([&](const QString& chemin) {
+        EXPECT_EQ(d->table.ListItems.Count(), 6) << "the entry is still there";
+        demandees.append(chemin);
+        return demandees.size() == 1 ? SupprImgNon : SupprImgOui;
+    });
+    d->doc.IlFautSauver = false;
+    zelvane::Table table(face.get());
+    EXPECT_EQ(table.SupprimerLignes({3, 1, 5, 2, 2, 0, 99}), 4);
+    EXPECT_EQ(ColonneDe(d->table, 1), QStringList({"Dune", "Faust"}));
+    EXPECT_EQ(demandees, QStringList({d->dossier.Fichier(u"un.png"_s), d->dossier.Fichier(u"deux.png"_s)}))
+        << "each once; not that of an entry that stays";
+    EXPECT_TRUE(QFile::exists(d->dossier.Fichier(u"un.png"_s))) << "the answer was no";
+    EXPECT_FALSE(QFile::exists(d->dossier.Fichier(u"deux.png"_s)));
+    EXPECT_TRUE(QFile::exists(d->dossier.Fichier(u"commune.png"_s)));
+    EXPECT_TRUE(d->doc.IlFautSauver);
+}
+
+TEST_F(FacesTest, OneAnswerMayStandForAllImagesOfADeletion)
+{
+    for (int i = 1; i <= 3; ++i) {
+        d->dossier.Ecrire(u"%1.png"_s.arg(i), "x");
+        d->table.ListItems(i).SetTag(u"%1.png"_s.arg(i));
+    }
+    int demandes = 0;
+    face->DemanderPourImages([&](const QString&) {
+        ++demandes;
+        return SupprImgOuiTous;
+    });
+    EXPECT_EQ(zelvane::Table(face.get()).SupprimerLignes({1, 2}), 2);
+    EXPECT_EQ(demandes, 1);
+    EXPECT_FALSE(QFile::exists(d->dossier.Fichier(u"2.png"_s)));
+    EXPECT_EQ(zelvane::Table(face.get()).SupprimerLignes({1}), 1);
+    EXPECT_EQ(demandes, 2) << "asked anew by the next deletion";
+}
+
+TEST_F(FacesTest, ImagesStayWhereNobodyIsAsked)
+{
+    d->dossier.Ecrire(u"un.png"_s, "x");
+    d->table.ListItems(1).SetTag(u"un.png"_s);
+    EXPECT_EQ(zelvane::Table(face.get()).SupprimerLignes({1}), 1);
+    EXPECT_TRUE(QFile::exists(d->dossier.Fichier(u"un.png"_s)));
+    d->doc.IlFautSauver = false;
+    EXPECT_EQ(zelvane::Table(face.get()).SupprimerLignes({7}), 0);
+    EXPECT_FALSE(d->doc.IlFautSauver) << "nothing was deleted";
+}
+
+TEST_F(FacesTest, ADocumentThatGoesWhileItsUserIsAskedIsLeftAlone)
+{
+    for (int i = 1; i <= 2; ++i) {
+        d->dossier.Ecrire(u"%1.png"_s.arg(i), "x");
+        d->table.ListItems(i).SetTag(u"%1.png"_s.arg(i));
+    }
+    int demandes = 0;
+    face->DemanderPourImages([&](const QString&) {
+        ++demandes;
+        d.reset();
+        return SupprImgNon;
+    });
+    EXPECT_EQ(zelvane::Table(face.get()).SupprimerLignes({1, 2}), 0);
+    EXPECT_EQ(demandes, 1);
 }
 
 TEST_F(FacesTest, ColumnsAndTheOrderAreTheTables)

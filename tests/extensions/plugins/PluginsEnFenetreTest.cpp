@@ -14,6 +14,26 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+std::unique_ptr<DocumentDeTest> s_document;
+
+/// An exporter that lets events run, in which the end of the session closes the document.
+class ExporteurPendantLaFin : public QObject
+{
+    Q_OBJECT
+
+public:
+    Q_INVOKABLE void initme(QObject* document, int) { m_document = document; }
+    Q_INVOKABLE void ExportToFile(const QString&)
+    {
+        s_document.reset();
+        if (m_document->property("ItemsCount").toInt() != 0)
+            throw std::runtime_error("still there");
+    }
+
+private:
+    QObject* m_document = nullptr;
+};
+
 class PluginsEnFenetreTest : public testing::Test
 {
 protected:
@@ -51,6 +71,20 @@ TEST_F(PluginsEnFenetreTest, OneThatOpensAddsItsTypeAndFillsANewDocument)
     fichiers.Preparer({chemin}, 4);
     OuvrirDialogue(cadre);
     EXPECT_EQ(cadre.fenetres.size(), 2) << "such a document is never open already";
+}
+
+TEST_F(PluginsEnFenetreTest, OneThatTheUserGaveUpLeavesNoWindow)
+{
+    DossierDePlugins::Mettre(u"fichiers"_s);
+    fichiers.Preparer({fichiersDeTest.Ecrire(u"a.lst"_s, "renoncer\n")}, 4);
+    fichiers.PreparerAnnulation();
+    OuvrirDialogue(cadre);
+    EXPECT_EQ(fichiers.Demandes().size(), 2) << "the open dialog comes back";
+    EXPECT_TRUE(cadre.fenetres.empty());
+    EXPECT_TRUE(reponses.Cles().isEmpty()) << "no failure";
+    FenetreDocument& fenetre = cadre.NouvelleFenetre();
+    EXPECT_FALSE(ouvreurs.Ouvrir(u"fichiers"_s, fenetre, fichiersDeTest.Fichier(u"a.lst"_s)));
+    EXPECT_FALSE(fenetre.myqrt.IlFautSauver) << "its window asks no question when it goes";
 }
 
 TEST_F(PluginsEnFenetreTest, TheLinesOfCellsAreAsInTheWindowInFront)
@@ -106,3 +140,15 @@ TEST_F(PluginsEnFenetreTest, AWriterThatFailsIsTold)
     exporteurs.Exporter(u"leve"_s, d.doc, fichiersDeTest.Fichier(u"a.out"_s));
     EXPECT_EQ(reponses.Cles(), QStringList({"msgPluginEchec"}));
 }
+
+TEST_F(PluginsEnFenetreTest, ADocumentThatIsClosedMeanwhileIsNotTouchedAgain)
+{
+    dossier.composants.Inscrire(u"PlugQRT.fin"_s, []() -> QObject* { return new ExporteurPendantLaFin; });
+    s_document = std::make_unique<DocumentDeTest>();
+    AjouterEntrees(s_document->table, {{"Aja"}});
+    exporteurs.Exporter(u"fin"_s, s_document->doc, fichiersDeTest.Fichier(u"a.out"_s));
+    EXPECT_EQ(s_document, nullptr);
+    EXPECT_TRUE(reponses.Affiches().isEmpty());
+}
+
+#include "PluginsEnFenetreTest.moc"

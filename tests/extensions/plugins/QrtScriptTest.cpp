@@ -1,7 +1,10 @@
 #include "extensions/plugins/QrtScript.h"
 
+#include "extensions/langue/modLang.h"
 #include "platform/ComposantsDuSysteme.h"
+#include "support/DossierDeTest.h"
 #include "support/Impression.h"
+#include "support/PlateformeDeTest.h"
 
 #include <gtest/gtest.h>
 
@@ -36,4 +39,20 @@ TEST(QrtScript, BothAreMadeByName)
         QMetaObject::invokeMethod(script.get(), "UrlEncode", Q_RETURN_ARG(QString, adresse), Q_ARG(QString, u"a b"_s)));
     EXPECT_EQ(adresse, "a+b");
     EXPECT_TRUE(qobject_cast<QRTWebScript*>(composants.Creer(u"QRTWebScript"_s).get()));
+}
+
+TEST(QrtTextes, SpeakTheLanguageInForce)
+{
+    const DossierDeTest& dossier = PlateformeDeTest::Courante().dossier;
+    FichierLangue = dossier.Ecrire("lang/english.ini", "[other]\r\nplugAUn=One\r\n");
+    ComposantsDuSysteme composants;
+    InscrireScripts(composants);
+    const auto textes = composants.Creer(u"QrtTextes"_s);
+    ASSERT_TRUE(textes);
+    for (const auto& [cle, texte] : {std::pair(u"plugAUn"_s, u"One"_s), std::pair(u"plugADeux"_s, u"d"_s)}) {
+        QString lu;
+        EXPECT_TRUE(QMetaObject::invokeMethod(textes.get(), "LangMsg", Q_RETURN_ARG(QString, lu), Q_ARG(QString, cle),
+                                              Q_ARG(QString, u"d"_s)));
+        EXPECT_EQ(lu, texte);
+    }
 }

@@ -94,7 +94,7 @@ public:
         m_document->setProperty("ScriptChemin", m_fenetre != 0 ? "avec fenetre" : "sans fenetre");
     }
 #endif
-    /// One row a line of the file, under two columns.
+    /// One row a line of the file, under two columns. A first line "renoncer" says that the user does not want it.
     Q_INVOKABLE void openFile(const QString& chemin)
     {
         QFile fichier(chemin);
@@ -108,6 +108,9 @@ public:
             cellules << ligne << QString::number(ligne.size());
         }
         table.AjouterLignes(cellules);
+        m_document->setProperty("IlFautSauver", true);
+        if (cellules.startsWith(QStringLiteral("renoncer")))
+            zelvane::Abandonner(m_document);
     }
     /// The table's first column, and the class for scripts.
     Q_INVOKABLE void ExportToFile(const QString& chemin)
