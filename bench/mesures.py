@@ -3,10 +3,12 @@
 
 Parts are measured by the Google Benchmark programs bench_moteur (engine), bench_fenetre (table view), bench_entrees
 (commands on all entries), bench_colonnes (very many columns), bench_archive (a catalogue with images), bench_prets
-(lending) and bench_echange (copy and paste), whole commands as processes. Everything is done several times and the quickest counts, on both sides of a ratio: what is slower was
-disturbed by something else. Called by scripts/bench; see docs/performance.md.
+(lending), bench_echange (copy and paste), bench_plugins (windows with plug-ins), bench_exports, bench_csv and
+bench_doublons (plug-ins that come with the program), whole commands as processes. Everything is done several times and the quickest counts, on both sides
+of a ratio: what is slower was disturbed by something else. Called by scripts/bench; see docs/performance.md.
 """
 import argparse
+import csv
 import datetime
 import json
 import os
@@ -58,7 +60,9 @@ class Inputs:
         self.tenth = self._make_tenth(f"dixieme-{entries}.txt")
         self.boxes = self._make_boxes(f"coffrets-{entries}.qrt", entries // 100)
         self.many_columns = self._make_columns("colonnes-20000.qrt", columns=20_000, entries=10)
+        self.csv = self._make_csv(f"tableau-{entries}.csv")
         self.pdf = folder / "pages.pdf"
+        self.output = MEMORY / f"zelvane-bench-sortie-{os.getpid()}"
         self.images = images
         self.text_with_images = folder / "images.txt"
         self.archive = self._make_archive(f"images-{images}.qrt", images)
@@ -92,6 +96,17 @@ class Inputs:
             database.execute(f"create table entrees ({', '.join(f'c{i} text' for i in range(len(rows[0])))})")
             database.executemany(f"insert into entrees values ({', '.join('?' * len(rows[0]))})", rows)
         database.close()
+        return path
+
+    def _make_csv(self, name):
+        """The entries in order as a table in CSV, with quotes where they are needed."""
+        path = self.folder / name
+        lines = self.sorted.read_bytes().partition(b"[ListItems]\r\n")[2].decode("cp1252").split("\r\n")[1:-1]
+        rows = [line.partition("=")[2].split("|")[:-1] for line in lines]
+        with open(path, "w", encoding="utf-8", newline="") as table:
+            writer = csv.writer(table)
+            writer.writerow([f"Colonne {i}" for i in range(len(rows[0]))])
+            writer.writerows(rows)
         return path
 
     def _make_lent(self, name):
@@ -171,7 +186,8 @@ class Parts:
                        "ZELVANE_BENCH_DESORDRE": str(inputs.shuffled), "ZELVANE_BENCH_ARCHIVE": str(inputs.archive),
                        "ZELVANE_BENCH_TEXTE": inputs.rare_text, "ZELVANE_BENCH_CHANGE": str(inputs.changed),
                        "ZELVANE_BENCH_PRETE": str(inputs.lent), "ZELVANE_BENCH_PDF": str(inputs.pdf),
-                       "ZELVANE_BENCH_COFFRETS": str(inputs.boxes)}
+                       "ZELVANE_BENCH_COFFRETS": str(inputs.boxes), "ZELVANE_BENCH_SORTIE": str(inputs.output),
+                       "ZELVANE_BENCH_CSV": str(inputs.csv)}
         subprocess.run([str(part) for part in command], check=True, env=environment, stdin=subprocess.DEVNULL,
                        stdout=subprocess.DEVNULL)
         runs = json.loads(out.read_text())["benchmarks"]
@@ -321,6 +337,59 @@ def measure_exchange(table, inputs, exchange, times):
                 exchange.seconds("Trier"), 1.5)
 
 
+def measure_plugins(table, plugins):
+    """The rows of a document window with a folder full of plug-ins."""
+    alone = plugins.seconds("FenetreSansPlugin")
+    table.more("a first window with 20 plug-ins", plugins.seconds("PremiereFenetre"), "a window without", alone, 0.1)
+    table.more("a further window with them", plugins.seconds("FenetresSuivantes"), "a window without", alone, 0.1)
+
+
+def json_of(inputs, times):
+    """Seconds that Python takes to make the entries JSON and to write that, by its encoder in C."""
+    head, _, rest = inputs.sorted.read_bytes().decode("cp1252").partition("[ListItems]\r\n")
+    titles = [line.partition("=")[2].split("|")[0] for line in head.split("\r\n") if line.startswith("Colum")]
+    rows = [dict(zip(titles, line.partition("=")[2].split("|"))) for line in rest.split("\r\n")[1:-1]]
+    best = float("inf")
+    for _ in range(times):
+        start = time.perf_counter()
+        (inputs.output / "python.json").write_text(json.dumps({"entrees": rows}, ensure_ascii=False), encoding="utf-8")
+        best = min(best, time.perf_counter() - start)
+    return best
+
+
+def measure_added_exports(table, inputs, exports, times):
+    """The rows of the exporters that come as plug-ins. Both sides write files in memory."""
+    content, zipped = inputs.output / "content.xml", inputs.output / "content.zip"
+    content.write_bytes(zipfile.ZipFile(inputs.output / "bench.ods").read("content.xml"))
+    zip1 = quickest(["zip", "-q", "-1", zipped, content], times, before=lambda: zipped.unlink(missing_ok=True))
+    table.ratio("export to JSON", exports.seconds("ExporterEnJson"), "json.dumps of Python, written",
+                json_of(inputs, times), 1)
+    table.ratio("export to a spreadsheet", exports.seconds("ExporterEnOds"), "zip -1 of its content.xml", zip1, 2.5)
+    for kind, name in (("JSON", "ExporterEnJson"), ("a spreadsheet", "ExporterEnOds")):
+        table.memory(f"memory of an export to {kind} beside the table, at its peak",
+                     exports.counter(name, "octets") / 1e6, 16)
+
+
+def measure_csv(table, inputs, opened, times):
+    """The rows of a table of text that its plug-in opens."""
+    reading = "import csv, sys; rows = list(csv.reader(open(sys.argv[1], encoding='utf-8', newline='')))"
+    python = quickest(["/usr/bin/python3", "-c", reading, inputs.csv], times)
+    table.ratio("open a table in CSV", opened.seconds("OuvrirUnTableau"), "Python's csv.reader, rows kept", python, 1.5)
+    table.ratio("memory of that table", opened.counter("OuvrirUnTableau", "octets") / 1e6, "the file",
+                inputs.csv.stat().st_size / 1e6, 3, show="{:.1f} MB")
+
+
+def measure_duplicates(table, inputs, duplicates, times):
+    """The rows of the search for duplicates by two columns."""
+    columns = inputs.folder / "deux-colonnes.txt"
+    with open(columns, "wb") as out:
+        subprocess.run(["paste", inputs.column_sorted_by, inputs.other_column], check=True, stdout=out)
+    sort = quickest(["sort", columns], times, env=FRENCH)
+    table.ratio("equal entries by two columns", duplicates.seconds("DoublonsEgaux"), "GNU sort of them", sort, 1)
+    table.ratio("nearly equal entries by two columns", duplicates.seconds("DoublonsPresqueEgaux"), "GNU sort of them",
+                sort, 8)
+
+
 def measure_comm(inputs, times):
     """Seconds of comm on the columns of two catalogues, sorted."""
     ordered = []
@@ -448,12 +517,24 @@ def main():
     images = Parts((given.programmes / "bench_archive").resolve(), inputs, times, short=given.rapide)
     lending = Parts((given.programmes / "bench_prets").resolve(), inputs, times, short=given.rapide)
     exchange = Parts((given.programmes / "bench_echange").resolve(), inputs, times, short=given.rapide)
-    table = measure(inputs, engine, window, commands, cli, times)
+    plugins = Parts((given.programmes / "bench_plugins").resolve(), inputs, times, short=given.rapide)
+    duplicates = Parts((given.programmes / "bench_doublons").resolve(), inputs, times, short=given.rapide)
+    opened = Parts((given.programmes / "bench_csv").resolve(), inputs, times, short=given.rapide)
+    inputs.output.mkdir()
+    try:
+        exports = Parts((given.programmes / "bench_exports").resolve(), inputs, times, short=given.rapide)
+        table = measure(inputs, engine, window, commands, cli, times)
+        measure_added_exports(table, inputs, exports, times)
+    finally:
+        shutil.rmtree(inputs.output)
     measure_exports(table, inputs, engine, cli, times)
     measure_printing(table, inputs, printing, times)
     measure_columns(table, inputs, columns, cli, times)
     measure_lending(table, inputs, lending, times)
     measure_exchange(table, inputs, exchange, times)
+    measure_plugins(table, plugins)
+    measure_csv(table, inputs, opened, times)
+    measure_duplicates(table, inputs, duplicates, times)
     measure_archive(table, inputs, images, times)
 
     describe_machine(inputs, entries)

@@ -1,8 +1,11 @@
 """Exports and the report of loans, as the user asks for them; the files are read back by foreign tools."""
 import csv
+import json
+import shutil
 import subprocess
+import unittest
 
-from zelvane_e2e import ProgramTest, wait_until, write_catalogue
+from zelvane_e2e import PROGRAM, ProgramTest, wait_until, write_catalogue
 
 TITLES = ["Titre", "Artiste", "Année", "Prêté"]
 ENTRIES = [["Abbey Road", "Beatles", "1969", "Ida - 01/02/2026", ""], ["Été & hiver <live>", "Céleste", "1999", "", ""],
@@ -11,9 +14,9 @@ ENTRIES = [["Abbey Road", "Beatles", "1969", "Ida - 01/02/2026", ""], ["Été & 
 
 class Exporting(ProgramTest):
 
-    def open(self):
+    def open(self, home=None):
         self.path = write_catalogue(self.folder() / "disques.qrt", TITLES, ENTRIES)
-        program = self.start(self.path)
+        program = self.start(self.path, home=home)
         program.table()
         return program
 
@@ -71,6 +74,37 @@ class Exporting(ProgramTest):
                 self.assertIn(entry[0].partition(" <")[0], text)
 
         self.assertEqual(self.path.read_bytes(), before)
+        self.assertEqual(program.log.read_text(), "")
+
+    def open_with_exporters(self):
+        """With the plug-ins that come with the program."""
+        home = self.session.new_home()
+        folder = home / "programme" / "plugins"
+        for part in (home / "programme", folder):
+            part.mkdir(mode=0o700, exist_ok=True)
+        for name in ("ExporterJson.dll", "ExporterOds.dll"):
+            shutil.copyfile(PROGRAM.parent.parent / "share" / "zelvane" / "plugins" / name, folder / name)
+            (folder / name).chmod(0o700)
+        return self.open(home)
+
+    def test_json_is_read_by_python(self):
+        program = self.open_with_exporters()
+        read = json.loads(self.export("liste.json", 5).read_text(encoding="utf-8"))
+        self.assertEqual([column["titre"] for column in read["colonnes"]], TITLES)
+        self.assertEqual(read["colonnePrete"], "Prêté")
+        self.assertEqual([list(entry.values()) for entry in read["entrees"]], [entry[:4] for entry in ENTRIES])
+        self.assertEqual(program.log.read_text(), "")
+
+    @unittest.skipUnless(shutil.which("soffice"), "no LibreOffice here")
+    def test_a_spreadsheet_is_read_by_libreoffice(self):
+        program = self.open_with_exporters()
+        sheet = self.export("liste.ods", 6)
+        subprocess.run(["soffice", f"-env:UserInstallation=file://{self.folder()}/bureau", "--headless", "--convert-to",
+                        "csv:Text - txt - csv (StarCalc):44,34,76", "--outdir", sheet.parent, sheet], check=True,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        with sheet.with_suffix(".csv").open(encoding="utf-8", newline="") as file:
+            rows = list(csv.reader(file))
+        self.assertEqual(rows, [TITLES] + [entry[:4] for entry in ENTRIES])
         self.assertEqual(program.log.read_text(), "")
 
     def test_the_selection_goes_out_alone(self):
