@@ -4,6 +4,7 @@
 #include "catalogue/archive/ccZip.h"
 #include "catalogue/archive/mZipDLLProc.h"
 #include "catalogue/texte/TypeFichier.h"
+#include "platform/Plateforme.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -56,6 +57,8 @@ struct Atelier
         static char nom[] = "fuzz_archive";
         static char* argv[] = {nom, nullptr};
         static QCoreApplication application(argc, argv);
+        qputenv("ZELVANE_DOSSIER", programme.path().toUtf8());
+        static const PlateformeReelle plateformeReelle; // texts of questions are looked up in its files
         Vider();
     }
 
@@ -86,6 +89,7 @@ struct Atelier
     }
 
     QTemporaryDir dossier;
+    QTemporaryDir programme;
 };
 
 struct Extrait

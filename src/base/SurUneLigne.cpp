@@ -25,5 +25,7 @@ QString SurUneLigne(QString texte)
 
 QString SansSeparateurs(const QString& texte)
 {
+    if (std::none_of(texte.cbegin(), texte.cend(), [](QChar c) { return c == u'|' || EstSaut(c); }))
+        return texte;
     return SurUneLigne(texte).replace(u'|', u'\u00A6'); // the broken bar is in the code page
 }

@@ -2,6 +2,7 @@
 
 #include "base/Const_Vrac.h"
 #include "extensions/langue/LangForm.h"
+#include "extensions/langue/modLang.h"
 #include "kit/Icones.h"
 #include "ui_frmDragAndDrop.h"
 
@@ -45,8 +46,8 @@ void frmDragAndDrop::OrdonnerTouches()
 
 void frmDragAndDrop::Remplir(const Correspondance& rangs)
 {
-    m_table.ColumnHeaders.Add(0, u"Départ"_s);
-    m_table.ColumnHeaders.Add(0, u"Arrivée"_s);
+    m_table.ColumnHeaders.Add(0, LangMsg(u"msgDepart"_s, u"Départ"_s));
+    m_table.ColumnHeaders.Add(0, LangMsg(u"msgArrivee"_s, u"Arrivée"_s));
     for (qsizetype i = 0; i < rangs.Rangs(); ++i)
         m_table.ListItems.Add(0, QString(), QString()).EcrireValeurs({rangs.departs[i], rangs.arrivees[i]});
 }

@@ -132,6 +132,14 @@ bool frmView::event(QEvent* event)
     return QDialog::event(event);
 }
 
+void frmView::changeEvent(QEvent* event)
+{
+    QDialog::changeEvent(event);
+    // A style sheet keeps the colours of the theme that it was set in.
+    if (event->type() == QEvent::PaletteChange)
+        m_ui->Degrade->setStyleSheet(m_ui->Degrade->styleSheet());
+}
+
 void frmView::showEvent(QShowEvent* event)
 {
     QDialog::showEvent(event);

@@ -3,6 +3,7 @@
 #include "base/AfficherMsg.h"
 #include "base/Const_Vrac.h"
 #include "extensions/langue/LangForm.h"
+#include "extensions/langue/modLang.h"
 #include "kit/Icones.h"
 #include "lending/MessagesDuPret.h"
 #include "lending/frmContacts2.h"
@@ -28,8 +29,8 @@ frmContacts::frmContacts(QWidget* parent)
     m_ui->btSupprContact->setIcon(Icone(u"delentree"_s));
     m_ui->btOK->setIcon(Icone(u"ok"_s));
     m_ui->btAnnuler->setIcon(Icone(u"annuler"_s));
-    m_table.ColumnHeaders.Add(0, u"Nom"_s).SetWidth(LargeurNom);
-    m_table.ColumnHeaders.Add(0, u"Email"_s).SetWidth(LargeurEmail);
+    m_table.ColumnHeaders.Add(0, LangMsg(u"msgContactNom"_s, u"Nom"_s)).SetWidth(LargeurNom);
+    m_table.ColumnHeaders.Add(0, LangMsg(u"msgContactEmail"_s, u"Email"_s)).SetWidth(LargeurEmail);
     Remplir();
     m_ui->ListView1->Afficher(m_table);
     m_ui->ListView1->horizontalHeader()->setSectionsClickable(false); // the list keeps the order of the file
@@ -94,7 +95,7 @@ void frmContacts::Supprimer()
     const int ligne = LigneChoisie();
     if (ligne == 0)
         return;
-    const Message question(u"Voulez-vous supprimer le contact selectionné?"_s);
+    const Message question = LangMsg(u"msgContactSupprimer"_s, u"Voulez-vous supprimer le contact selectionné?"_s);
     if (AfficherMsg(question, MsgOuiNonAnnuler, QString()) == RepOui)
         m_table.ListItems.Remove(ligne);
 }
@@ -112,21 +113,24 @@ bool frmContacts::ADestinataire()
 {
     const int ligne = LigneChoisie();
     if (ligne == 0) {
-        AfficherMsg(Message(u"Veuillez selectionner le contact à qui vous voulez envoyer un email"_s), MsgOk,
-                    QString());
+        AfficherMsg(
+            LangMsg(u"msgContactAChoisir"_s, u"Veuillez selectionner le contact à qui vous voulez envoyer un email"_s),
+            MsgOk, QString());
         return false;
     }
     const auto aUneAdresse = [&] { return !m_table.ListItems(ligne).SubItems(1).isEmpty(); };
     if (aUneAdresse())
         return true;
-    const Message question(u"L'e-mail de votre contact n'a pas été defini,\nVoulez vous le definir maintenant ?"_s);
+    const Message question =
+        LangMsg(u"msgContactSansEmail"_s,
+                u"L'e-mail de votre contact n'a pas été defini,\nVoulez vous le definir maintenant ?"_s);
     if (AfficherMsg(question, MsgOuiNonAnnuler, QString()) != RepOui)
         return false;
     Editer();
     if (aUneAdresse())
         return true;
-    AfficherMsg(Message(u"Vous n'avez toujours pas defini l'email de votre contact."_s), MsgOk,
-                u"Action en attente !"_s);
+    AfficherMsg(LangMsg(u"msgContactEncoreSansEmail"_s, u"Vous n'avez toujours pas defini l'email de votre contact."_s),
+                MsgOk, LangMsg(u"msgContactAttente"_s, u"Action en attente !"_s));
     return false;
 }
 

@@ -3,6 +3,7 @@
 #include "base/AfficherMsg.h"
 #include "catalogue/table/MyLV.h"
 #include "extensions/langue/LangForm.h"
+#include "extensions/langue/modLang.h"
 #include "kit/Icones.h"
 #include "kit/ValideurDeLigne.h"
 #include "ui_frmContacts2.h"
@@ -31,7 +32,7 @@ void frmContacts2::Editer(int ligne)
 {
     Tag = QString::number(ligne);
     setWindowTitle(u"Editer un Contact"_s);
-    m_ui->Label1->setText(u"Tapez le &nom de votre contact"_s);
+    m_ui->Label1->setText(LangMsg(u"msgContactNomAChanger"_s, u"Tapez le &nom de votre contact"_s));
     m_ui->Text2->setText(m_table.ListItems(ligne).Text());
     m_ui->Text1->setText(m_table.ListItems(ligne).SubItems(1));
 }

@@ -19,7 +19,6 @@ frmPreter::frmPreter(const QString& zelvaneIni, QWidget* parent)
     m_ui->btAnnuler->setIcon(Icone(u"annuler"_s));
     m_ui->noms->setCompleter(nullptr); // what is typed stands as it is typed
     m_ui->noms->setValidator(new ValideurDeLigne(this));
-    m_ui->noms->lineEdit()->setAccessibleName(m_ui->Label1->text().remove(u'&'));
     m_ui->Text1->setValidator(new ValideurDeLigne(this));
 
     CreerFichierDesContacts(zelvaneIni);
@@ -41,6 +40,7 @@ frmPreter::frmPreter(const QString& zelvaneIni, QWidget* parent)
     connect(m_ui->btMettreAJour, &QPushButton::clicked, this, &frmPreter::Valider);
     connect(m_ui->btAnnuler, &QPushButton::clicked, this, &QDialog::reject);
     LangForm(*this);
+    m_ui->noms->lineEdit()->setAccessibleName(m_ui->Label1->text().remove(u'&'));
     m_ui->noms->setFocus();
     DireContactsManquants(lus);
 }

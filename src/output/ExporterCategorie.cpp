@@ -32,9 +32,15 @@ ExporteursAjoutes* s_exporteurs = nullptr;
 enum TypeDExport { TypeQuelconque = 1, TypeAvecImages, TypeSansImages, TypeTexte, TypeCsv, TypeTabulations };
 
 // The label of the fifth says comma, and semicolons are written. It is meant.
-constexpr QStringView Filtre = u"(*.*)|*.*|Internet files with images|*.htm|Internet files without images(*.htm)|*.htm|"
-                               u"text file (*.txt)|*.txt|csv file (séparateur virgule)(*.csv)|*.csv|"
-                               u"text file (tabulation)|*.txt";
+QList<TypeDeFichier> TypesDuProgramme()
+{
+    return {{u"(*.*)"_s, u"*.*"_s},
+            {LangMsg(u"msgExportAvecImages"_s, u"Internet files with images"_s), u"*.htm"_s},
+            {LangMsg(u"msgExportSansImages"_s, u"Internet files without images(*.htm)"_s), u"*.htm"_s},
+            {LangMsg(u"msgExportTexte"_s, u"text file (*.txt)"_s), u"*.txt"_s},
+            {LangMsg(u"msgExportCsv"_s, u"csv file (séparateur virgule)(*.csv)"_s), u"*.csv"_s},
+            {LangMsg(u"msgExportTabulations"_s, u"text file (tabulation)"_s), u"*.txt"_s}};
+}
 
 /// What the user wants exported, and how it is shown then.
 struct Choix
@@ -62,7 +68,7 @@ struct Cible
 };
 
 /// Their names go behind each other from 1 on, with an empty one at either end; returned is what their types add to the
-/// filter.
+/// filter, each behind a bar.
 QString ChercherExporteurs()
 {
     QString filtre;
@@ -79,7 +85,7 @@ std::optional<Cible> DemanderFichier()
     DemandeFichier demande;
     const QString dossier = LireOption(Options::ExportInitDir);
     demande.depart = dossier.isEmpty() ? DossierProgramme() : dossier;
-    demande.types = TypesDuFiltre(Filtre.toString() + ChercherExporteurs());
+    demande.types = TypesDuProgramme() + TypesDuFiltre(ChercherExporteurs().mid(1));
     demande.type = TypeAvecImages;
     const std::optional<ReponseFichier> reponse = DialogueEnregistrer(demande);
     if (!reponse || reponse->fichiers.isEmpty())

@@ -144,12 +144,26 @@ void Comptes::NoterDate(Emprunteur& emprunteur, QByteArrayView date)
         prendre(emprunteur.plusRecent);
 }
 
-QStringList LignesDe(const Emprunteur& emprunteur)
+/// A label has no blanks in front of it: a language file would lose them.
+QString Ligne(const QString& libelle, const QString& valeur)
+{
+    return u"  "_s + libelle + valeur;
+}
+
+/// What stands before the values of each borrower, looked up once.
+struct LibellesDEmprunteur
+{
+    QString nombre = LangMsg(u"msgStatNombre"_s, u"Nb entrées prêtées(dépendance):"_s);
+    QString plusAncien = LangMsg(u"msgStatPlusAncien"_s, u"Date plus vieux prêt:"_s);
+    QString plusRecent = LangMsg(u"msgStatPlusRecent"_s, u"Date du plus récent:"_s);
+};
+
+QStringList LignesDe(const Emprunteur& emprunteur, const LibellesDEmprunteur& libelles)
 {
     return {u'[' + PageDeCode::DeUtf8(emprunteur.nom) + u']',
-            u"  Nb entrées prêtées(dépendance):"_s + QString::number(emprunteur.nombre),
-            u"  Date plus vieux prêt:"_s + PageDeCode::DeUtf8(emprunteur.plusAncien.date),
-            u"  Date du plus récent:"_s + PageDeCode::DeUtf8(emprunteur.plusRecent.date)};
+            Ligne(libelles.nombre, QString::number(emprunteur.nombre)),
+            Ligne(libelles.plusAncien, PageDeCode::DeUtf8(emprunteur.plusAncien.date)),
+            Ligne(libelles.plusRecent, PageDeCode::DeUtf8(emprunteur.plusRecent.date))};
 }
 
 } // namespace
@@ -158,18 +172,21 @@ QString RapportDesPrets(const QrtClass& doc)
 {
     Comptes comptes(doc);
     comptes.Compter();
-    QStringList lignes{u"Zelvane v2.2 by Morvenal"_s,
-                       u"^^^^^^^^^^^^^^"_s,
-                       u"___________________________________"_s,
-                       NomLisible(doc.filename()),
-                       u"___________________________________"_s,
-                       QString(),
-                       u"[Total]"_s,
-                       u"  Nombre d'entrées(sans dépendance):"_s + QString::number(doc.ItemsCount()),
-                       u"  Nombre d'entrées pretées(dépendance):"_s + QString::number(comptes.Total()),
-                       QString()};
+    QStringList lignes{
+        u"Zelvane v2.2 by Morvenal"_s,
+        u"^^^^^^^^^^^^^^"_s,
+        u"___________________________________"_s,
+        NomLisible(doc.filename()),
+        u"___________________________________"_s,
+        QString(),
+        u"[Total]"_s,
+        Ligne(LangMsg(u"msgStatEntrees"_s, u"Nombre d'entrées(sans dépendance):"_s), QString::number(doc.ItemsCount())),
+        Ligne(LangMsg(u"msgStatPretees"_s, u"Nombre d'entrées pretées(dépendance):"_s),
+              QString::number(comptes.Total())),
+        QString()};
+    const LibellesDEmprunteur libelles;
     for (const Emprunteur& emprunteur : comptes.Emprunteurs())
-        lignes += LignesDe(emprunteur);
+        lignes += LignesDe(emprunteur, libelles);
     if (comptes.SansPlace() > 0)
         lignes += LangMsg(u"msgEmprunteurs"_s, u"Emprunteurs qui n'ont pas trouvé place dans ce rapport : %1"_s)
                       .Remplacer(u"%1"_s, QString::number(comptes.SansPlace()));

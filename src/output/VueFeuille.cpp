@@ -37,6 +37,7 @@ VueFeuille::VueFeuille(QWidget* parent)
     LV1->setObjectName(u"LV1"_s);
     // Paper is white in every theme.
     QPalette encre = palette();
+    encre.setColor(QPalette::Window, Qt::white);
     encre.setColor(QPalette::WindowText, Qt::black);
     for (QLabel* label : {NomCat, Page}) {
         label->setPalette(encre);

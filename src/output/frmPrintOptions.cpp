@@ -115,7 +115,7 @@ void frmPrintOptions::Parcourir()
 {
     DemandeFichier demande;
     demande.depart = LireOption(Options::ImgInitDir);
-    demande.types = TypesDuFiltre(u"Images|*.bmp;*.jpg;*.gif;*.jpeg;*.jpe"_s);
+    demande.types = {{LangMsg(u"msgImages"_s, u"Images"_s), u"*.bmp;*.jpg;*.gif;*.jpeg;*.jpe"_s}};
     const std::optional<ReponseFichier> reponse = DialogueOuvrir(demande);
     if (!reponse || reponse->fichiers.isEmpty() || !EstFichier(reponse->fichiers.first()))
         return;

@@ -167,9 +167,9 @@ void Envoyer(const frmPrint& form, const PagesComposees& pages)
 /// The one way to give up pages that are composed.
 bool AccepterLesPages(size_t nombre)
 {
-    const QString question =
-        u"Il y a "_s + QString::number(nombre) + u" page(s) à imprimer\nPoursuivre l'impression?"_s;
-    return AfficherMsg(question, MsgOuiNon, QString()) == RepOui;
+    const Message question =
+        LangMsg(u"msgPagesAImprimer"_s, u"Il y a %1 page(s) à imprimer\nPoursuivre l'impression?"_s);
+    return AfficherMsg(question.Remplacer(u"%1"_s, QString::number(nombre)), MsgOuiNon, QString()) == RepOui;
 }
 
 } // namespace

@@ -34,6 +34,8 @@ QByteArray EntreeBureau(const QString& executable)
                                           "Name=Zelvane\n"
                                           "Comment=Catalogue manager for personal collections\n"
                                           "Comment[fr]=Gestion de catalogues de collections\n"
+                                          "Comment[de]=Kataloge von Sammlungen verwalten\n"
+                                          "Comment[es]=Gestión de catálogos de colecciones\n"
                                           "Exec=%1 %f\n"
                                           "Icon=zelvane\n"
                                           "Terminal=false\n"
@@ -50,6 +52,8 @@ QByteArray TypeMime()
   <mime-type type="application/x-zelvane-qrt">
     <comment>Zelvane document</comment>
     <comment xml:lang="fr">Document Zelvane</comment>
+    <comment xml:lang="de">Zelvane-Dokument</comment>
+    <comment xml:lang="es">Documento de Zelvane</comment>
     <sub-class-of type="application/zip"/>
     <icon name="application-x-zelvane-qrt"/>
     <glob pattern="*.qrt"/>

@@ -1,5 +1,6 @@
 #include "search/Comparaison.h"
 
+#include "extensions/langue/modLang.h"
 #include "platform/PageDeCode.h"
 
 #include <algorithm>
@@ -236,5 +237,5 @@ QString Verdict(int seulesDeA, int seulesDeB, const QString& a, const QString& b
 
 QString TitreDesResultats(int seulesDeA, int seulesDeB)
 {
-    return u"Resultats: 2>1: %1 - 1>2: %2"_s.arg(seulesDeB).arg(seulesDeA);
+    return LangMsg(u"msgResultats"_s, u"Resultats: 2>1: %1 - 1>2: %2"_s).texte.arg(seulesDeB).arg(seulesDeA);
 }

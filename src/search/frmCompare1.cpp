@@ -6,6 +6,7 @@
 #include "catalogue/documents/OuvrirFichiersQrt.h"
 #include "catalogue/texte/TriDeTable.h"
 #include "extensions/langue/LangForm.h"
+#include "extensions/langue/modLang.h"
 #include "kit/Icones.h"
 #include "kit/UnitesEcran.h"
 #include "output/modImprimerLV.h"
@@ -171,8 +172,8 @@ void frmCompare1::MettreDevant()
 void frmCompare1::ChercherFichier(int liste)
 {
     DemandeFichier demande;
-    demande.titre = u"Recherche fichier %1"_s.arg(liste);
-    demande.types = TypesDuFiltre(u"Fichier QRT|*.qrt"_s);
+    demande.titre = LangMsg(u"msgRechercheFichier"_s, u"Recherche fichier %1"_s).texte.arg(liste);
+    demande.types = {{LangMsg(u"msgFichierQrt"_s, u"Fichier QRT"_s), u"*.qrt"_s}};
     const std::optional<ReponseFichier> reponse = DialogueOuvrir(demande);
     if (reponse && !reponse->fichiers.isEmpty())
         Liste(liste).setEditText(reponse->fichiers.first());
@@ -192,7 +193,8 @@ void frmCompare1::Imprimer()
         return;
     }
     // The folder stands for none: rows have no pictures.
-    ImprimerListe(m_seulesDeB, u"c:\\"_s, u"entrées non présentes dans "_s + Liste(0).currentText());
+    const Message titre = LangMsg(u"msgNonPresentes"_s, u"entrées non présentes dans %1"_s);
+    ImprimerListe(m_seulesDeB, u"c:\\"_s, titre.Remplacer(u"%1"_s, Liste(0).currentText()));
 }
 
 void frmCompare1::MarquerTri()

@@ -71,7 +71,6 @@ void frmRecherche::FaireLigneDEtat()
     m_ui->StatusBar1->addWidget(m_panneau);
     m_avancement = new QProgressBar(m_ui->StatusBar1);
     m_avancement->setObjectName(u"Avancement"_s);
-    m_avancement->setAccessibleName(u"Avancement de la recherche"_s);
     m_ui->StatusBar1->addPermanentWidget(m_avancement);
     m_avancement->hide();
     m_ui->StatusBar1->setContentsMargins(6, 0, 6, 0);
@@ -189,6 +188,9 @@ void frmRecherche::MontrerAvancement()
     if (m_depuis.elapsed() < Patience)
         return;
     m_avancement->setValue(m_recherche->Pourcent());
+    if (m_avancement->isVisible())
+        return;
+    m_avancement->setAccessibleName(LangMsg(u"msgAvancementRecherche"_s, u"Avancement de la recherche"_s));
     m_avancement->show();
     setCursor(Qt::BusyCursor);
 }

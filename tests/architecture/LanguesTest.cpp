@@ -5,7 +5,9 @@
 #include "extensions/langue/modLang.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
+#include <QFileInfo>
 #include <QRegularExpression>
 
 #include <gtest/gtest.h>
@@ -61,9 +63,11 @@ QString Valeur(const Langue& langue, const QString& section, const QString& cle)
     return valeur == trouvee->second.end() ? QString() : valeur->second;
 }
 
-/// What a translation has to keep: placeholders, combinations of keys and line breaks, in any order.
-QStringList Reperes(const QString& texte)
+/// What a translation has to keep: placeholders, combinations of keys, whatever a language calls the key, and line
+/// breaks, in any order.
+QStringList Reperes(QString texte)
 {
+    texte.replace(u"Strg+"_s, u"Ctrl+"_s).replace(u"Control+"_s, u"Ctrl+"_s);
     static const QRegularExpression repere(uR"re(%\w+%|%\d|(?:Ctrl|Alt)\+\w|\r|\n)re"_s);
     QStringList reperes;
     for (const auto& trouve : repere.globalMatch(texte))
@@ -101,10 +105,12 @@ std::map<QString, std::map<QString, QString>> TextesDuProgrammeEntier()
         for (const auto& [cle, texte] : cles)
             textes[section][cle] = texte.francais;
     MessagesDesSources messages;
-    for (const QString& nom : FichiersDe({sources, {}, {}})) {
-        QFile fichier(sources + u'/' + nom);
-        if (fichier.open(QIODevice::ReadOnly))
-            LireMessages(QString::fromUtf8(fichier.readAll()), messages);
+    for (const QString& dossier : {sources, QStringLiteral(ZELVANE_PLUGINS)}) {
+        for (const QString& nom : FichiersDe({dossier, {}, {}})) {
+            QFile fichier(dossier + u'/' + nom);
+            if (fichier.open(QIODevice::ReadOnly))
+                LireMessages(QString::fromUtf8(fichier.readAll()), messages);
+        }
     }
     for (const auto& [cle, francais] : messages.textes)
         textes[u"other"_s][cle] = QString(francais.constFirst()).replace(u"\\n"_s, u"\n"_s).replace(u"\\\""_s, u"\""_s);
@@ -144,8 +150,14 @@ TEST(TextesDesFormes, HaveTheKeysByWhichTheyAreAskedFor)
         <widget class="QPushButton" name="bt_0"><property name="text"><string>&amp;Un</string></property>
         <property name="toolTip"><string>Aide</string></property>
         <property name="x"><string notr="true">y</string></property></widget>
-        <widget class="QLineEdit" name="t"><property name="text"><string>abc</string></property></widget>
+        <widget class="QLineEdit" name="t"><property name="text"><string>abc</string></property>
+        <property name="accessibleName"><string>abc</string></property></widget>
+        <widget class="QWidget" name="w"><property name="accessibleName"><string>Nom</string></property>
+        <property name="accessibleDescription"><string>Description</string></property></widget>
         <widget class="QLabel" name="n"><property name="text"><string>0 / 0</string></property></widget>
+        <widget class="QToolBar" name="b"><addaction name="s"/><addaction name="up"/></widget>
+        <action name="up"><property name="text"><string>Monter</string></property>
+        <property name="toolTip"><string>Monter</string></property></action>
         <widget class="QTreeWidget" name="l"><column><property name="text"><string>Colonne</string></property></column></widget>
         <widget class="QMenu" name="Menu"><property name="title"><string>Menu</string></property></widget>
         </widget></ui>)",
@@ -153,10 +165,13 @@ TEST(TextesDesFormes, HaveTheKeysByWhichTheyAreAskedFor)
     std::map<QString, QString> lus;
     for (const auto& [cle, texte] : formes.at(u"frmA"_s))
         lus[cle] = texte.francais;
-    EXPECT_EQ(
-        lus,
-        (std::map<QString, QString>{
-            {u"Caption"_s, u"Titre"_s}, {u"bt_0_C"_s, u"&Un"_s}, {u"bt_0_TT"_s, u"Aide"_s}, {u"t_T"_s, u"abc"_s}}));
+    EXPECT_EQ(lus, (std::map<QString, QString>{{u"Caption"_s, u"Titre"_s},
+                                               {u"bt_0_C"_s, u"&Un"_s},
+                                               {u"bt_0_TT"_s, u"Aide"_s},
+                                               {u"t_T"_s, u"abc"_s},
+                                               {u"b_TT_2"_s, u"Monter"_s},
+                                               {u"w_A"_s, u"Nom"_s},
+                                               {u"w_AD"_s, u"Description"_s}}));
 }
 
 TEST(TextesDesFormes, MenusAndBarsOfTheProgramAreRead)
@@ -199,6 +214,8 @@ TEST(Langues, ALostTextPlaceholderOrMnemonicIsTold)
     EXPECT_NE(Defaut(u"un\ndeux"_s, u"one two"_s), QString());
     EXPECT_EQ(Defaut(u"un\ndeux"_s, u"one\\ftwo"_s), QString());
     EXPECT_NE(Defaut(u"Coller (Ctrl+V)"_s, u"Paste"_s), QString());
+    EXPECT_EQ(Defaut(u"Coller (Ctrl+V)"_s, u"Einfügen (Strg+V)"_s), QString());
+    EXPECT_NE(Defaut(u"Coller (Ctrl+V)"_s, u"Einfügen (Strg+E)"_s), QString());
     EXPECT_NE(Defaut(u"&Oui"_s, u"Yes"_s), QString());
     EXPECT_NE(Defaut(u"Oui"_s, u"&Yes"_s), QString());
 }
@@ -244,6 +261,26 @@ TEST(Langues, EachHasEachMnemonicOnce)
         const auto texte = [&](const QString& section, const QString& cle) { return Valeur(langue, section, cle); };
         EXPECT_EQ(EnLignes(MnemoniquesDoubles(formes, texte)), "") << langue.nom.toStdString();
     }
+}
+
+TEST(Langues, EveryFormIsOpenedInEachOfThem)
+{
+    QString essais;
+    for (const QString& nom : {u"PolicesTest.cpp"_s, u"CadreEnLanguesTest.cpp"_s, u"CadreEnFenetre.h"_s}) {
+        QFile fichier(QStringLiteral(ZELVANE_TESTS) + u"/shell/"_s + nom);
+        ASSERT_TRUE(fichier.open(QIODevice::ReadOnly)) << nom.toStdString();
+        essais += QString::fromUtf8(fichier.readAll());
+    }
+    QDirIterator formes(QStringLiteral(ZELVANE_SOURCES), {u"*.ui"_s}, QDir::Files, QDirIterator::Subdirectories);
+    ASSERT_TRUE(formes.hasNext());
+    QStringList manquantes;
+    while (formes.hasNext()) {
+        const QString forme = QFileInfo(formes.next()).completeBaseName();
+        const QRegularExpression ouverte(uR"re((?:make_unique|findChild)<%1\*?>|\b%1&? \w+[;(=])re"_s.arg(forme));
+        if (!essais.contains(ouverte))
+            manquantes.append(forme);
+    }
+    EXPECT_EQ(manquantes, QStringList());
 }
 
 } // namespace

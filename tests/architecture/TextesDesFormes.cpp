@@ -25,8 +25,9 @@ struct Controle
 /// What a .ui file says.
 struct ContenuDUi
 {
-    std::vector<Controle> controles;      ///< the form first
-    std::map<QString, QString> menuDItem; ///< of an action or a menu, the menu that shows it first
+    std::vector<Controle> controles;        ///< the form first
+    std::map<QString, QString> menuDItem;   ///< of an action or a menu, the menu that shows it first
+    std::map<QString, QStringList> boutons; ///< of a tool bar, its actions in their order
 };
 
 bool ATraduire(const QString& texte)
@@ -76,7 +77,10 @@ private:
         } else if (EstPorteur()) {
             m_ouverts.emplace_back(std::nullopt);
         } else if (m_xml.name() == "addaction"_L1 && Ouvert()) {
-            m_contenu.menuDItem.try_emplace(nom, Ouvert()->nom);
+            if (Ouvert()->classe == "QToolBar"_L1)
+                m_contenu.boutons[Ouvert()->nom].append(nom);
+            else
+                m_contenu.menuDItem.try_emplace(nom, Ouvert()->nom);
         } else if (m_xml.name() == "property"_L1) {
             m_propriete = nom;
         } else if (m_xml.name() == "string"_L1 && Ouvert()) {
@@ -99,6 +103,17 @@ QString TexteDe(const Controle& controle, const QString& propriete)
     return trouve == controle.textes.end() ? QString() : trouve->second;
 }
 
+/// An accessible name that repeats a text of its control follows that one's translation.
+void AjouterAcces(const Controle& controle, std::map<QString, TexteDeForme>& section)
+{
+    const QString nom = TexteDe(controle, u"accessibleName"_s);
+    const auto repete = [&](const QString& propriete) { return TexteDe(controle, propriete) == nom; };
+    if (!nom.isEmpty() && std::ranges::none_of(QStringList{u"text"_s, u"title"_s, u"toolTip"_s}, repete))
+        section[controle.nom + u"_A"_s] = {nom, QString()};
+    if (const QString description = TexteDe(controle, u"accessibleDescription"_s); !description.isEmpty())
+        section[controle.nom + u"_AD"_s] = {description, QString()};
+}
+
 void AjouterControle(const Controle& controle, const QString& groupe, std::map<QString, TexteDeForme>& section)
 {
     const QString nom = controle.nom;
@@ -109,9 +124,22 @@ void AjouterControle(const Controle& controle, const QString& groupe, std::map<Q
             section[nom + (saisie ? u"_T"_s : u"_C"_s)] = {texte, groupe};
     }
     const QString infoBulle = TexteDe(controle, u"toolTip"_s);
-    // An action shows its hint by the button that stands for it.
+    // An action shows its hint by the button that stands for it, whose text follows then.
     if (!infoBulle.isEmpty() && controle.classe != "QAction"_L1)
         section[nom + u"_TT"_s] = {infoBulle, QString()};
+    AjouterAcces(controle, section);
+}
+
+/// The buttons of a tool bar are its actions, and known by their places.
+void AjouterBoutons(const ContenuDUi& contenu, std::map<QString, TexteDeForme>& section)
+{
+    for (const auto& [barre, actions] : contenu.boutons) {
+        for (qsizetype i = 0; i < actions.size(); ++i) {
+            const auto action = std::ranges::find(contenu.controles, actions[i], &Controle::nom);
+            if (action != contenu.controles.end())
+                section[barre + u"_TT_%1"_s.arg(i + 1)] = {TexteDe(*action, u"toolTip"_s), QString()};
+        }
+    }
 }
 
 QString Lettre(const QString& texte)
@@ -150,8 +178,11 @@ void LireUi(const QByteArray& ui, TextesDesFormes& formes)
     for (const Controle& controle : contenu.controles) {
         const auto menu = contenu.menuDItem.find(controle.nom);
         const QString ailleurs = menu == contenu.menuDItem.end() ? QString() : menu->second;
+        if (controle.classe == "QAction"_L1 && TexteDe(controle, u"text"_s) == TexteDe(controle, u"toolTip"_s))
+            continue;
         AjouterControle(controle, dialogue ? forme.nom : ailleurs, section);
     }
+    AjouterBoutons(contenu, section);
 }
 
 void LireMenus(const QString& menus, const QString& commandes, TextesDesFormes& formes)

@@ -36,11 +36,31 @@ QString Contenu(QString litteraux)
     return litteraux.sliced(1).chopped(1).remove(suite);
 }
 
+/// Words, as against names that programs give to things.
+bool EstPhrase(const QString& texte)
+{
+    static const QRegularExpression mots(QStringLiteral(R"re(\p{L}{2,}\W* \W*\p{L}{2,}|(?=\p{L})[^\x00-\x7f])re"),
+                                         QRegularExpression::UseUnicodePropertiesOption);
+    return mots.match(texte).hasMatch();
+}
+
+/// Whether what stands before a literal is the way of a text to the screen.
+bool VaSeMontrer(const QString& avant)
+{
+    static const QRegularExpression chemin(QStringLiteral(
+        R"re((?:\bset(?:Text|ToolTip|WindowTitle|Title|TabText|TabToolTip|StatusTip|WhatsThis|PlaceholderText|Accessible\w+|)re"
+        R"re(HeaderLabels?|ItemText|SpecialValueText)|\badd(?:Item|Tab|Action|Menu)|\bAfficherMsg|\bMessage|)re"
+        R"re(\bSaisirTexte|\bDemanderMotDePasse|\bChoisirDossier|ColumnHeaders\.Add)\([^;"]*$|)re"
+        R"re(\btitre = $|\bMsg(?:Ok|OkAnnuler|OuiNon|OuiNonAnnuler),\s*$)re"));
+    return chemin.match(avant).hasMatch();
+}
+
 } // namespace
 
 void LireMessages(const QString& source, MessagesDesSources& messages)
 {
-    static const QRegularExpression message(QStringLiteral(R"re("(msg\w+)"\s*,\s*(?:(%1)|(\w)))re").arg(s_litteraux));
+    static const QRegularExpression message(
+        QStringLiteral(R"re("(msg\w+|plug[A-Z]\w*)"\s*,\s*(?:(%1)|(\w)))re").arg(s_litteraux));
     QRegularExpressionMatchIterator trouves = message.globalMatch(Epuree(source));
     while (trouves.hasNext()) {
         const QRegularExpressionMatch trouve = trouves.next();
@@ -54,4 +74,28 @@ void LireMessages(const QString& source, MessagesDesSources& messages)
         if (!textes.contains(texte))
             textes.append(texte);
     }
+}
+
+QStringList TextesSansCle(const QString& source)
+{
+    static const QRegularExpression litteral(QStringLiteral(R"re('(?:[^'\\]|\\.)'|(%1))re").arg(s_litteraux));
+    static const QRegularExpression cle(QStringLiteral(R"re("msg\w+"\s*,\s*$)re"));
+    static const QRegularExpression nomDeCle(QStringLiteral(R"re(^msg\w+$)re"));
+    static const QRegularExpression lettres(QStringLiteral(R"re(\p{L}{2,})re"));
+    static const QRegularExpression echappement(QStringLiteral(R"re(\\[rnt])re"));
+    constexpr qsizetype vueArriere = 200;
+    const QString epuree = Epuree(source);
+    QStringList textes;
+    for (const auto& trouve : litteral.globalMatch(epuree)) {
+        if (trouve.captured(1).isEmpty())
+            continue;
+        const QString texte = Contenu(trouve.captured(1)).replace(echappement, QStringLiteral(" "));
+        const qsizetype debut = trouve.capturedStart();
+        const QString avant = epuree.sliced(qMax(qsizetype(0), debut - vueArriere), qMin(debut, vueArriere));
+        if (avant.contains(cle) || texte.contains(nomDeCle) || !texte.contains(lettres))
+            continue;
+        if (EstPhrase(texte) || VaSeMontrer(avant))
+            textes.append(texte);
+    }
+    return textes;
 }

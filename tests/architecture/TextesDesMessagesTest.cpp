@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 MessagesDesSources MessagesDe(const char* source)
@@ -46,6 +48,13 @@ TEST(LireMessages, TakesTheLiteralBesideTheKey)
     EXPECT_TRUE(lus.clesSeules.isEmpty());
 }
 
+TEST(LireMessages, TakesThoseOfPlugins)
+{
+    const MessagesDesSources lus =
+        MessagesDe(R"(zelvane::LangMsg(u"plugAOui"_s, u"&Oui"_s); f({"plugins", "a"}); f("plug", "b");)");
+    EXPECT_EQ(lus.textes, (std::map<QString, QStringList>{{"plugAOui", {"&Oui"}}}));
+}
+
 TEST(LireMessages, PassesOverCommentsAndOtherLiterals)
 {
     const MessagesDesSources lus = MessagesDe(R"code(
@@ -83,6 +92,110 @@ TEST(MessagesDuProgramme, AKeyWithSeveralTextsIsKnownWithAllOfThem)
         for (const QString& texte : textes)
             EXPECT_TRUE(TextesDuProgramme(cle).contains(texte)) << cle.toStdString() << ": " << texte.toStdString();
     }
+}
+
+TEST(TextesSansCle, AreSentencesWordsWithAccentsAndWhatIsShown)
+{
+    EXPECT_EQ(TextesSansCle(QStringLiteral(R"code(
+        Dire(LangMsg(u"msg1"_s, u"Rien à dire"_s)); // "un commentaire quelconque"
+        f(u"deux mots"_s); g("prêt"); g("deux\nlignes"); h("nom.qrt"); h("UnNom"); h("%1 %2");
+        label->setText(u"Oui"_s); label->setText(nom + LangMsg(u"msg2"_s, u"Non"_s)); label->setObjectName("Label1");
+        demande.titre = u"Ouvrir"_s; AfficherMsg(LangMsg(u"msg3"_s, u"Un texte"_s), MsgOk, u"Titre"_s);
+    )code")),
+              QStringList({"deux mots", "prêt", "deux lignes", "Oui", "Ouvrir", "Titre"}));
+}
+
+/// Texts that stand in the sources without a key, each for the reason above it.
+const std::map<QString, QStringList>& TextesPermis()
+{
+    static const std::map<QString, QStringList> permis{
+        // Tables of captions and hints, which have keys as texts of forms.
+        {u"shell/Commandes.cpp"_s, {u"*"_s}},
+        {u"shell/Form1Menus.cpp"_s, {u"*"_s}},
+        {u"shell/Toolbars.cpp"_s, {u"*"_s}},
+        // What is written into a file, or found in one, is the same in every language.
+        {u"catalogue/texte/EcritureQrt.cpp"_s, {u"Zelvane v2.2 by Morvenal"_s}},
+        {u"catalogue/texte/LectureQrt.cpp"_s, {u"Type=QRT FILE"_s, u"Prêté"_s}},
+        {u"catalogue/texte/TexteQrt.cpp"_s, {u"*"_s}},
+        {u"lending/Contacts.cpp"_s, {u"*"_s}},
+        {u"output/EcrivainsDePages.cpp"_s, {u"*"_s}},
+        {u"output/EcrivainsDeTextes.cpp"_s, {u"*"_s}},
+        {u"output/OptionsDImpression.cpp"_s, {u"Zelvane v2.2 by Morvenal"_s, u"%titre% - %nb% %nomcat%"_s}},
+        {u"platform/Association.cpp"_s, {u"*"_s}},
+        {u"shell/Main.cpp"_s, {u"*"_s}},
+        // Words for programs: layouts of dates, fonts, types of bytes, patterns of files.
+        {u"base/Dates.cpp"_s, {u"dd MMMM yyyy"_s}},
+        {u"base/Options.h"_s, {u"MS Sans Serif"_s}},
+        {u"catalogue/texte/TypeFichier.cpp"_s, {u"trap"_s}},
+        {u"output/Feuille.h"_s, {u"Arial Black"_s}},
+        {u"output/PoliceSurPapier.cpp"_s, {u"Arial Black"_s}},
+        {u"output/modImprimerLV.cpp"_s, {u"PDF (*.pdf)|*.pdf"_s}},
+        {u"shell/frmSecours.cpp"_s, {u"dd/MM/yyyy HH:mm"_s}},
+        // Qt's words, which it translates.
+        {u"shell/MDIForm1.cpp"_s, {u"Stay on &Top"_s, u"QMdiSubWindow"_s}},
+        // Words for developers.
+        {u"catalogue/archive/ccZip.cpp"_s, {u"*"_s}},
+        {u"catalogue/archive/ccZipExtraction.cpp"_s, {u"*"_s}},
+        {u"catalogue/table/Collation.cpp"_s, {u"*"_s}},
+        {u"platform/ComposantsDuSysteme.cpp"_s, {u"*"_s}},
+        {u"shell/ItemsDeCommandes.cpp"_s, {u"*"_s}},
+        // The name of the program and of its maker.
+        {u"extensions/dialogues/About.cpp"_s, {u"Zelvane by Morvenal"_s}},
+        {u"kit/frmMsg.cpp"_s, {u"Zelvane"_s}},
+        {u"output/Statistiques.cpp"_s, {u"Zelvane v2.2 by Morvenal"_s}},
+        {u"output/frmPrint.cpp"_s, {u"Zelvane v2.2 -"_s}},
+        {u"shell/InstanceClass.h"_s, {u"Zelvane"_s}},
+        // The table of keys with several texts, and what failed when no text can be looked up.
+        {u"extensions/langue/modLang.cpp"_s, {u"*"_s}},
+        // A name that no column has.
+        {u"lending/mPret.cpp"_s, {u"toto"_s}},
+        // In no language but this one. It is meant.
+        {u"catalogue/documents/Sauver.cpp"_s, {u"Voulez-vous enregistrer les changement dans cette catégorie?"_s}},
+        {u"columns/EditerColonnes.cpp"_s, {u"- pas dependant -"_s}},
+        {u"columns/FusionnerColonnes.cpp"_s, {u" Le contenu des deux colonnes sera collé"_s}},
+        {u"entries/frmPreEnregistre.cpp"_s, {u"...Aucune Info..."_s, u"Texte à ajouter à la preselection"_s}},
+        {u"lending/frmContacts2.cpp"_s,
+         {u"Ajouter un Contact"_s, u"Editer un Contact"_s, u"Veuillez taper un nom"_s,
+          u"Le nom existe déjà dans la liste, veuillez taper un autre nom"_s}},
+        {u"search/Comparaison.cpp"_s,
+         {u" Il n'y a pas de comparaison à faire"_s, u"La première catégorie ne contient pas d'entrée."_s,
+          u"La deuxième catégorie ne contient pas d'entrée."_s, uR"(Toutes les entrees du fichier \")"_s,
+          uR"(\"  sont presentes dans le fichier \")"_s, u"Aucune difference ! les fichiers sont identiques"_s}},
+        {u"search/frmCompare1.cpp"_s,
+         {u"Il faut selectionner deux categories"_s, u"Il faut selectionner deux categories differentes"_s,
+          u"Il n'y a rien à imprimer"_s}},
+        {u"search/frmCompare2.cpp"_s, {u"Il faut selectionner deux Colonnes"_s}},
+    };
+    return permis;
+}
+
+/// The command line speaks French alone, and so has no keys.
+bool EstEnLigneDeCommande(const QString& fichier)
+{
+    return fichier.startsWith("cli/"_L1);
+}
+
+TEST(TextesDuProgramme, NoneIsShownThatNoLanguageCouldHave)
+{
+    QStringList sansCle;
+    std::map<QString, QStringList> inutiles = TextesPermis();
+    const QString racine = QStringLiteral(ZELVANE_SOURCES);
+    for (const QString& nom : FichiersDe({racine, {}, {}})) {
+        QFile fichier(racine + u'/' + nom);
+        if (EstEnLigneDeCommande(nom) || !fichier.open(QIODevice::ReadOnly))
+            continue;
+        const auto permis = TextesPermis().find(nom);
+        const QStringList textesPermis = permis == TextesPermis().end() ? QStringList() : permis->second;
+        for (const QString& texte : TextesSansCle(QString::fromUtf8(fichier.readAll()))) {
+            const QString ligne = textesPermis.contains(u"*"_s) ? u"*"_s : texte;
+            inutiles[nom].removeAll(ligne);
+            if (!textesPermis.contains(ligne))
+                sansCle.append(nom + u": "_s + texte);
+        }
+    }
+    EXPECT_EQ(sansCle.join(u'\n').toStdString(), "");
+    for (const auto& [nom, textes] : inutiles)
+        EXPECT_EQ(textes, QStringList()) << "is no more in " << nom.toStdString();
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "catalogue/table/MyLV.h"
 #include "images/PanneauImage.h"
+#include "kit/Couleurs.h"
 #include "support/Accessibilite.h"
 #include "support/DossierDeTest.h"
 #include "support/TableDeTest.h"
@@ -251,6 +252,20 @@ TEST_F(FrmViewTest, TheDecorationIsAsWideAsTheForm)
     form.resize(911, 600);
     QCoreApplication::processEvents();
     EXPECT_EQ(form.findChild<QFrame*>("Degrade")->width(), 911);
+}
+
+TEST_F(FrmViewTest, TheDecorationFadesIntoTheWindowAlsoOnceThatTurnedDark)
+{
+    Montrer(1);
+    const auto fin = [this] {
+        QCoreApplication::processEvents();
+        return form.grab().toImage().pixelColor(form.width() - 1, 2);
+    };
+    MettreCouleurs(true);
+    const QColor sombre = fin();
+    MettreCouleurs(false);
+    EXPECT_LT(sombre.lightness(), 80);
+    EXPECT_GT(fin().lightness(), 200);
 }
 
 TEST_F(FrmViewTest, TheButtonEscapeAndEnterClose)

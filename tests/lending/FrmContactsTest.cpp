@@ -401,7 +401,7 @@ TEST_F(FrmContactsTest, ToSendNeedsASelectedContactWithAnEMail)
     const auto form = Ouvrir();
     form->Tag = u"send"_s;
     Cliquer(*form, "btOK");
-    EXPECT_EQ(reponses.Cles(), QStringList({u"Veuillez selectionner le contact à qui vous voulez envoyer un email"_s}));
+    EXPECT_EQ(reponses.Cles(), QStringList({u"msgContactAChoisir"_s}));
     EXPECT_TRUE(form->isVisible());
     Choisir(*form, 1);
     Cliquer(*form, "btOK");

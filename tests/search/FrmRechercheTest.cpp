@@ -349,7 +349,7 @@ TEST_F(FrmRechercheTest, ARowTellsItsFirstFields)
         EXPECT_EQ(QToolTip::text(), "<qt>A&lt;b&gt;x&lt;/b&gt; &lt;&gt; Un &amp; deux</qt>");
         QHelpEvent ailleurs(QEvent::ToolTip, QPoint(5, 2000), QPoint(5, 2000));
         QApplication::sendEvent(Liste(form).viewport(), &ailleurs);
-        QTRY_VERIFY(!QToolTip::isVisible());
+        EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
     });
 }
 

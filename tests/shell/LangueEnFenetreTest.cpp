@@ -7,6 +7,7 @@
 #include "support/GardeModale.h"
 
 #include <QListWidget>
+#include <QMdiSubWindow>
 #include <QToolBar>
 
 using namespace Qt::StringLiterals;
@@ -30,6 +31,8 @@ protected:
         Menu(u"mLangue"_s).trigger();
         Laisser();
     }
+    /// What a button of Qt's own dialogs says.
+    static QString TexteDeQt() { return QCoreApplication::translate("QPlatformTheme", "Cancel"); }
     void EcrireLangue(const QString& nom, const QByteArray& contenu)
     {
         PlateformeDeTest::Courante().dossier.Ecrire(u"lang/%1.ini"_s.arg(nom), contenu);
@@ -102,4 +105,32 @@ TEST_F(LangueEnFenetre, ALanguageThatIsTriedAndCancelledLeavesOpenWindowsAlone)
     EXPECT_EQ(Menu(u"mOuvrir"_s).text(), "&Ouvrir");
     EXPECT_EQ(FichierLangue, QString());
     EXPECT_EQ(LireOption(u"QRTLangue"_s, u"none"_s), u"none"_s);
+}
+
+TEST_F(LangueEnFenetre, QtSpeaksTheLanguageToo)
+{
+    EcrireLangue(u"deutsch"_s, "[other]\r\nmsgCodeDeLangue=de\r\n");
+    EcrireLangue(u"english"_s, "[other]\r\nmsgCodeDeLangue=en\r\n");
+    EcrireLangue(u"autre"_s, "[other]\r\nmsgCodeDeLangue=xx\r\n");
+    EcrireLangue(u"default"_s, "[other]\r\n");
+    const QString anglais = TexteDeQt();
+    Montrer();
+    const Form1& document = Ouvrir(u"a.qrt"_s);
+    const QMenu& menu = *qobject_cast<QMdiSubWindow*>(document.parentWidget())->systemMenu();
+    EXPECT_EQ(TexteDeQt(), "Annuler");
+    EXPECT_EQ(menu.actions().constFirst()->text(), "&Restaurer");
+    ChoisirLangue(u"deutsch"_s, "btOK");
+    EXPECT_EQ(TexteDeQt(), "Abbrechen");
+    EXPECT_EQ(menu.actions().constFirst()->text(), "Wieder&herstellen");
+    EXPECT_EQ(menu.actions().constLast()->text().section(u'\t', 0, 0), u"Schl&ießen"_s);
+    ChoisirLangue(u"english"_s, "btOK");
+    EXPECT_EQ(TexteDeQt(), anglais);
+    EXPECT_EQ(menu.actions().constFirst()->text(), "&Restore");
+    ChoisirLangue(u"default"_s, "btOK");
+    EXPECT_EQ(TexteDeQt(), "Annuler");
+    ChoisirLangue(u"autre"_s, "btOK");
+    EXPECT_EQ(TexteDeQt(), anglais);
+    ChoisirLangue(u"deutsch"_s, "btOK");
+    cadre.reset();
+    EXPECT_EQ(TexteDeQt(), anglais);
 }

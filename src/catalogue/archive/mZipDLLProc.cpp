@@ -1,6 +1,7 @@
 #include "catalogue/archive/mZipDLLProc.h"
 
 #include "base/AfficherMsg.h"
+#include "extensions/langue/modLang.h"
 #include "platform/PageDeCode.h"
 
 bool MotDePasseAbandonne = false;
@@ -11,9 +12,10 @@ std::optional<QString> QuestionMotDePasse()
     if (MotDePasseAbandonne)
         return std::nullopt;
     const QString motDePasse = DemanderMotDePasse(
-        QStringLiteral("Fichier Crypté"),
-        QStringLiteral("Veuillez entrer le mot de passe!\n\nAvertissement : Si vous réenregistrez cette catégorie, "
-                       "le mot de passe ne sera pas concervé."));
+        LangMsg(QStringLiteral("msgCrypte"), QStringLiteral("Fichier Crypté")),
+        LangMsg(QStringLiteral("msgCrypteInvite"),
+                QStringLiteral("Veuillez entrer le mot de passe!\n\nAvertissement : Si vous réenregistrez cette "
+                               "catégorie, le mot de passe ne sera pas concervé.")));
     MotDePasseAbandonne = motDePasse.isEmpty();
     if (MotDePasseAbandonne)
         return std::nullopt;

@@ -33,6 +33,8 @@ constexpr auto Titre = "titreAvantLangue";
 constexpr auto Caption = "captionAvantLangue";
 constexpr auto Texte = "texteAvantLangue";
 constexpr auto InfoBulle = "infoBulleAvantLangue";
+constexpr auto Nom = "nomAvantLangue";
+constexpr auto Description = "descriptionAvantLangue";
 
 template<class Controle>
 Propriete FairePropriete(const char* genre, Controle* controle, QString (Controle::*lire)() const,
@@ -74,6 +76,20 @@ Propriete InfoBulleDe(QObject* controle)
 {
     auto* widget = qobject_cast<QWidget*>(controle);
     return widget ? FairePropriete(InfoBulle, widget, &QWidget::toolTip, &QWidget::setToolTip) : Propriete();
+}
+
+Propriete NomDe(QObject* controle)
+{
+    auto* widget = qobject_cast<QWidget*>(controle);
+    return widget ? FairePropriete(Nom, widget, &QWidget::accessibleName, &QWidget::setAccessibleName) : Propriete();
+}
+
+Propriete DescriptionDe(QObject* controle)
+{
+    auto* widget = qobject_cast<QWidget*>(controle);
+    return widget ? FairePropriete(Description, widget, &QWidget::accessibleDescription,
+                                   &QWidget::setAccessibleDescription)
+                  : Propriete();
 }
 
 /// Keeps the text that stood there before the translation `mis`, for ChangerLangueDe.
@@ -130,6 +146,17 @@ void TraduireBoutons(const QToolBar& barre, const TextesDeForme& textes)
     }
 }
 
+/// What assistive technologies tell of a control beyond what all can see of it.
+void TraduireAcces(QObject* controle, const TextesDeForme& textes)
+{
+    const Propriete acces = NomDe(controle);
+    const QStringList vus{CaptionDe(controle).actuel, TexteDe(controle).actuel, InfoBulleDe(controle).actuel};
+    if (!vus.contains(acces.actuel))
+        Traduire(controle, acces, textes.NomAccessible(controle->objectName(), acces.actuel));
+    const Propriete description = DescriptionDe(controle);
+    Traduire(controle, description, textes.DescriptionAccessible(controle->objectName(), description.actuel));
+}
+
 void TraduireControle(QObject* controle, const TextesDeForme& textes)
 {
     const QString nom = controle->objectName();
@@ -139,6 +166,7 @@ void TraduireControle(QObject* controle, const TextesDeForme& textes)
     Traduire(controle, texte, textes.Texte(nom, texte.actuel));
     const Propriete infoBulle = InfoBulleDe(controle);
     Traduire(controle, infoBulle, textes.InfoBulle(nom, infoBulle.actuel));
+    TraduireAcces(controle, textes);
     if (const auto* barre = qobject_cast<const QToolBar*>(controle))
         TraduireBoutons(*barre, textes);
 }
@@ -158,7 +186,8 @@ bool EstControle(const QObject* objet)
 
 void RetablirControle(QObject* controle)
 {
-    for (const Propriete& propriete : {CaptionDe(controle), TexteDe(controle), InfoBulleDe(controle)}) {
+    for (const Propriete& propriete :
+         {CaptionDe(controle), TexteDe(controle), InfoBulleDe(controle), NomDe(controle), DescriptionDe(controle)}) {
         if (const auto avant = Garde(*controle, propriete.genre, propriete.actuel); avant && propriete.mettre)
             Mettre(controle, propriete, *avant);
     }

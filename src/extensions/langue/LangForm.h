@@ -7,7 +7,8 @@ class QWidget;
 /// step of every form's load: what is set later comes from LangMsg instead. Nothing happens while the program speaks
 /// French. Forms inside the form, as the document windows of the frame, are translated by themselves.
 ///
-/// "&" marks a mnemonic as everywhere in Qt. A control's accessible name follows a caption or tool tip that it repeats.
+/// "&" marks a mnemonic as everywhere in Qt. A control's accessible name follows a caption or tool tip that it repeats;
+/// another one has a text of its own.
 void LangForm(QWidget& form);
 
 /// The same for a form that is open already, in whatever language: what the language in force has no text for is

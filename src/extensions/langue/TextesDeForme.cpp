@@ -24,6 +24,16 @@ std::optional<QString> TextesDeForme::InfoBulle(const QString& controle, const Q
     return Remplacer(controle + u"_TT"_s, actuel);
 }
 
+std::optional<QString> TextesDeForme::NomAccessible(const QString& controle, const QString& actuel) const
+{
+    return Remplacer(controle + u"_A"_s, actuel);
+}
+
+std::optional<QString> TextesDeForme::DescriptionAccessible(const QString& controle, const QString& actuel) const
+{
+    return Remplacer(controle + u"_AD"_s, actuel);
+}
+
 std::optional<QString> TextesDeForme::InfoBulleBouton(const QString& barre, int bouton, const QString& actuel) const
 {
     return Remplacer(barre + u"_TT_"_s + QString::number(bouton), actuel);

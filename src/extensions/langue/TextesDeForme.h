@@ -1,8 +1,9 @@
 // The texts that the language in force has for one form and its controls.
 //
 // They stand in the section named as the form, one key a text: "Caption" for the form's title, and for each control its
-// name, with "_Index" behind it in a control array, then "_C" (caption), "_T" (text) or "_TT" (tool tip). The tool tip
-// of button i of a tool bar, from 1, has the key "<name>_TT_<i>".
+// name, with "_Index" behind it in a control array, then "_C" (caption), "_T" (text), "_TT" (tool tip), "_A" (what
+// assistive technologies call it) or "_AD" (how they describe it). The tool tip of button i of a tool bar, from 1, has
+// the key "<name>_TT_<i>".
 #pragma once
 
 #include <QString>
@@ -23,6 +24,8 @@ public:
     std::optional<QString> Caption(const QString& controle, const QString& actuel) const;
     std::optional<QString> Texte(const QString& controle, const QString& actuel) const;
     std::optional<QString> InfoBulle(const QString& controle, const QString& actuel) const;
+    std::optional<QString> NomAccessible(const QString& controle, const QString& actuel) const;
+    std::optional<QString> DescriptionAccessible(const QString& controle, const QString& actuel) const;
     /// `bouton` counts from 1.
     std::optional<QString> InfoBulleBouton(const QString& barre, int bouton, const QString& actuel) const;
 

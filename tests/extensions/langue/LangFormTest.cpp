@@ -264,6 +264,29 @@ TEST_F(LangFormTest, AFormThatChangesItsLanguageIsFrenchWhereTheNewOneHasNothing
     }
 }
 
+TEST_F(LangFormTest, AccessibleTextsOfTheirOwnAreTranslatedAndFrenchAgain)
+{
+    QLineEdit& champ = Ajouter("Text1", new QLineEdit(&m_form));
+    champ.setToolTip("Aide");
+    champ.setAccessibleName("Le champ");
+    champ.setAccessibleDescription("Pour écrire");
+    Traduire("Text1_TT=Help\r\nText1_A=The field\r\nText1_AD=To write\r\n");
+    EXPECT_EQ(champ.accessibleName(), "The field");
+    EXPECT_EQ(champ.accessibleDescription(), "To write");
+    FichierLangue.clear();
+    ChangerLangueDe(m_form);
+    EXPECT_EQ(champ.accessibleName(), "Le champ");
+    EXPECT_EQ(champ.accessibleDescription(), QStringLiteral("Pour écrire"));
+}
+
+TEST_F(LangFormTest, AnAccessibleNameThatRepeatsACaptionHasNoTextOfItsOwn)
+{
+    QLabel& label = Ajouter("Label1", new QLabel("Nom", &m_form));
+    label.setAccessibleName("Nom");
+    Traduire("Label1_C=Name\r\nLabel1_A=Wrong\r\n");
+    EXPECT_EQ(label.accessibleName(), "Name");
+}
+
 TEST_F(LangFormTest, WithNoLanguageAtAllItIsFrenchAgain)
 {
     m_form.setWindowTitle("Essai");
