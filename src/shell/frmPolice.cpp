@@ -5,6 +5,7 @@
 #include "ui_frmPolice.h"
 
 #include <QColorDialog>
+#include <QEvent>
 #include <QFontDatabase>
 
 using namespace Qt::StringLiterals;
@@ -65,16 +66,19 @@ void frmPolice::Relier()
     connect(m_ui->btAnnuler, &QPushButton::clicked, this, &QDialog::reject);
 }
 
+void frmPolice::changeEvent(QEvent* event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        MontrerExemple();
+}
+
 void frmPolice::MontrerExemple()
 {
-    QPalette couleurs;
-    const QColor encre = CouleurDe(m_choix).value_or(couleurs.color(QPalette::Text));
-    couleurs.setColor(QPalette::Window, couleurs.color(QPalette::Base));
-    couleurs.setColor(QPalette::WindowText, encre);
-    m_ui->Exemple->setPalette(couleurs);
+    m_ui->Exemple->setPalette(PaletteDExemple(m_choix));
     m_ui->Exemple->setFont(PoliceDe(m_choix));
     QPixmap tache(CoteDeCouleur, CoteDeCouleur);
-    tache.fill(encre);
+    tache.fill(CouleurDe(m_choix).value_or(palette().color(QPalette::Text)));
     m_ui->btCouleur->setIcon(tache);
 }
 

@@ -22,6 +22,9 @@ public:
     /// What stands there. What was not touched is as it was at first, also where it could not be shown.
     const ReglagesDePolice& Choix() const { return m_choix; }
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     void Remplir();
     void Relier();

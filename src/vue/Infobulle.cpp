@@ -32,7 +32,6 @@ Infobulle::Infobulle(VueTable& vue, QLabel& myToolTipText, QObject* parent)
     // What a cell holds is text, whatever signs are in it.
     m_texte.setTextFormat(Qt::PlainText);
     m_texte.setWordWrap(true);
-    m_texte.setPalette(QToolTip::palette());
     m_texte.setBackgroundRole(QPalette::ToolTipBase);
     m_texte.setForegroundRole(QPalette::ToolTipText);
     m_texte.setAutoFillBackground(true);
@@ -92,6 +91,7 @@ void Infobulle::Battre()
     const QString texte = table.ListItems(ligne).Valeur(colonne);
     if (texte.isEmpty() || m_vue.EstEntiere(ligne, colonne))
         return;
+    m_texte.setPalette(QToolTip::palette()); // it may have become another one since
     m_texte.setText(texte.left(SignesAuPlus));
     Placer(m_vue.visualRect(m_vue.model()->index(ligne - 1, colonne - 1)));
     m_texte.raise();

@@ -3,6 +3,7 @@
 #include "base/Const_Vrac.h"
 #include "base/Nombres.h"
 #include "base/Options.h"
+#include "kit/Couleurs.h"
 
 #include <QApplication>
 #include <QFontDatabase>
@@ -63,6 +64,16 @@ std::optional<QColor> CouleurDe(const ReglagesDePolice& reglages)
     if (valeur <= 0 || valeur > CouleurMax)
         return std::nullopt;
     return QColor(valeur & 0xFF, (valeur >> 8) & 0xFF, (valeur >> 16) & 0xFF);
+}
+
+QPalette PaletteDExemple(const ReglagesDePolice& reglages)
+{
+    QPalette couleurs;
+    const QColor fond = couleurs.color(QPalette::Base);
+    const std::optional<QColor> encre = CouleurDe(reglages);
+    couleurs.setColor(QPalette::Window, fond);
+    couleurs.setColor(QPalette::WindowText, encre ? EncreLisible(*encre, fond) : couleurs.color(QPalette::Text));
+    return couleurs;
 }
 
 QFont PoliceDeTable()

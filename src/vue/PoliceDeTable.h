@@ -3,6 +3,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QPalette>
 #include <QString>
 
 #include <optional>
@@ -28,6 +29,8 @@ void EcrirePolice(const ReglagesDePolice& reglages);
 QFont PoliceDe(const ReglagesDePolice& reglages);
 /// Nothing for 0, which is the theme's text colour.
 std::optional<QColor> CouleurDe(const ReglagesDePolice& reglages);
+/// For a label that shows letters as a table does, in the theme that is in force. What cannot be read is made lighter.
+QPalette PaletteDExemple(const ReglagesDePolice& reglages);
 
 // What the settings say now.
 QFont PoliceDeTable();

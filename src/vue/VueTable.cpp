@@ -9,8 +9,23 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QPainter>
 
 #include <algorithm>
+
+namespace {
+
+constexpr double EncreDeLInvitation = 0.75; // quieter than an entry, and still easy to read on its ground
+constexpr int BordDeLInvitation = 24;
+
+QColor Melange(const QColor& encre, const QColor& fond, double part)
+{
+    const auto ton = [part](double a, double b) { return float(a * part + b * (1 - part)); };
+    return QColor::fromRgbF(ton(encre.redF(), fond.redF()), ton(encre.greenF(), fond.greenF()),
+                            ton(encre.blueF(), fond.blueF()));
+}
+
+} // namespace
 
 VueTable::VueTable(QWidget* parent) : VueDesLignes(parent)
 {
@@ -28,7 +43,35 @@ bool VueTable::EstEntiere(int ligne, int colonne) const
 void VueTable::TableChangee(const ChangementsTable& changements)
 {
     VueDesLignes::TableChangee(changements);
+    if (m_vide != EstVide())
+        viewport()->update();
     emit TableRafraichie();
+}
+
+bool VueTable::EstVide() const
+{
+    return MontreTable() && Modele().Table().ListItems.Count() == 0;
+}
+
+void VueTable::paintEvent(QPaintEvent* event)
+{
+    VueDesLignes::paintEvent(event);
+    m_vide = EstVide();
+    const QString invitation = m_vide && Invitation ? Invitation() : QString();
+    if (invitation.isEmpty())
+        return;
+    QPainter painter(viewport());
+    painter.setPen(Melange(palette().color(QPalette::Text), palette().color(QPalette::Base), EncreDeLInvitation));
+    const QMargins bords(BordDeLInvitation, 0, BordDeLInvitation, 0);
+    painter.drawText(viewport()->rect().marginsRemoved(bords), Qt::AlignCenter | Qt::TextWordWrap, invitation);
+}
+
+/// The base moves what is drawn along with the columns, and the text in the middle stays there.
+void VueTable::scrollContentsBy(int dx, int dy)
+{
+    VueDesLignes::scrollContentsBy(dx, dy);
+    if (m_vide)
+        viewport()->update();
 }
 
 /// The keys of commands go to the window, and nowhere else.

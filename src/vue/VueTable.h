@@ -4,6 +4,8 @@
 
 #include "vue/VueDesLignes.h"
 
+#include <functional>
+
 class QMimeData;
 
 class VueTable : public VueDesLignes
@@ -24,6 +26,9 @@ public:
 
     /// Whether all of a cell's text (both from 1, both exist) can be read in its column.
     bool EstEntiere(int ligne, int colonne) const;
+
+    /// What stands in grey in the middle of a table without entries; asked for as it is drawn. Empty for nothing.
+    std::function<QString()> Invitation;
 
     /// SourceDrag while entries are dragged out of this view, which takes none of them back then; else empty.
     QString Tag;
@@ -54,8 +59,13 @@ protected:
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void TableChangee(const ChangementsTable& changements) override;
+    void paintEvent(QPaintEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
 
 private:
     bool TouchePourLaFenetre(const QKeyEvent& event);
     bool Accueillir(QDropEvent& event) const;
+    bool EstVide() const;
+
+    bool m_vide = false; ///< whether the table had no entries when it was drawn last
 };

@@ -1,6 +1,7 @@
 #include "shell/frmPolice.h"
 
 #include "base/Options.h"
+#include "kit/Couleurs.h"
 #include "shell/OptionsEnFenetre.h"
 #include "support/Accessibilite.h"
 #include "support/GardeModale.h"
@@ -54,6 +55,23 @@ TEST_F(FrmPoliceTest, ShowsWhatIsSet)
     EXPECT_EQ(Partie(form, "btCouleur").icon().pixmap(16).toImage().pixelColor(8, 8), QColor(255, 0, 0));
 }
 
+TEST_F(FrmPoliceTest, TheExampleCanBeReadInDarkWindowsToo)
+{
+    depart.couleur = 0x800000;
+    frmPolice form(depart);
+    form.show();
+    const QColor bleu(0, 0, 0x80);
+    const auto encre = [&form] { return Partie<QLabel>(form, "Exemple").palette().color(QPalette::WindowText); };
+    ASSERT_EQ(encre(), bleu);
+    MettreCouleurs(true);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(encre(), EncreLisible(bleu, PaletteSombre().color(QPalette::Base)));
+    EXPECT_NE(encre(), bleu);
+    MettreCouleurs(false);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(encre(), bleu);
+}
+
 TEST_F(FrmPoliceTest, WhatIsNotTouchedStaysAlsoWhereItCannotBeShown)
 {
     depart.nom = u"Nulle part installée"_s;
@@ -72,7 +90,7 @@ TEST_F(FrmPoliceTest, EverythingIsChosenWithTheKeys)
         const auto avecAlt = [&form](Qt::Key touche) { QTest::keyClick(&form, touche, Qt::AltModifier); };
         avecAlt(Qt::Key_P);
         QTest::keyClick(form.focusWidget(), Qt::Key_End);
-        avecAlt(Qt::Key_T);
+        avecAlt(Qt::Key_E);
         QTest::keyClick(form.focusWidget(), Qt::Key_A, Qt::ControlModifier);
         QTest::keyClicks(form.focusWidget(), u"12"_s + QLocale().decimalPoint() + u'5');
         avecAlt(Qt::Key_G);

@@ -2,6 +2,7 @@
 
 #include "base/Const_Vrac.h"
 #include "catalogue/table/RefonteDeTable.h"
+#include "kit/Couleurs.h"
 #include "support/PlateformeDeTest.h"
 #include "vue/TexteDeBulle.h"
 #include "vue/VueDeTest.h"
@@ -59,6 +60,18 @@ TEST_F(InfobulleTest, ACellThatIsCutOffShowsItsTextAtTheNextTick)
     const QPoint cellule = vue.visualRect(vue.model()->index(1, 0)).topLeft();
     const QPoint coin = cellule + QPoint(vue.PixelsDe(50), vue.PixelsDe(60));
     EXPECT_EQ(texte.pos(), vue.viewport()->mapTo(&vue, coin));
+}
+
+TEST_F(InfobulleTest, TheTipHasTheColoursThatTipsHaveByThen)
+{
+    Montrer();
+    Pointer(2, 1);
+    MettreCouleurs(true);
+    Battre();
+    const QPalette couleurs = texte.palette();
+    MettreCouleurs(false);
+    for (const QPalette::ColorRole role : {QPalette::ToolTipBase, QPalette::ToolTipText})
+        EXPECT_EQ(couleurs.color(role), PaletteSombre().color(role));
 }
 
 TEST_F(InfobulleTest, AWordThatIsWiderThanTheColumnIsBroken)

@@ -7,6 +7,10 @@
 #include <QDialog>
 #include <QSignalSpy>
 
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -28,7 +32,64 @@ protected:
     QSignalSpy deposes{&vue, &VueTable::TexteDepose};
 };
 
+/// How well the ink that stands out most can be told from the ground: 1 to 21.
+double Contraste(const QImage& image, const QColor& fond)
+{
+    const auto lineaire = [](double ton) {
+        return ton <= 0.04045 ? ton / 12.92 : std::pow((ton + 0.055) / 1.055, 2.4);
+    };
+    const auto clarte = [&](const QColor& couleur) {
+        return 0.2126 * lineaire(couleur.redF()) + 0.7152 * lineaire(couleur.greenF()) +
+               0.0722 * lineaire(couleur.blueF()) + 0.05;
+    };
+    double plus = 1;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const double rapport = clarte(image.pixelColor(x, y)) / clarte(fond);
+            plus = std::max({plus, rapport, 1 / rapport});
+        }
+    }
+    return plus;
+}
+
 } // namespace
+
+// ---- without entries
+
+TEST_F(VueTableTest, AnEmptyTableInvitesInInkThatCanBeReadOnLightAndDarkGround)
+{
+    vue.Invitation = [] { return u"Ctrl+E ajoute une entrée"_s; };
+    Montrer(0);
+    for (const auto& [encre, fond] : {std::pair(Qt::black, Qt::white), std::pair(Qt::white, Qt::black)}) {
+        QPalette couleurs = vue.palette();
+        couleurs.setColor(QPalette::Text, encre);
+        couleurs.setColor(QPalette::Base, fond);
+        vue.setPalette(couleurs);
+        const double contraste = Contraste(vue.viewport()->grab().toImage(), fond);
+        EXPECT_GE(contraste, 4.5);
+        EXPECT_LT(contraste, 20) << "quieter than an entry";
+    }
+}
+
+TEST_F(VueTableTest, AnEmptyTableWithoutAnInvitationIsPlain)
+{
+    Montrer(0);
+    EXPECT_EQ(Contraste(vue.viewport()->grab().toImage(), vue.palette().color(QPalette::Base)), 1);
+}
+
+TEST_F(VueTableTest, TheInvitationGoesWithTheFirstEntryAndComesBackAfterTheLast)
+{
+    int demandes = 0;
+    vue.Invitation = [&demandes] {
+        ++demandes;
+        return u"Ctrl+E ajoute une entrée"_s;
+    };
+    Montrer(1);
+    vue.viewport()->grab();
+    EXPECT_EQ(demandes, 0);
+    table.ListItems.Remove(1);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return demandes > 0; }));
+}
 
 TEST_F(VueTableTest, AClickOnATitleIsToldOnceTitlesAreClickable)
 {
