@@ -8,7 +8,9 @@
 #include "extensions/langue/modLang.h"
 #include "images/ChoisirImage.h"
 #include "images/FichierImage.h"
+#include "images/ImageRecue.h"
 #include "kit/Icones.h"
+#include "kit/ManqueDeMemoire.h"
 #include "kit/PlaceDeFenetre.h"
 #include "kit/UnitesEcran.h"
 #include "ui_frmEditEntree.h"
@@ -43,6 +45,8 @@ frmEditEntree::frmEditEntree(QWidget* parent)
     m_ui->btplus->setIcon(Icone(u"addentree"_s));
     m_ui->btmoins->setIcon(Icone(u"delentree"_s));
     LangForm(*this);
+    m_ui->LV->setHeaderLabels(
+        {LangMsg(u"msgColonne"_s, u"Colonne"_s), LangMsg(u"msgNouvelleEntree"_s, u"Nouvelle Entrée"_s)});
     m_nomDuChamp = m_ui->Combo1->accessibleName();
     NommerChamp();
     MesurerControles();
@@ -65,6 +69,7 @@ void frmEditEntree::Brancher()
     connect(m_ui->btplus, &QToolButton::clicked, this, &frmEditEntree::Memoriser);
     connect(m_ui->btmoins, &QToolButton::clicked, this, &frmEditEntree::Oublier);
     connect(m_ui->Img, &ZoneImage::Clic, this, &frmEditEntree::ChangerImage);
+    connect(m_ui->Img, &ZoneImage::Recue, this, &frmEditEntree::PrendreRecue);
     connect(m_ui->btPrecedent, &QPushButton::clicked, this, [this] { Aller(Sens::Precedente); });
     connect(m_ui->btSuivant, &QPushButton::clicked, this, [this] { Aller(Sens::Suivante); });
     connect(m_ui->btAjouter, &QPushButton::clicked, this, &frmEditEntree::Ajouter);
@@ -352,6 +357,15 @@ void frmEditEntree::ChangerImage()
         return;
     }
     m_image = choix;
+    MontrerImage();
+}
+
+void frmEditEntree::PrendreRecue(const ImageRecue& recue)
+{
+    const QString nom = AvecMemoire([&] { return PrendreImage(recue, CheminImages, this); }, QString());
+    if (nom.isEmpty())
+        return;
+    m_image = nom;
     MontrerImage();
 }
 

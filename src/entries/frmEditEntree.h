@@ -18,6 +18,7 @@
 
 class MyLV;
 class QKeyEvent;
+struct ImageRecue;
 
 namespace Ui {
 class frmEditEntree;
@@ -117,6 +118,7 @@ private:
     void Memoriser();
     void Oublier();
     void ChangerImage();
+    void PrendreRecue(const ImageRecue& recue);
     void MontrerImage();
 
     std::unique_ptr<Ui::frmEditEntree> m_ui;

@@ -54,9 +54,9 @@ QString NomTenable(const QString& chemin)
     return RendreTenable(NomDeFichier(chemin));
 }
 
-QString NomLibre(const QString& dossier, const QString& nom, const EntreDeuxPas& entreDeuxEssais)
+QString NomLibre(const QString& dossier, const QString& nom, const EntreDeuxPas& entreDeuxEssais, int premierNumero)
 {
-    int numero = 0;
+    int numero = premierNumero;
     while (QFileInfo::exists(dossier + QString::number(numero) + nom)) {
         ++numero;
         if (entreDeuxEssais)

@@ -21,8 +21,10 @@ QStringList ListerImages(const QString& dossier, const EntreDeuxPas& entreDeuxNo
 /// control characters, which would end the name in the catalogue's text.
 QString NomTenable(const QString& chemin);
 
-/// The first name of "0" and `nom`, "1" and `nom` ... that nothing in the folder has: 0photo.jpg.
-QString NomLibre(const QString& dossier, const QString& nom, const EntreDeuxPas& entreDeuxEssais = {});
+/// The first name of "0" and `nom`, "1" and `nom` ... that nothing in the folder has: 0photo.jpg. Who knows that lower
+/// numbers are taken gives the first one to try.
+QString NomLibre(const QString& dossier, const QString& nom, const EntreDeuxPas& entreDeuxEssais = {},
+                 int premierNumero = 0);
 
 enum class SiLeFichierExiste { Echouer, Remplacer };
 

@@ -1,22 +1,20 @@
 #include "images/frmChangeImage.h"
 
-#include "base/AfficherMsg.h"
 #include "base/Const_Vrac.h"
 #include "base/DialogueFichier.h"
 #include "base/Evenements.h"
 #include "base/Options.h"
 #include "extensions/langue/LangForm.h"
 #include "extensions/langue/modLang.h"
+#include "images/AjouterImage.h"
 #include "images/Bibliotheque.h"
 #include "images/DelegueVignettes.h"
 #include "images/FichierImage.h"
 #include "images/SupprimerImage.h"
 #include "images/Vignettes.h"
-#include "images/frmRemplacerImg.h"
 #include "kit/Icones.h"
 #include "ui_frmChangeImage.h"
 
-#include <QFileInfo>
 #include <QShortcut>
 
 using namespace Qt::StringLiterals;
@@ -103,36 +101,14 @@ void frmChangeImage::SupprimerChoisi()
 /// A failure ends this without a word, and the dialog stays as it was.
 void frmChangeImage::Ajouter()
 {
-    const auto choix = DialogueOuvrir({m_ui->btAjouter->text().remove(u'&'), LireOption(Options::ImgInitDir),
-                                       TypesDuFiltre(u"Images|*.bmp;*.jpg;*.gif;*.jpeg;*.jpe"_s)});
+    const auto choix = DialogueOuvrir({m_ui->btAjouter->text().remove(u'&'),
+                                       LireOption(Options::ImgInitDir),
+                                       {{LangMsg(u"msgImages"_s, u"Images"_s), u"*.bmp;*.jpg;*.gif;*.jpeg;*.jpe"_s}}});
     if (!choix || choix->fichiers.isEmpty())
         return;
     const QString fichier = choix->fichiers.first();
     EcrireOption(Options::ImgInitDir, fichier.chopped(NomDeFichier(fichier).size()));
 
-    const QString nom = NomTenable(fichier);
-    if (!QFileInfo(Dossier + nom).isFile()) {
-        if (CopierImage(fichier, Dossier + nom, SiLeFichierExiste::Echouer))
-            Fermer(nom);
-        return;
-    }
-    if (const std::optional<QString> ajoute = RemplacerOuRenommer(fichier, nom))
-        Fermer(*ajoute);
-}
-
-/// Where the category has a file of that name: the name under which the new one is there now. Empty when the user wants
-/// neither; nothing when it could not be copied.
-std::optional<QString> frmChangeImage::RemplacerOuRenommer(const QString& fichier, const QString& nom)
-{
-    frmRemplacerImg question(Dossier + nom, fichier, this);
-    question.exec();
-    QString sous = nom;
-    if (!question.Resultat) {
-        const Message renommer = LangMsg(u"msg27"_s, u"Voulez vous que l'image a ajouter soit renomée?"_s);
-        if (AfficherMsg(renommer, MsgOuiNonAnnuler, QString()) != RepOui)
-            return QString();
-        sous = NomLibre(Dossier, nom, LaisserPasserEvenements);
-    }
-    const auto siExiste = question.Resultat ? SiLeFichierExiste::Remplacer : SiLeFichierExiste::Echouer;
-    return CopierImage(fichier, Dossier + sous, siExiste) ? std::optional(sous) : std::nullopt;
+    if (const std::optional<QString> ajoutee = AjouterImage(Dossier, fichier, NomTenable(fichier), this))
+        Fermer(*ajoutee);
 }

@@ -35,7 +35,6 @@ private:
     void MontrerChoisi();
     void SupprimerChoisi();
     void Ajouter();
-    std::optional<QString> RemplacerOuRenommer(const QString& fichier, const QString& nom);
 
     std::unique_ptr<Ui::frmChangeImage> m_ui;
     Vignettes* m_vignettes;
