@@ -3,6 +3,8 @@
 #include "base/AfficherMsg.h"
 #include "extensions/langue/modLang.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -74,6 +76,19 @@ bool ColonnesDeCategorie::Supprimer()
     // Nothing is in hand after the first one went.
     --m_choisie;
     return true;
+}
+
+bool ColonnesDeCategorie::ADesTitres() const
+{
+    return std::ranges::any_of(m_titres, [](const QString& titre) { return !titre.isEmpty(); });
+}
+
+void ColonnesDeCategorie::Remplacer(const QStringList& titres)
+{
+    m_titres = titres;
+    m_choisie = 1;
+    m_dependante = 0;
+    m_intacte = false;
 }
 
 void ColonnesDeCategorie::Monter()

@@ -34,6 +34,12 @@ public:
     /// refused ("msg56"). True when it is gone. The choice of the dependant column goes with its column.
     bool Supprimer();
 
+    /// Whether the user has given a title to any column.
+    bool ADesTitres() const;
+    /// Takes `titres` (at least one) instead of all columns, the first of them in hand and none dependant. Whether
+    /// there is a dependant column stays as it is.
+    void Remplacer(const QStringList& titres);
+
     bool PeutMonter() const { return m_choisie > 1; }
     bool PeutDescendre() const { return m_choisie > 0 && m_choisie < Nombre(); }
     /// Moves the column in hand by one place, where it can. A dependant column that was chosen is then the moved one,

@@ -1,6 +1,7 @@
 #include "entries/frmAddCategorie2.h"
 
 #include "base/AfficherMsg.h"
+#include "entries/ModelesDeCategorie.h"
 #include "extensions/langue/LangForm.h"
 #include "extensions/langue/modLang.h"
 #include "kit/Icones.h"
@@ -9,6 +10,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QShortcut>
 #include <QSignalBlocker>
 
@@ -26,6 +28,7 @@ frmAddCategorie2::frmAddCategorie2(QWidget* parent) : QDialog(parent), m_ui(std:
     m_ui->dependantcol->setEnabled(false);
     BrancherBoutons();
     BrancherTouches();
+    RemplirModeles();
 
     // Queued: the field is in the middle of taking the edit back.
     auto* valideur = new ValideurDeLigne(this, u"|"_s);
@@ -93,6 +96,14 @@ void frmAddCategorie2::BrancherTouches()
     }
     for (const Qt::Key entree : {Qt::Key_Return, Qt::Key_Enter})
         touche(this, Qt::CTRL | entree, m_ui->btAjouter, Qt::WindowShortcut);
+}
+
+void frmAddCategorie2::RemplirModeles()
+{
+    auto* menu = new QMenu(m_ui->btModele);
+    for (const ModeleDeCategorie& modele : ModelesDeCategorie())
+        connect(menu->addAction(modele.nom), &QAction::triggered, this, [this, modele] { PrendreModele(modele); });
+    m_ui->btModele->setMenu(menu);
 }
 
 // ---- what is on show
@@ -166,6 +177,20 @@ void frmAddCategorie2::Deplacer(void (ColonnesDeCategorie::*deplacement)())
 {
     (Colonnes.*deplacement)();
     Montrer();
+}
+
+/// What the user has typed goes only when he agrees.
+void frmAddCategorie2::PrendreModele(const ModeleDeCategorie& modele)
+{
+    if (Colonnes.ADesTitres()) {
+        const Message question = LangMsg(u"msgModeleRemplace"_s, u"Remplacer vos colonnes par celles de « %1 » ?"_s)
+                                     .Remplacer(u"%1"_s, modele.nom);
+        if (AfficherMsg(question.ParDefaut(RepNon), MsgOuiNon, QString()) != RepOui)
+            return;
+    }
+    Colonnes.Remplacer(modele.colonnes);
+    Montrer();
+    AllerAuTitre();
 }
 
 void frmAddCategorie2::Valider()

@@ -8,6 +8,7 @@
 #include <memory>
 
 class QKeyEvent;
+struct ModeleDeCategorie;
 
 namespace Ui {
 class frmAddCategorie2;
@@ -32,6 +33,7 @@ protected:
 private:
     void BrancherBoutons();
     void BrancherTouches();
+    void RemplirModeles();
 
     void Montrer();
     void MontrerTitre(int position);
@@ -41,6 +43,7 @@ private:
     void Ajouter();
     void Supprimer();
     void Deplacer(void (ColonnesDeCategorie::*deplacement)());
+    void PrendreModele(const ModeleDeCategorie& modele);
     void Valider();
     bool ToucheDuTitre(const QKeyEvent& touche);
     void ColonneSuivante();

@@ -259,3 +259,21 @@ TEST_F(ColonnesDeCategorieTest, AnEmptyTitleInTheMiddleIsMissedToo)
     EXPECT_FALSE(colonnes.Verifier());
     EXPECT_EQ(reponses.Cles(), QStringList({"msg53"}));
 }
+
+TEST(ColonnesDeCategorie, OtherTitlesTakeThePlaceOfAllColumns)
+{
+    ColonnesDeCategorie colonnes;
+    EXPECT_FALSE(colonnes.ADesTitres());
+    colonnes.Renommer("Pays");
+    EXPECT_TRUE(colonnes.ADesTitres());
+    colonnes.Enchainer();
+    colonnes.Dependant = true;
+    colonnes.ChoisirDependante(1);
+    colonnes.Remplacer({"Auteur", "Titre"});
+    EXPECT_EQ(colonnes.Titres(), QStringList({"Auteur", "Titre"}));
+    EXPECT_EQ(colonnes.Choisie(), 1);
+    EXPECT_EQ(colonnes.DependanteChoisie(), 0);
+    EXPECT_TRUE(colonnes.Dependant);
+    colonnes.Choisir(2);
+    EXPECT_EQ(colonnes.Nombre(), 2) << "the last one is not one that goes by itself";
+}

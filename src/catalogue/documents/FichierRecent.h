@@ -11,6 +11,19 @@ void AjouterRecent(const QString& chemin);
 /// Takes the path out; those below move up.
 void RetirerRecent(const QString& chemin);
 
+/// Puts the recent files back as they were when it is made, at its end: what is opened meanwhile is not one of them.
+class RecentsGardes
+{
+public:
+    RecentsGardes();
+    ~RecentsGardes();
+    RecentsGardes(const RecentsGardes&) = delete;
+    RecentsGardes& operator=(const RecentsGardes&) = delete;
+
+private:
+    QStringList m_chemins;
+};
+
 /// The items of a window's menu of recent files.
 class MenuRecents
 {

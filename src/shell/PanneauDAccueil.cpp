@@ -1,0 +1,161 @@
+#include "shell/PanneauDAccueil.h"
+
+#include "extensions/langue/modLang.h"
+#include "kit/Icones.h"
+#include "platform/NomsSysteme.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QEvent>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int LargeurAuPlus = 640;
+constexpr int CoteDIcone = 32;
+constexpr int Air = 12;
+
+} // namespace
+
+PanneauDAccueil::PanneauDAccueil(QWidget& dessous)
+    : QFrame(&dessous), m_titreRecents(new QLabel), m_recents(new QListWidget), m_titreExemples(new QLabel),
+      m_exemples(new QHBoxLayout)
+{
+    setObjectName(u"fAccueil"_s);
+    m_titreRecents->setObjectName(u"lblRecents"_s);
+    m_titreExemples->setObjectName(u"lblExemples"_s);
+    m_recents->setObjectName(u"ListeRecents"_s);
+    m_titreRecents->setBuddy(m_recents);
+    m_recents->setTextElideMode(Qt::ElideMiddle);
+    m_recents->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+
+    auto* boutons = new QHBoxLayout;
+    boutons->setSpacing(Air);
+    m_nouvelle = FaireBouton("btNouvelle", u"addcat"_s);
+    m_ouvrir = FaireBouton("btOuvrir", u"open"_s);
+    boutons->addWidget(m_nouvelle);
+    boutons->addWidget(m_ouvrir);
+    auto* milieu = new QWidget;
+    milieu->setMaximumWidth(LargeurAuPlus);
+    auto* colonne = new QVBoxLayout(milieu);
+    colonne->setSpacing(Air);
+    colonne->addLayout(boutons);
+    colonne->addWidget(m_titreRecents);
+    colonne->addWidget(m_recents, 1);
+    colonne->addWidget(m_titreExemples);
+    colonne->addLayout(m_exemples);
+    colonne->addStretch(0); // takes the height while there is no list
+    for (QLabel* titre : {m_titreRecents, m_titreExemples})
+        titre->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    auto* autour = new QHBoxLayout(this);
+    autour->addStretch(1);
+    autour->addWidget(milieu, 100);
+    autour->addStretch(1);
+
+    connect(m_nouvelle, &QPushButton::clicked, this, &PanneauDAccueil::NouvelleDemandee);
+    connect(m_ouvrir, &QPushButton::clicked, this, &PanneauDAccueil::OuvrirDemande);
+    connect(m_recents, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* ligne) { Choisir(*ligne); });
+    m_recents->installEventFilter(this);
+    dessous.installEventFilter(this);
+    setGeometry(dessous.rect());
+    MettreTextes();
+    MettreRecents({});
+    MettreExemples({});
+}
+
+QPushButton* PanneauDAccueil::FaireBouton(const char* nom, const QString& icone)
+{
+    auto* bouton = new QPushButton(Icone(icone), QString());
+    bouton->setObjectName(QString::fromLatin1(nom));
+    bouton->setIconSize({CoteDIcone, CoteDIcone});
+    bouton->setAutoDefault(true); // Enter presses it as the space bar does
+    return bouton;
+}
+
+void PanneauDAccueil::MettreTextes()
+{
+    m_nouvelle->setText(LangMsg(u"msgAccueilNouvelle"_s, u"&Nouvelle catégorie"_s));
+    m_ouvrir->setText(LangMsg(u"msgAccueilOuvrir"_s, u"O&uvrir"_s));
+    m_titreRecents->setText(LangMsg(u"msgAccueilRecents"_s, u"Fichiers &récents"_s));
+    m_titreExemples->setText(LangMsg(u"msgAccueilExemples"_s, u"Exemples"_s));
+}
+
+void PanneauDAccueil::MettreRecents(const QStringList& chemins)
+{
+    m_recents->clear();
+    for (const QString& chemin : chemins) {
+        const bool present = EstFichier(chemin);
+        const QString nom = QFileInfo(chemin).fileName();
+        auto* ligne = new QListWidgetItem(
+            present ? nom : LangMsg(u"msgRecentAbsent"_s, u"%1 (introuvable)"_s).Remplacer(u"%1"_s, nom).texte,
+            m_recents);
+        ligne->setToolTip(chemin);
+        ligne->setData(Qt::UserRole, chemin);
+        if (!present)
+            ligne->setForeground(palette().color(QPalette::Disabled, QPalette::Text));
+    }
+    if (m_recents->count() > 0)
+        m_recents->setCurrentRow(0);
+    m_titreRecents->setVisible(!chemins.isEmpty());
+    m_recents->setVisible(!chemins.isEmpty());
+}
+
+void PanneauDAccueil::MettreExemples(const QStringList& chemins)
+{
+    while (QLayoutItem* ancien = m_exemples->takeAt(0)) {
+        delete ancien->widget();
+        delete ancien;
+    }
+    for (const QString& chemin : chemins) {
+        auto* bouton = new QPushButton(QFileInfo(chemin).completeBaseName());
+        bouton->setToolTip(chemin);
+        bouton->setAutoDefault(true);
+        connect(bouton, &QPushButton::clicked, this, [this, chemin] { emit ExempleChoisi(chemin); });
+        m_exemples->addWidget(bouton);
+    }
+    m_titreExemples->setVisible(!chemins.isEmpty());
+}
+
+/// A copy: opening the file rewrites the list.
+void PanneauDAccueil::Choisir(const QListWidgetItem& ligne)
+{
+    const QString chemin = ligne.data(Qt::UserRole).toString();
+    emit RecentChoisi(chemin);
+}
+
+bool PanneauDAccueil::eventFilter(QObject* objet, QEvent* event)
+{
+    if (objet == parent() && event->type() == QEvent::Resize)
+        setGeometry(parentWidget()->rect());
+    if (objet == m_recents && event->type() == QEvent::KeyPress && m_recents->currentItem()) {
+        const int touche = static_cast<QKeyEvent*>(event)->key();
+        if (touche == Qt::Key_Return || touche == Qt::Key_Enter) {
+            Choisir(*m_recents->currentItem());
+            return true;
+        }
+    }
+    return QFrame::eventFilter(objet, event);
+}
+
+QStringList ExemplesInstalles()
+{
+    const QDir programme(QCoreApplication::applicationDirPath());
+    for (const QString& dossier : {u"../share/doc/zelvane/examples"_s, u"../../../examples"_s}) {
+        QStringList exemples;
+        for (const QString& nom : {u"discotheque.qrt"_s, u"bibliotheque.qrt"_s}) {
+            const QString chemin = QDir::cleanPath(programme.filePath(dossier + u'/' + nom));
+            if (EstFichier(chemin))
+                exemples.append(chemin);
+        }
+        if (!exemples.isEmpty())
+            return exemples;
+    }
+    return {};
+}

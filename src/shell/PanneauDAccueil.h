@@ -1,0 +1,50 @@
+// What an empty frame offers: a new category, a file to open, the recent ones and the samples.
+#pragma once
+
+#include <QFrame>
+#include <QStringList>
+
+class QHBoxLayout;
+class QLabel;
+class QListWidget;
+class QListWidgetItem;
+class QPushButton;
+
+/// Lies over all of its parent and follows its size. Its texts are in the language in force.
+class PanneauDAccueil : public QFrame
+{
+    Q_OBJECT
+
+public:
+    explicit PanneauDAccueil(QWidget& dessous);
+
+    /// Gives the captions anew, after a change of language.
+    void MettreTextes();
+    /// The recent files, newest first; those that are not there any more are told apart.
+    void MettreRecents(const QStringList& chemins);
+    /// The samples, by their paths.
+    void MettreExemples(const QStringList& chemins);
+
+signals:
+    void NouvelleDemandee();
+    void OuvrirDemande();
+    void RecentChoisi(const QString& chemin);
+    void ExempleChoisi(const QString& chemin);
+
+protected:
+    bool eventFilter(QObject* objet, QEvent* event) override;
+
+private:
+    QPushButton* FaireBouton(const char* nom, const QString& icone);
+    void Choisir(const QListWidgetItem& ligne);
+
+    QPushButton* m_nouvelle;
+    QPushButton* m_ouvrir;
+    QLabel* m_titreRecents;
+    QListWidget* m_recents;
+    QLabel* m_titreExemples;
+    QHBoxLayout* m_exemples;
+};
+
+/// The samples that are installed beside the program, or lie in the tree that it was built from.
+QStringList ExemplesInstalles();

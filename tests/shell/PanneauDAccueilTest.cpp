@@ -1,0 +1,118 @@
+// What the empty frame offers.
+#include "CadreEnFenetre.h"
+
+#include "catalogue/documents/FichierRecent.h"
+#include "shell/PanneauDAccueil.h"
+#include "support/Accessibilite.h"
+
+#include <QListWidget>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class PanneauDAccueilTest : public CadreEnFenetre
+{
+protected:
+    PanneauDAccueil& Accueil() const { return *cadre->findChild<PanneauDAccueil*>(); }
+    void ChoisirExemple(const QString& chemin)
+    {
+        for (auto* bouton : Accueil().findChildren<QPushButton*>()) {
+            if (bouton->toolTip() == chemin)
+                QTest::mouseClick(bouton, Qt::LeftButton);
+        }
+        Laisser();
+    }
+    void Presser(const QString& commande)
+    {
+        dynamic_cast<Form1&>(*cadre->Documents().front()).findChild<QAction*>(commande)->trigger();
+        Laisser();
+    }
+    QListWidget& Recents() const { return *cadre->findChild<QListWidget*>(u"ListeRecents"_s); }
+};
+
+} // namespace
+
+TEST_F(PanneauDAccueilTest, ItIsOnShowExactlyWhileNoDocumentIsOpen)
+{
+    Montrer();
+    EXPECT_TRUE(Accueil().isVisible());
+    EXPECT_EQ(Accueil().size(), Zone().size());
+    EXPECT_EQ(ControlesSansNom(Accueil()), QStringList());
+    Form1& fenetre = Ouvrir(u"disques.qrt"_s);
+    EXPECT_FALSE(Accueil().isVisible());
+    fenetre.Decharger();
+    Laisser();
+    EXPECT_TRUE(Accueil().isVisible());
+}
+
+TEST_F(PanneauDAccueilTest, EnterOrADoubleClickOpensARecentFile)
+{
+    AjouterRecent(u"/nulle/part.qrt"_s);
+    AjouterRecent(Fichier(u"disques.qrt"_s));
+    Montrer();
+    ASSERT_EQ(Recents().count(), 2);
+    EXPECT_EQ(Recents().item(0)->text(), "disques.qrt");
+    EXPECT_EQ(Recents().item(0)->toolTip(), dossier.Fichier(u"disques.qrt"_s));
+    EXPECT_EQ(Recents().item(1)->text(), "part.qrt (introuvable)");
+    QTest::keyClick(&Recents(), Qt::Key_Return);
+    Laisser();
+    ASSERT_EQ(cadre->Documents().size(), 1U);
+    cadre->Documents().front()->Decharger();
+    Laisser();
+    const QPoint milieu = Recents().visualItemRect(Recents().item(0)).center();
+    QTest::mouseClick(Recents().viewport(), Qt::LeftButton, {}, milieu);
+    QTest::mouseDClick(Recents().viewport(), Qt::LeftButton, {}, milieu);
+    Laisser();
+    EXPECT_EQ(cadre->Documents().size(), 1U);
+}
+
+TEST_F(PanneauDAccueilTest, ASampleOpensAsACategoryThatWasNeverSaved)
+{
+    Montrer();
+    const QString exemple = Fichier(u"exemple.qrt"_s);
+    Accueil().MettreExemples({exemple});
+    ChoisirExemple(exemple);
+    ASSERT_EQ(cadre->Documents().size(), 1U);
+    EXPECT_EQ(cadre->Documents().front()->myqrt.CheminReel(), "");
+    EXPECT_EQ(cadre->Documents().front()->myqrt.FileType, "");
+    EXPECT_EQ(Recents().count(), 0);
+
+    const QByteArray installe = dossier.Lire(u"exemple.qrt"_s);
+    dialogues.Preparer({dossier.Fichier(u"a moi.qrt"_s)}, 2);
+    cadre->Documents().front()->myqrt.MyLV->ListItems(1).SetText(u"Autre"_s);
+    Presser(u"mEnregistrer"_s);
+    EXPECT_EQ(dialogues.Demandes().size(), 1) << "a save asks where to";
+    EXPECT_TRUE(dossier.Existe(u"a moi.qrt"_s));
+    EXPECT_EQ(dossier.Lire(u"exemple.qrt"_s), installe);
+    EXPECT_EQ(Recents().item(0)->text(), "a moi.qrt");
+}
+
+TEST_F(PanneauDAccueilTest, ASampleTakesNoPlaceAmongTheRecentFiles)
+{
+    QStringList chemins;
+    for (int i = 5; i >= 1; --i) {
+        chemins.prepend(u"/nulle/part%1.qrt"_s.arg(i));
+        AjouterRecent(chemins.first());
+    }
+    Montrer();
+    const QString exemple = Fichier(u"exemple.qrt"_s);
+    Accueil().MettreExemples({exemple});
+    ChoisirExemple(exemple);
+    cadre->Documents().front()->Decharger();
+    Laisser();
+    QStringList restes;
+    for (int i = 0; i < Recents().count(); ++i)
+        restes.append(Recents().item(i)->toolTip());
+    EXPECT_EQ(restes, chemins);
+}
+
+TEST_F(PanneauDAccueilTest, TheButtonOfOpenShowsTheDialog)
+{
+    Montrer();
+    dialogues.PreparerAnnulation();
+    QTest::mouseClick(cadre->findChild<QPushButton*>(u"btOuvrir"_s), Qt::LeftButton);
+    Laisser();
+    EXPECT_EQ(dialogues.Demandes().size(), 1);
+}
