@@ -1,5 +1,7 @@
 // zelvane [PATH]: the program with its windows. All that stands behind the program's name is one path.
+#include "extensions/dialogues/AideDesFenetres.h"
 #include "extensions/plugins/QrtScript.h"
+#include "kit/Couleurs.h"
 #include "kit/DialoguesDansLEcran.h"
 #include "kit/DialoguesEnFenetre.h"
 #include "kit/MessagesEnFenetre.h"
@@ -8,6 +10,7 @@
 #include "platform/ImprimantesBureau.h"
 #include "platform/NomsSysteme.h"
 #include "platform/Plateforme.h"
+#include "platform/PreferenceSombre.h"
 #include "platform/Presence.h"
 #include "platform/PressePapiersBureau.h"
 #include "platform/ProgrammesBureau.h"
@@ -15,9 +18,7 @@
 #include "shell/EtapesEnFenetres.h"
 
 #include <QApplication>
-#include <QLibraryInfo>
 #include <QLocale>
-#include <QTranslator>
 
 #include <span>
 
@@ -46,12 +47,11 @@ int main(int argc, char** argv)
     QApplication::setApplicationName(u"zelvane"_s);
     QApplication::setDesktopFileName(u"zelvane"_s);
 
-    // Numbers, and Qt's own texts in file dialogs say, are French like the program.
-    const QLocale francais(QLocale::French, QLocale::France);
-    QLocale::setDefault(francais);
-    QTranslator deQt;
-    if (deQt.load(francais, u"qtbase"_s, u"_"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QApplication::installTranslator(&deQt);
+    // Numbers are written as in France, whatever the language.
+    QLocale::setDefault(QLocale(QLocale::French, QLocale::France));
+
+    const PreferenceSombre preference(QDBusConnection::sessionBus());
+    QObject::connect(&preference, &PreferenceSombre::Changee, &MettreCouleurs);
 
     const PlateformeReelle plateformeReelle;
     ProgrammesBureau programmes;
@@ -68,6 +68,7 @@ int main(int argc, char** argv)
     const MessagesEnFenetre messages;
     const DialoguesEnFenetre dialogues;
     const RepriseDuFocus reprise;
+    const AideDesFenetres aide;
     const DialoguesDansLEcran dansLEcran;
     EtapesEnFenetres etapes;
     if (Main(LigneDeCommande(std::span(argv, static_cast<size_t>(argc)).subspan(1)), etapes) == SuiteDemarrage::Finir)

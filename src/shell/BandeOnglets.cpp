@@ -1,11 +1,14 @@
 #include "shell/BandeOnglets.h"
 
+#include "kit/Icones.h"
 #include "shell/OngletsAccessibles.h"
 #include "vue/VueTable.h"
 
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -30,6 +33,8 @@ BandeOnglets::BandeOnglets(QWidget* parent) : QTabBar(parent)
     InstallerOngletsAccessibles();
     connect(this, &QTabBar::currentChanged, this, &BandeOnglets::OngletChoisi);
     setAcceptDrops(true);
+    setMovable(true);
+    setIconSize(QSize(fontMetrics().ascent(), fontMetrics().ascent()));
     m_survolement.setSingleShot(true);
     m_survolement.setInterval(DelaiDuSurvol);
     m_survolement.setObjectName(u"Survol"_s);
@@ -42,7 +47,7 @@ void BandeOnglets::Ajouter(const QString& cle, const QString& titre)
     // The key first: the strip tells of its first tab while it is added.
     const QSignalBlocker silence(this);
     setTabData(addTab(SansMnemonique(titre)), cle);
-    setTabToolTip(count() - 1, titre);
+    MettreEtat(cle, QString(), false);
 }
 
 void BandeOnglets::Retirer(const QString& cle)
@@ -54,7 +59,22 @@ void BandeOnglets::MettreTitre(const QString& cle, const QString& titre)
 {
     const int index = IndexDe(cle);
     setTabText(index, SansMnemonique(titre));
-    setTabToolTip(index, titre);
+}
+
+/// Every tab has a picture, so that none moves when it is marked.
+void BandeOnglets::MettreEtat(const QString& cle, const QString& chemin, bool modifie)
+{
+    const int index = IndexDe(cle);
+    if (index < 0)
+        return;
+    setTabToolTip(index, chemin.isEmpty() ? Titre(index + 1) : chemin);
+    if (!tabIcon(index).isNull() && m_marques.contains(cle) == modifie)
+        return;
+    if (modifie)
+        m_marques.insert(cle);
+    else
+        m_marques.remove(cle);
+    setTabIcon(index, Icone(modifie ? u"modifie"_s : u"categorie"_s));
 }
 
 void BandeOnglets::Selectionner(const QString& cle)
@@ -86,13 +106,19 @@ QString BandeOnglets::Cle(int numero) const
 
 QString BandeOnglets::Titre(int numero) const
 {
-    return tabToolTip(numero - 1);
+    return tabText(numero - 1).replace(u"&&"_s, u"&"_s);
+}
+
+bool BandeOnglets::EstMarque(int numero) const
+{
+    return m_marques.contains(Cle(numero));
 }
 
 void BandeOnglets::mousePressEvent(QMouseEvent* event)
 {
     const int avant = currentIndex();
     QTabBar::mousePressEvent(event);
+    m_presse = event->button() == Qt::MiddleButton ? tabAt(event->pos()) : -1;
     // A click on the tab that is selected already counts as well: its window may be reduced.
     if (event->button() == Qt::LeftButton && avant >= 0 && tabAt(event->pos()) == avant)
         emit OngletChoisi();
@@ -109,8 +135,11 @@ void BandeOnglets::mouseReleaseEvent(QMouseEvent* event)
             break;
         }
     }
+    const int presse = std::exchange(m_presse, -1);
     if (event->button() == Qt::RightButton)
         emit MenuDemande(event->globalPosition().toPoint());
+    else if (event->button() == Qt::MiddleButton && presse >= 0 && presse == tabAt(event->pos()))
+        emit FermetureDemandee(presse + 1);
 }
 
 QSize BandeOnglets::tabSizeHint(int index) const

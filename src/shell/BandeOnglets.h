@@ -1,6 +1,7 @@
 // The strip of tabs over the document windows, TabStrip1. A tab is known by its key, the Tag of its window.
 #pragma once
 
+#include <QSet>
 #include <QTabBar>
 #include <QTimer>
 
@@ -17,6 +18,9 @@ public:
     void Ajouter(const QString& cle, const QString& titre);
     void Retirer(const QString& cle);
     void MettreTitre(const QString& cle, const QString& titre);
+    /// The path that a tab shows as its tip, its caption for none; and whether it is marked as one with unsaved
+    /// changes.
+    void MettreEtat(const QString& cle, const QString& chemin, bool modifie);
     void Selectionner(const QString& cle);
     /// Does what a click on a tab does, from 1.
     void Presser(int numero);
@@ -24,6 +28,7 @@ public:
     /// Key and caption of a tab, from 1; empty for a number that there is no tab of.
     QString Cle(int numero) const;
     QString Titre(int numero) const;
+    bool EstMarque(int numero) const;
 
 signals:
     /// Escape: the keys are to go elsewhere.
@@ -32,6 +37,8 @@ signals:
     void OngletChoisi();
     /// The right button was released over the strip, on a tab or beside.
     void MenuDemande(const QPoint& endroit);
+    /// The middle button was pressed and released on this tab, from 1.
+    void FermetureDemandee(int numero);
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
@@ -50,6 +57,8 @@ private:
     int IndexDe(const QString& cle) const;
     void Survoler(int index);
 
-    int m_survole = -1;   ///< index of the tab that something is held over; -1 for none
-    QTimer m_survolement; ///< runs until that tab is chosen
+    QSet<QString> m_marques; ///< keys of the tabs that are marked
+    int m_presse = -1;       ///< index of the tab on which the middle button is held; -1 for none
+    int m_survole = -1;      ///< index of the tab that something is held over; -1 for none
+    QTimer m_survolement;    ///< runs until that tab is chosen
 };

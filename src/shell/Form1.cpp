@@ -8,7 +8,9 @@
 #include "extensions/langue/LangForm.h"
 #include "extensions/langue/modLang.h"
 #include "images/FichierImage.h"
+#include "kit/Couleurs.h"
 #include "shell/ItemsDeCommandes.h"
+#include "shell/LigneDEtat.h"
 #include "shell/MDIForm1.h"
 #include "ui_Form1.h"
 #include "vue/Infobulle.h"
@@ -18,6 +20,7 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QHeaderView>
+#include <QKeySequence>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -30,7 +33,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double LargeurImages = 1500; // units of 1/1440 inch
-constexpr int SignesDUnCompte = 22;
 
 EtatDeForm1 EtatDe(const QWidget& fenetre)
 {
@@ -62,7 +64,10 @@ Form1::Form1(MDIForm1& cadre, QWidget* parent)
     setWindowFlags(Qt::Widget);
     m_ui->Menus->hide();
     m_ui->Img->setFixedWidth(m_ui->ListView1->PixelsDe(LargeurImages));
-    FaireLigneDEtat();
+    m_etat = new LigneDEtat(*m_ui->StatusBar1, myqrt);
+    for (Drapeau* drapeau : {&myqrt.IlFautSauver, &myqrt.ChangementsTus})
+        drapeau->AChange = [this] { MontrerEtat(); };
+    myqrt.AEteEnregistree = [this] { m_etat->MontrerEnregistrement(); };
     m_ui->wait->Montrer(false);
     m_ui->fOuvrir->Montrer(false);
 
@@ -81,31 +86,11 @@ Form1::Form1(MDIForm1& cadre, QWidget* parent)
 
 Form1::~Form1()
 {
+    for (Drapeau* drapeau : {&myqrt.IlFautSauver, &myqrt.ChangementsTus})
+        drapeau->AChange = nullptr;
     // The tip and the view look at the table to its last moment.
     delete m_infobulle;
     delete m_ui->ListView1;
-}
-
-void Form1::FaireLigneDEtat()
-{
-    const auto panneau = [this](int numero, const QString& nom) {
-        auto* texte = new QLabel(m_ui->StatusBar1);
-        texte->setObjectName(u"StatusBar1_%1"_s.arg(numero));
-        texte->setAccessibleDescription(nom);
-        m_ui->StatusBar1->addWidget(texte);
-        return texte;
-    };
-    m_ui->StatusBar1->setContentsMargins(6, 0, 6, 0);
-    m_nombre = panneau(1, u"Nombre d'entrées"_s);
-    m_choisies = panneau(2, u"Nombre d'entrées sélectionnées"_s);
-    EcarterComptes();
-}
-
-/// The second count stands still while the first one changes.
-void Form1::EcarterComptes()
-{
-    for (QLabel* compte : {m_nombre, m_choisies})
-        compte->setMinimumWidth(compte->fontMetrics().averageCharWidth() * SignesDUnCompte);
 }
 
 void Form1::BrancherTable()
@@ -114,6 +99,16 @@ void Form1::BrancherTable()
     vue->Afficher(myqrt.Table);
     vue->horizontalHeader()->setSectionsClickable(true);
     vue->installEventFilter(this);
+    m_ui->fOuvrir->installEventFilter(this);
+    vue->Invitation = [this] {
+        // While a file is read its entries are still to come.
+        if (!m_ui->fOuvrir->isHidden() || myqrt.Table.ColumnHeaders.Count() == 0)
+            return QString();
+        const QKeySequence touche(QString::fromLatin1(Rang(u"addentree")->touches));
+        return LangMsg(u"msgTableVide"_s, u"Aucune entrée pour l'instant : %1 en ajoute une"_s)
+            .Remplacer(u"%1"_s, touche.toString(QKeySequence::NativeText))
+            .texte;
+    };
     // Without entries no picture is looked for, and only the layout takes the last one away.
     connect(vue, &VueTable::TableRafraichie, this, [this] { RedrawAll(myqrt.ItemsCount() == 0); });
     connect(vue, &VueTable::ToucheRelachee, this, [this] { RedrawAll(); });
@@ -121,7 +116,7 @@ void Form1::BrancherTable()
     connect(vue, &VueTable::LignesEmportees, this, &Form1::TirerLesEntrees, Qt::QueuedConnection);
     connect(vue, &VueTable::TexteDepose, this, &Form1::TexteDepose, Qt::QueuedConnection);
     connect(vue, &VueTable::ClicDroit, this, &Form1::ClicDroitTable);
-    connect(vue, &VueTable::EntreeCliquee, this, &Form1::MontrerComptes);
+    connect(vue, &VueTable::EntreeCliquee, this, &Form1::MontrerEtat);
     connect(vue, &VueTable::EnteteCliquee, this, &Form1::EntetePressee);
     connect(vue, &VueTable::ToucheDeCommande, this, &Form1::ToucheDeCommande);
     connect(vue, &VueTable::EntreeDoubleCliquee, this, &Form1::DoubleClicTable);
@@ -203,6 +198,8 @@ bool Form1::eventFilter(QObject* objet, QEvent* event)
         RedrawAll();
         MajMenuRecents(*this);
     }
+    if (objet == m_ui->fOuvrir && event->type() == QEvent::Hide)
+        m_ui->ListView1->viewport()->update();
     if (objet == m_ui->ListView1 && DemandeLeMenu(*event)) {
         ClicDroitTable(PlaceDuFocus());
         return true;
@@ -219,6 +216,14 @@ void Form1::Decharger()
         close();
 }
 
+void Form1::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    // The ink of the table depends on what it stands on.
+    if (event->type() == QEvent::PaletteChange)
+        AppliquerPolice();
+}
+
 void Form1::closeEvent(QCloseEvent* event)
 {
     if (!PeutFermer(m_cadre, *this)) {
@@ -233,7 +238,7 @@ void Form1::closeEvent(QCloseEvent* event)
 
 void Form1::RedrawAll(bool miseEnPage)
 {
-    MontrerComptes();
+    MontrerEtat();
     AccorderMenus();
     m_cadre.AccorderBarres();
     const bool reduite = parentWidget() && parentWidget()->isMinimized();
@@ -247,11 +252,11 @@ void Form1::RedrawAll(bool miseEnPage)
         AppliquerPolice();
 }
 
-void Form1::MontrerComptes()
+/// What changes while the user works: the status line and the mark on the tab.
+void Form1::MontrerEtat()
 {
-    const auto compte = [](int nombre) { return QString::number(nombre); };
-    m_nombre->setText(LangMsg(u"msg94"_s, u"%1 entrée(s)"_s).Remplacer(u"%1"_s, compte(myqrt.ItemsCount())));
-    m_choisies->setText(LangMsg(u"msg95"_s, u"%1 selectionnée(s)"_s).Remplacer(u"%1"_s, compte(myqrt.SelItemsCount())));
+    m_etat->Montrer();
+    m_cadre.MontrerEtatOnglet(*this);
 }
 
 void Form1::MettreEnPage()
@@ -266,11 +271,11 @@ void Form1::AppliquerPolice()
     if (m_ui->ListView1->font() != police) {
         setFont(police);
         m_ui->ListView1->setFont(police);
-        EcarterComptes();
+        m_etat->EcarterComptes();
     }
     QPalette couleurs;
     if (const std::optional<QColor> encre = CouleurDeTable())
-        couleurs.setColor(QPalette::Text, *encre);
+        couleurs.setColor(QPalette::Text, EncreLisible(*encre, couleurs.color(QPalette::Base)));
     if (m_ui->ListView1->palette().color(QPalette::Text) != couleurs.color(QPalette::Text))
         m_ui->ListView1->setPalette(couleurs);
 }

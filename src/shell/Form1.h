@@ -13,6 +13,7 @@
 
 class Infobulle;
 class ItemsDeCommandes;
+class LigneDEtat;
 class MDIForm1;
 class PanneauImage;
 class QAction;
@@ -70,12 +71,11 @@ protected:
     /// the document asks to keep it.
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
     bool event(QEvent* event) override;
     bool eventFilter(QObject* objet, QEvent* event) override;
 
 private:
-    void FaireLigneDEtat();
-    void EcarterComptes();
     void BrancherTable();
     void BrancherCadre();
 
@@ -83,7 +83,7 @@ private:
     void Activer();
     void GarderEtat() const;
 
-    void MontrerComptes();
+    void MontrerEtat();
     void AccorderMenus();
     void MettreEnPage();
     void AppliquerPolice();
@@ -115,8 +115,7 @@ private:
     std::unique_ptr<Ui::Form1> m_ui;
     std::unique_ptr<ItemsDeCommandes> m_items;
     bool m_images = true; ///< the images panel is on show
-    QLabel* m_nombre = nullptr;
-    QLabel* m_choisies = nullptr;
+    LigneDEtat* m_etat = nullptr;
     QLabel* m_bulle = nullptr;
     Infobulle* m_infobulle = nullptr;
 };

@@ -6,6 +6,7 @@
 #include "extensions/plugins/mPlugin.h"
 #include "kit/Icones.h"
 #include "shell/ItemsDeCommandes.h"
+#include "shell/ListeDesFenetres.h"
 #include "shell/MDIForm1.h"
 #include "shell/Relier.h"
 #include "ui_Form1.h"
@@ -169,6 +170,7 @@ void Form1::FaireMenus()
     fichier->insertMenu(fichier->actions().constFirst(), FaireMenu(Menus::DansFichier));
     for (int i = 0; i < NombreDeRecents; ++i)
         Relier(ItemNomme(u"mRecent_%1"_s.arg(i)), this, [this, i] { mRecent_Click(i); });
+    new ListeDesFenetres(*findChild<QMenu*>(u"mFenetre"_s), m_cadre);
     RemplirPlugins();
     Decorer();
     AccorderMenus();

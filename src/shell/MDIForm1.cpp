@@ -7,11 +7,12 @@
 #include "catalogue/documents/Sauver.h"
 #include "extensions/langue/LangForm.h"
 #include "extensions/langue/modLang.h"
+#include "kit/FichiersDeposes.h"
 #include "kit/Icones.h"
 #include "kit/PlaceDeFenetre.h"
-#include "platform/NomsSysteme.h"
 #include "shell/IconesDeMenu.h"
 #include "shell/NavigationClavier.h"
+#include "shell/PanneauDAccueil.h"
 #include "shell/PremierPlan.h"
 #include "shell/Relier.h"
 #include "shell/StyleDeMenus.h"
@@ -29,6 +30,7 @@
 #include <QMimeData>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -51,14 +53,18 @@ Form1* DocumentDe(const QMdiSubWindow* cadre)
     return cadre ? qobject_cast<Form1*>(cadre->widget()) : nullptr;
 }
 
-QStringList FichiersDe(const QMimeData& donnees)
+/// The menu in the corner of a document's window, which Qt fills once.
+void TraduireMenuDuCadre(QMdiSubWindow& cadre)
 {
-    QStringList chemins;
-    for (const QUrl& adresse : donnees.urls()) {
-        if (adresse.isLocalFile())
-            chemins.append(CheminDesOctets(QByteArray::fromPercentEncoding(adresse.path(QUrl::FullyEncoded).toUtf8())));
-    }
-    return chemins;
+    static constexpr std::array Textes{
+        QT_TRANSLATE_NOOP("QMdiSubWindow", "&Restore"),  QT_TRANSLATE_NOOP("QMdiSubWindow", "&Move"),
+        QT_TRANSLATE_NOOP("QMdiSubWindow", "&Size"),     QT_TRANSLATE_NOOP("QMdiSubWindow", "Mi&nimize"),
+        QT_TRANSLATE_NOOP("QMdiSubWindow", "Ma&ximize"), QT_TRANSLATE_NOOP("QMdiSubWindow", "Stay on &Top"),
+        QT_TRANSLATE_NOOP("QMdiSubWindow", "&Close")};
+    QList<QAction*> items = cadre.systemMenu() ? cadre.systemMenu()->actions() : QList<QAction*>();
+    items.removeIf([](const QAction* item) { return item->isSeparator(); });
+    for (qsizetype i = 0; i < items.size() && items.size() == std::ssize(Textes); ++i)
+        items[i]->setText(QCoreApplication::translate("QMdiSubWindow", Textes.at(static_cast<size_t>(i))));
 }
 
 } // namespace
@@ -77,15 +83,18 @@ MDIForm1::MDIForm1(QWidget* parent)
     montrerBarre();
     SuivreOption(Options::GrandesIcones, *this, montrerBarre);
     ChargerLangue(LireOption(Options::QRTLangue));
+    m_textesDeQt.Accorder();
     m_ui->mPlugin->menuAction()->setVisible(false);
     DonnerIcones(*this);
     RelierBarres();
     RelierMenus();
+    RelierAccueil();
     SuivreFenetreActive();
 
     m_ui->Fenetres->viewport()->installEventFilter(this);
     connect(m_ui->Fenetres, &QMdiArea::subWindowActivated, this, &MDIForm1::SuivreFenetreActive);
     connect(m_ui->TabStrip1, &BandeOnglets::OngletChoisi, this, &MDIForm1::SuivreOnglet);
+    connect(m_ui->TabStrip1, &BandeOnglets::FermetureDemandee, this, &MDIForm1::FermerOnglet);
     new NavigationClavier(*this, {m_ui->Toolbar1, m_ui->Toolbar2}, *m_ui->TabStrip1,
                           [this] { return FenetreActive(); });
     m_popup = new frmPopup(*this);
@@ -113,8 +122,12 @@ void MDIForm1::RelierInstance()
 
 void MDIForm1::langChange()
 {
+    m_textesDeQt.Accorder();
     ChangerLangueDe(*this);
-    for (const QMdiSubWindow* cadre : m_ui->Fenetres->subWindowList()) {
+    m_accueil->MettreTextes();
+    MontrerRecentsALAccueil();
+    for (QMdiSubWindow* cadre : m_ui->Fenetres->subWindowList()) {
+        TraduireMenuDuCadre(*cadre);
         if (Form1* fenetre = DocumentDe(cadre)) {
             const QString nom = fenetre->Caption();
             ChangerLangueDe(*fenetre);
@@ -161,6 +174,7 @@ FenetreDocument& MDIForm1::NouvelleFenetre()
         document->Tag = NouveauTag();
     const QRect place = PlaceEnCascade(*m_ui->Fenetres, static_cast<int>(fenetres.size()), document->size());
     QMdiSubWindow* cadre = m_ui->Fenetres->addSubWindow(document);
+    m_accueil->hide();
     cadre->setGeometry(place);
     cadre->setAttribute(Qt::WA_DeleteOnClose);
     cadre->setWindowIcon(windowIcon());
@@ -193,12 +207,19 @@ QMdiSubWindow* MDIForm1::CadreDe(const FenetreDocument& fenetre) const
 void MDIForm1::AjouterOnglet(const FenetreDocument& fenetre)
 {
     m_ui->TabStrip1->Ajouter(fenetre.Tag, fenetre.Caption());
+    MontrerEtatOnglet(fenetre);
     SuivreFenetreActive();
 }
 
 void MDIForm1::MettreTitreOnglet(const FenetreDocument& fenetre, const QString& titre)
 {
     m_ui->TabStrip1->MettreTitre(fenetre.Tag, titre);
+    MontrerEtatOnglet(fenetre);
+}
+
+void MDIForm1::MontrerEtatOnglet(const FenetreDocument& fenetre)
+{
+    m_ui->TabStrip1->MettreEtat(fenetre.Tag, fenetre.myqrt.CheminConnu(), fenetre.myqrt.AChange());
 }
 
 /// The strip, the tool bars, the menu bar and the list of recent files follow the window that became active.
@@ -215,6 +236,7 @@ void MDIForm1::SuivreFenetreActive()
     }
     MontrerMenus(active);
     m_ui->mFenetre->menuAction()->setVisible(active);
+    m_accueil->setVisible(Documents().empty());
     MajMenuRecents(*this);
 }
 
@@ -237,6 +259,13 @@ Form1* MDIForm1::FenetreDeLOnglet(int numero) const
             return fenetre;
     }
     return nullptr;
+}
+
+/// The window asks its questions as it does for any close.
+void MDIForm1::FermerOnglet(int numero)
+{
+    if (Form1* fenetre = FenetreDeLOnglet(numero))
+        Retenue::Apres(fenetre, [fenetre] { fenetre->Decharger(); });
 }
 
 Form1* MDIForm1::AmenerOngletRetenu()
@@ -300,6 +329,40 @@ void MDIForm1::RelierMenus()
         connect(menu, &QMenu::aboutToShow, this, &MDIForm1::RedrawAll);
 }
 
+void MDIForm1::RelierAccueil()
+{
+    m_accueil = new PanneauDAccueil(*m_ui->Fenetres);
+    m_accueil->MettreExemples(ExemplesInstalles());
+    const auto commande = [this](const QString& cle) {
+        return [this, cle] { Retenue::Apres(this, [this, cle] { Commande(*this, cle); }); };
+    };
+    // Later: what opens a window rewrites or hides what was just pressed.
+    connect(m_accueil, &PanneauDAccueil::NouvelleDemandee, this, commande(u"addcat"_s), Qt::QueuedConnection);
+    connect(m_accueil, &PanneauDAccueil::OuvrirDemande, this, commande(u"ouvrir"_s), Qt::QueuedConnection);
+    connect(
+        m_accueil, &PanneauDAccueil::RecentChoisi, this,
+        [this](const QString& chemin) { Retenue::Apres(this, [this, chemin] { OuvrirEtNoter({chemin}); }); },
+        Qt::QueuedConnection);
+    connect(
+        m_accueil, &PanneauDAccueil::ExempleChoisi, this,
+        [this](const QString& chemin) { Retenue::Apres(this, [this, chemin] { OuvrirExemple(chemin); }); },
+        Qt::QueuedConnection);
+}
+
+/// A sample opens as a category that was never saved: the installed file is nobody's to write, and is not recent.
+void MDIForm1::OuvrirExemple(const QString& chemin)
+{
+    {
+        const RecentsGardes recents;
+        if (!OuvrirFichier(*this, chemin, TypeQrt2, true))
+            return;
+    }
+    Categorie& doc = Documents().back()->myqrt;
+    doc.SetCheminReel(QString());
+    doc.FileType.clear();
+    MajRecents();
+}
+
 /// The menus of the active window take the place of the frame's own in its bar; a window without any leaves them.
 void MDIForm1::MontrerMenus(const Form1* active)
 {
@@ -329,6 +392,18 @@ void MDIForm1::MettreRecent(int index, const QString& chemin)
 void MDIForm1::MontrerBarRecent(bool visible)
 {
     m_ui->mBarRecent->setVisible(visible);
+    MontrerRecentsALAccueil();
+}
+
+void MDIForm1::MontrerRecentsALAccueil()
+{
+    QStringList chemins;
+    for (const QAction* recent :
+         {m_ui->mRecent_0, m_ui->mRecent_1, m_ui->mRecent_2, m_ui->mRecent_3, m_ui->mRecent_4}) {
+        if (recent->isVisible())
+            chemins.append(recent->data().toString());
+    }
+    m_accueil->MettreRecents(chemins);
 }
 
 void MDIForm1::MontrerGrandesIcones(bool grandes)
@@ -412,7 +487,7 @@ void MDIForm1::OuvrirEtNoter(const QStringList& chemins)
 
 void MDIForm1::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!FichiersDe(*event->mimeData()).isEmpty())
+    if (!FichiersDeposes(*event->mimeData()).isEmpty())
         event->acceptProposedAction();
 }
 
@@ -422,7 +497,7 @@ void MDIForm1::dropEvent(QDropEvent* event)
     // Later: the program that the files come from waits for the end of this event, and a message could keep it.
     QMetaObject::invokeMethod(
         this,
-        [this, chemins = FichiersDe(*event->mimeData())] {
+        [this, chemins = FichiersDeposes(*event->mimeData())] {
             Retenue::Apres(this, [this, chemins] { OuvrirEtNoter(chemins); });
         },
         Qt::QueuedConnection);

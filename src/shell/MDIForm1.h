@@ -3,6 +3,7 @@
 
 #include "catalogue/documents/Cadre.h"
 #include "catalogue/documents/FichierRecent.h"
+#include "extensions/langue/TextesDeQt.h"
 #include "extensions/plugins/PluginsEnFenetre.h"
 #include "shell/ArrangerFenetres.h"
 #include "shell/Form1.h"
@@ -15,6 +16,7 @@
 
 class QMdiSubWindow;
 class frmPopup;
+class PanneauDAccueil;
 
 namespace Ui {
 class MDIForm1;
@@ -40,6 +42,9 @@ public:
     void AmenerDevant(FenetreDocument& fenetre) override;
     void AjouterOnglet(const FenetreDocument& fenetre) override;
     void MettreTitreOnglet(const FenetreDocument& fenetre, const QString& titre) override;
+
+    /// Shows on the tab whether the document has unsaved changes, and has the tab tell its path.
+    void MontrerEtatOnglet(const FenetreDocument& fenetre);
 
     void MettreRecent(int index, const QString& chemin) override;
     void MontrerBarRecent(bool visible) override;
@@ -88,19 +93,25 @@ private:
     void RelierInstance();
     void RelierBarres();
     void RelierMenus();
+    void RelierAccueil();
+    void MontrerRecentsALAccueil();
+    void OuvrirExemple(const QString& chemin);
     void MontrerMenus(const Form1* active);
     void MontrerGrandesIcones(bool grandes);
     void SuivreFenetreActive();
     void SuivreOnglet();
     Form1* FenetreDeLOnglet(int numero) const;
+    void FermerOnglet(int numero);
     void OuvrirEtNoter(const QStringList& chemins);
     void ColorierFond();
     QMdiSubWindow* CadreDe(const FenetreDocument& fenetre) const;
 
     std::unique_ptr<Ui::MDIForm1> m_ui;
     ItemsDeCommandes m_items;
+    TextesDeQt m_textesDeQt;
     OuvreursDePlugins m_ouvreurs;
     ExporteursDePlugins m_exporteurs;
     frmPopup* m_popup = nullptr;
-    QList<QAction*> m_menusDuCadre; ///< the frame's own, in the order of its bar
+    PanneauDAccueil* m_accueil = nullptr; ///< on show while no document is open
+    QList<QAction*> m_menusDuCadre;       ///< the frame's own, in the order of its bar
 };

@@ -1,10 +1,13 @@
 #include "shell/OngletsAccessibles.h"
 
+#include "extensions/langue/modLang.h"
 #include "shell/BandeOnglets.h"
 
 #include <QAccessibleWidget>
 #include <QHash>
 #include <QPointer>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -34,7 +37,12 @@ public:
     }
     QString text(QAccessible::Text quoi) const override
     {
-        return isValid() && quoi == QAccessible::Name ? m_bande->Titre(m_index + 1) : QString();
+        if (!isValid())
+            return {};
+        if (quoi == QAccessible::Name)
+            return m_bande->Titre(m_index + 1);
+        const bool marque = quoi == QAccessible::Description && m_bande->EstMarque(m_index + 1);
+        return marque ? LangMsg(u"msgEtatModifie"_s, u"modifié"_s).texte : QString();
     }
     void setText(QAccessible::Text, const QString&) override {}
     QAccessible::State state() const override

@@ -162,13 +162,17 @@ void frmOptions::AccorderSauvegarde()
     m_ui->optDetail_1->setEnabled(m_ui->ckSauvegarde->isChecked());
 }
 
+void frmOptions::changeEvent(QEvent* event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        MontrerPolice();
+}
+
 void frmOptions::MontrerPolice()
 {
     m_ui->FontExemple->setFont(PoliceDeTable());
-    QPalette couleurs;
-    couleurs.setColor(QPalette::Window, couleurs.color(QPalette::Base));
-    couleurs.setColor(QPalette::WindowText, CouleurDeTable().value_or(couleurs.color(QPalette::Text)));
-    m_ui->FontExemple->setPalette(couleurs);
+    m_ui->FontExemple->setPalette(PaletteDExemple(LirePolice()));
 }
 
 /// A choice that is cancelled writes the old values. It is meant.
@@ -180,12 +184,13 @@ void frmOptions::ChangerPolice()
 
 void frmOptions::Parcourir()
 {
-    const QString dossier = ChoisirDossier(m_ui->txtTempFolder->text(), u"Choisissez un repertoire temporaire"_s);
+    const QString dossier = ChoisirDossier(m_ui->txtTempFolder->text(),
+                                           LangMsg(u"msgChoisirTemp"_s, u"Choisissez un repertoire temporaire"_s));
     if (dossier.isEmpty())
         return;
     m_ui->txtTempFolder->setText(dossier);
     AfficherMsg(LangMsg(u"msg2"_s, u"Ce changement sera pris en compte lors de la prochaine ouverture de Zelvane"_s),
-                MsgOk, u"Zelvane2 - Configuration"_s);
+                MsgOk, LangMsg(u"msgConfiguration"_s, u"Zelvane2 - Configuration"_s));
 }
 
 void frmOptions::Associer()

@@ -17,6 +17,9 @@ public:
     explicit frmOptions(QWidget* parent = nullptr);
     ~frmOptions() override;
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     void DecorerBoutons();
     void LireReglages();

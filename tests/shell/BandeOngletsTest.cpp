@@ -186,6 +186,56 @@ TEST_F(OngletsTest, NamesStayReadableInTabsHoweverManyThereAreAndHoweverLong)
     EXPECT_LT(Onglets().tabRect(41).width(), 15 * lettre) << "a short name needs no more than its room";
 }
 
+TEST_F(OngletsTest, TheMiddleButtonClosesTheWindowOfATab)
+{
+    Montrer();
+    Ouvrir(u"a.qrt"_s);
+    Form1& b = Ouvrir(u"b.qrt"_s);
+    CliquerOnglet(1, Qt::MiddleButton);
+    EXPECT_EQ(Titres(), QStringList({u"b.qrt"_s}));
+    EXPECT_EQ(cadre->FenetreActive(), &b);
+
+    b.myqrt.IlFautSauver = true;
+    reponses.Preparer(RepAnnuler);
+    CliquerOnglet(1, Qt::MiddleButton);
+    EXPECT_EQ(Titres(), QStringList({u"b.qrt"_s})) << "it is asked as any close is";
+    b.myqrt.IlFautSauver = false;
+}
+
+TEST_F(OngletsTest, TheMiddleButtonLetGoElsewhereClosesNothing)
+{
+    Montrer();
+    Ouvrir(u"a.qrt"_s);
+    Ouvrir(u"b.qrt"_s);
+    QTest::mousePress(&Onglets(), Qt::MiddleButton, {}, Milieu(1));
+    QTest::mouseRelease(&Onglets(), Qt::MiddleButton, {}, Milieu(2));
+    QTest::mousePress(&Onglets(), Qt::LeftButton, {}, Milieu(2));
+    QTest::mouseRelease(&Onglets(), Qt::MiddleButton, {}, Milieu(2));
+    QTest::mouseRelease(&Onglets(), Qt::LeftButton, {}, Milieu(2));
+    Laisser();
+    EXPECT_EQ(Titres(), QStringList({u"a.qrt"_s, u"b.qrt"_s}));
+}
+
+TEST_F(OngletsTest, TabsAreMovedWithTheMouseAndKeepTheirWindows)
+{
+    Montrer();
+    Form1& a = Ouvrir(u"a.qrt"_s);
+    const Form1& b = Ouvrir(u"b.qrt"_s);
+    a.myqrt.IlFautSauver = true;
+    const QPoint fin(Onglets().tabRect(1).right() - 2, Milieu(2).y());
+    QTest::mousePress(&Onglets(), Qt::LeftButton, {}, Milieu(1));
+    for (int pas = 1; pas <= 10; ++pas)
+        QTest::mouseMove(&Onglets(), Milieu(1) + (fin - Milieu(1)) * pas / 10);
+    QTest::mouseRelease(&Onglets(), Qt::LeftButton, {}, fin);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Titres() == QStringList({u"b.qrt"_s, u"a.qrt"_s}); }));
+    EXPECT_EQ(cadre->FenetreActive(), &a);
+    EXPECT_FALSE(Onglets().EstMarque(1));
+    EXPECT_TRUE(Onglets().EstMarque(2));
+    CliquerOnglet(1);
+    EXPECT_EQ(cadre->FenetreActive(), &b);
+    a.myqrt.IlFautSauver = false;
+}
+
 TEST_F(OngletsTest, NoTwoWindowsShareAKey)
 {
     // Every draw gives the same number at the same moment.

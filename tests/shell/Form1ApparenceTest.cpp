@@ -1,5 +1,6 @@
 // The look and the state of a document's window.
 #include "Form1EnFenetre.h"
+#include "kit/Couleurs.h"
 
 #include <QApplication>
 
@@ -122,6 +123,33 @@ TEST_F(Form1Test, AFontAndAColourThatAreSetAreShownAtOnce)
     EXPECT_EQ(fenetre.ListView1().palette().color(QPalette::Text), QColor(0, 0x80, 0xFF));
 }
 
+TEST_F(Form1Test, AColourThatDarkWindowsHideIsMadeLighterThere)
+{
+    const Form1& fenetre = Ouvrir();
+    EcrireOption(Options::FontColor, 0x800000);
+    const QColor bleu(0, 0, 0x80);
+    const auto encre = [&fenetre] { return fenetre.ListView1().palette().color(QPalette::Text); };
+    ASSERT_EQ(encre(), bleu);
+    MettreCouleurs(true);
+    QCoreApplication::processEvents();
+    EXPECT_GE(Contraste(encre(), PaletteSombre().color(QPalette::Base)), 4.5);
+    MettreCouleurs(false);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(encre(), bleu);
+}
+
+TEST_F(Form1Test, WithoutAColourOfItsOwnTheTableTurnsDarkWithTheWindows)
+{
+    const Form1& fenetre = Ouvrir();
+    MettreCouleurs(true);
+    QCoreApplication::processEvents();
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::Base})
+        EXPECT_EQ(fenetre.ListView1().palette().color(role), PaletteSombre().color(role));
+    MettreCouleurs(false);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(fenetre.ListView1().palette().color(QPalette::Text), QApplication::palette().color(QPalette::Text));
+}
+
 TEST_F(Form1Test, WithoutSettingsTheTableLooksLikeTheDesktop)
 {
     const Form1& fenetre = Ouvrir();
@@ -139,4 +167,12 @@ TEST_F(Form1Test, SettingsThatAreNoFontChangeNothing)
     fenetre.RedrawAll(true);
     EXPECT_EQ(fenetre.ListView1().font().pointSizeF(), QApplication::font().pointSizeF());
     EXPECT_EQ(fenetre.ListView1().palette().color(QPalette::Text), QApplication::palette().color(QPalette::Text));
+}
+
+TEST_F(Form1Test, AnEmptyTableTellsTheKeyThatAddsAnEntry)
+{
+    const Form1& fenetre = Ouvrir(u"vide.qrt"_s, {});
+    EXPECT_EQ(fenetre.ListView1().Invitation(), "Aucune entrée pour l'instant : Ctrl+E en ajoute une");
+    fenetre.myqrt.Ouvrir->Montrer(true);
+    EXPECT_EQ(fenetre.ListView1().Invitation(), "") << "entries are still to come";
 }

@@ -4,6 +4,7 @@
 #include "base/DossiersTemp.h"
 #include "base/Options.h"
 #include "extensions/langue/modLang.h"
+#include "kit/Couleurs.h"
 #include "kit/Icones.h"
 #include "shell/OptionsEnFenetre.h"
 #include "support/Accessibilite.h"
@@ -195,6 +196,21 @@ TEST_F(FrmOptionsTest, TheSampleShowsTheFontOfTheSettings)
     EXPECT_EQ(exemple.font(), PoliceDeTable());
     EXPECT_EQ(exemple.font().pointSizeF(), 14);
     EXPECT_EQ(exemple.palette().color(QPalette::WindowText), QColor(255, 0, 0));
+}
+
+TEST_F(FrmOptionsTest, TheSampleTurnsDarkWithTheWindows)
+{
+    const frmOptions& form = Montrer();
+    const auto& exemple = Partie<QLabel>(form, "FontExemple");
+    const QPalette avant = exemple.palette();
+    MettreCouleurs(true);
+    QCoreApplication::processEvents();
+    const QPalette sombre = exemple.palette();
+    MettreCouleurs(false);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(sombre.color(QPalette::Window), PaletteSombre().color(QPalette::Base));
+    EXPECT_EQ(sombre.color(QPalette::WindowText), PaletteSombre().color(QPalette::Text));
+    EXPECT_EQ(exemple.palette(), avant);
 }
 
 // ---- writing

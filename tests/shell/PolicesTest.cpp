@@ -24,6 +24,7 @@
 #include "images/frmRemplacerImg.h"
 #include "images/frmSupprImg.h"
 #include "images/frmView.h"
+#include "kit/Couleurs.h"
 #include "kit/DialoguesDansLEcran.h"
 #include "kit/frmAvancement.h"
 #include "kit/frmInputText.h"
@@ -42,6 +43,8 @@
 #include "search/frmCompare2.h"
 #include "search/frmRecherche.h"
 #include "shell/CadreEnFenetre.h"
+#include "shell/ImagesDeFormes.h"
+#include "shell/LangueInventee.h"
 #include "shell/frmOptions.h"
 #include "shell/frmPolice.h"
 #include "shell/frmSecours.h"
@@ -59,6 +62,7 @@
 #include <QLineEdit>
 #include <QSizeGrip>
 
+#include <cmath>
 #include <functional>
 #include <ostream>
 
@@ -69,14 +73,23 @@ namespace {
 /// A screen of 1024 x 600, less what a window manager takes.
 constexpr QSize PetitEcran(1024 - 16, 600 - 40);
 
-QString Nom(const QWidget& widget)
-{
-    return widget.objectName().isEmpty() ? QString::fromLatin1(widget.metaObject()->className()) : widget.objectName();
-}
-
 QString EnMots(const QSize& taille)
 {
     return u"%1x%2"_s.arg(taille.width()).arg(taille.height());
+}
+
+/// How wide a label with a mnemonic is drawn: the underlined letter stands by itself, and is not moved closer to the
+/// next one, as Qt expects it when it tells the label's size.
+int LargeurDessinee(const QLabel& etiquette)
+{
+    const QString texte = QString(etiquette.text()).replace(u"&&"_s, u"+"_s);
+    const qsizetype place = texte.indexOf(u'&');
+    if (place < 0)
+        return 0;
+    const QFontMetricsF mesures(etiquette.font());
+    return static_cast<int>(std::floor(mesures.horizontalAdvance(texte.left(place)) +
+                                       mesures.horizontalAdvance(texte.mid(place + 1, 1)) +
+                                       mesures.horizontalAdvance(texte.mid(place + 2))));
 }
 
 /// The room that a control's text takes where the control is as wide as it is.
@@ -87,7 +100,7 @@ QSize PlaceDuTexte(const QWidget& controle)
             return {};
         if (etiquette->wordWrap())
             return {etiquette->minimumSizeHint().width(), etiquette->heightForWidth(etiquette->width())};
-        return etiquette->sizeHint();
+        return etiquette->sizeHint().expandedTo({LargeurDessinee(*etiquette), 0});
     }
     if (const auto* bouton = qobject_cast<const QAbstractButton*>(&controle))
         return bouton->sizeHint();
@@ -120,17 +133,32 @@ QStringList Defauts(const QWidget& form)
         vus.append(controle);
         const QSize place = PlaceDuTexte(*controle);
         if (place.width() > controle->width() || place.height() > controle->height())
-            defauts.append(u"%1: %2 in %3"_s.arg(Nom(*controle), EnMots(place), EnMots(controle->size())));
+            defauts.append(u"%1: %2 in %3"_s.arg(NomDuControle(*controle), EnMots(place), EnMots(controle->size())));
         if (!controle->parentWidget()->rect().contains(controle->geometry()))
-            defauts.append(u"%1 leaves its place"_s.arg(Nom(*controle)));
+            defauts.append(u"%1 leaves its place"_s.arg(NomDuControle(*controle)));
     }
     for (qsizetype i = 0; i < vus.size(); ++i) {
         for (qsizetype j = i + 1; j < vus.size(); ++j) {
             if (vus[i]->parentWidget() == vus[j]->parentWidget() && vus[i]->geometry().intersects(vus[j]->geometry()))
-                defauts.append(u"%1 over %2"_s.arg(Nom(*vus[i]), Nom(*vus[j])));
+                defauts.append(u"%1 over %2"_s.arg(NomDuControle(*vus[i]), NomDuControle(*vus[j])));
         }
     }
     return defauts;
+}
+
+/// What can hardly be told from the ground that it stands on.
+QStringList TextesPales(const QWidget& form)
+{
+    QStringList pales;
+    for (const QWidget* controle : form.findChildren<QWidget*>()) {
+        if (!controle->isVisibleTo(&form) || controle->objectName() == u"Degrade") // which is an ornament
+            continue;
+        const QColor encre = controle->palette().color(controle->foregroundRole());
+        const QColor fond = controle->palette().color(controle->backgroundRole());
+        if (Contraste(encre, fond) < 4.5)
+            pales.append(u"%1: %2 on %3"_s.arg(NomDuControle(*controle), encre.name(), fond.name()));
+    }
+    return pales;
 }
 
 class Polices : public CadreEnFenetre
@@ -138,6 +166,7 @@ class Polices : public CadreEnFenetre
 protected:
     Polices()
     {
+        AssombrirSIlLeFaut();
         MettreColonnes(document.table, {"Titre", "Artiste", "Genre", u"Prêté à"_s});
         document.table.ColumnHeaders(3).SetTag("rock|jazz|blues");
         AjouterEntrees(document.table,
@@ -151,6 +180,7 @@ protected:
     ~Polices() override
     {
         FichierLangue.clear();
+        MettreCouleurs(false);
         QApplication::setFont(m_police);
     }
 
@@ -167,6 +197,12 @@ protected:
                 ouvrir([&](QWidget& form) { Controler(form, langue.section(u'.', 0, 0), points); });
             }
         }
+        FichierLangue = EcrireLangueInventee();
+        QApplication::setFont(m_police);
+        ouvrir([this](QWidget& form) {
+            EXPECT_EQ(SansTraduction(form, donnees).isEmpty(), traduite)
+                << form.objectName().toStdString() << SansTraduction(form, donnees).join(u'\n').toStdString();
+        });
         FichierLangue.clear();
     }
     /// The same for a dialog that is made and shown.
@@ -179,19 +215,34 @@ protected:
         });
     }
 
+    static void ControlerEnSombre(QWidget& form)
+    {
+        MettreCouleurs(true);
+        CadreEnFenetre::Laisser();
+        if (const QByteArray dossier = qgetenv("POLICES_IMAGES"); !dossier.isEmpty())
+            form.grab().save(u"%1/%2-sombre.png"_s.arg(QString::fromLocal8Bit(dossier), form.objectName()));
+        EXPECT_EQ(TextesPales(form), QStringList()) << form.objectName().toStdString() << " in dark colours";
+        MettreCouleurs(false);
+        CadreEnFenetre::Laisser();
+    }
+
     DocumentDeTest document;
+    /// Texts that are the same in each language: those of the user, and those that the test hands over.
+    QStringList donnees{u"Titre"_s, u"Artiste"_s, u"Genre"_s, u"Prêté à"_s, u"Prêté"_s, u"Abbey Road"_s};
+    bool traduite = true; ///< false for a form that stays in French
 
 private:
     static void Controler(QWidget& form, const QString& langue, int points)
     {
         form.resize(form.size().boundedTo(PetitEcran));
         CadreEnFenetre::Laisser();
-        if (const QByteArray dossier = qgetenv("POLICES_IMAGES"); !dossier.isEmpty())
-            form.grab().save(
-                u"%1/%2%3-%4.png"_s.arg(QString::fromLocal8Bit(dossier), form.objectName(), langue).arg(points));
+        GarderImage(form, u"%1%2-%3"_s.arg(form.objectName(), langue).arg(points));
         const std::string lieu = u"%1 at %2 %3"_s.arg(form.objectName()).arg(points).arg(langue).toStdString();
         EXPECT_EQ(Defauts(form), QStringList()) << lieu;
         EXPECT_EQ(form.size().boundedTo(PetitEcran), form.size()) << lieu;
+        // The colours have nothing to do with language and size.
+        if (langue.isEmpty() && points == 9)
+            ControlerEnSombre(form);
     }
 
     const DialoguesDansLEcran m_dansLEcran;
@@ -259,7 +310,9 @@ TEST_F(Polices, Lending)
     RegarderForm([] { return std::make_unique<frmContacts>(); });
     MyLV contacts;
     MettreColonnes(contacts, {"Nom", "Email"});
+    donnees.append(u"Ajouter un Contact"_s); // in no language but this one; it is meant
     RegarderForm([&contacts] { return std::make_unique<frmContacts2>(contacts); });
+    traduite = false;
     RegarderForm([] { return std::make_unique<frmMail>(); });
 }
 
@@ -285,7 +338,13 @@ TEST_F(Polices, TheLanguages)
 
 TEST_F(Polices, AboutTheProgram)
 {
-    RegarderForm([] { return std::make_unique<About>(); });
+    donnees.append(About().findChild<QLabel*>(u"Label3_0"_s)->text()); // names and addresses
+    RegarderForm([] {
+        auto form = std::make_unique<About>();
+        for (const char* nom : {"Label3_0", "Label3_1"})
+            EXPECT_TRUE(form->findChild<QLabel*>(nom)->text().contains(u"Email : "_s)) << nom;
+        return form;
+    });
 }
 
 TEST_F(Polices, TheComments)
@@ -306,7 +365,9 @@ TEST_F(Polices, TheStartUpWindow)
 TEST_F(Polices, TheTips)
 {
     PlateformeDeTest::Courante().dossier.Ecrire(
-        "astuces.txt", "Une astuce qui prend bien plus d'une ligne de la fenêtre quand les lettres sont grandes.\r\n");
+        "astuces.txt",
+        "Une astuce qui prend bien plus d'une ligne de la fen\xeatre quand les lettres sont grandes.\r\n");
+    donnees.append(u"Une astuce qui prend bien plus d'une ligne de la fenêtre quand les lettres sont grandes."_s);
     RegarderForm([] { return std::make_unique<frmTip>(); });
 }
 
@@ -345,6 +406,7 @@ TEST_F(Polices, ProgressTextAndPassword)
         form->Montrer(500'000, 1'000'000);
         return form;
     });
+    donnees += {u"Nom de la nouvelle image :"_s, u"Mot de passe"_s, u"Mot de passe de « discotheque.qrt » :"_s};
     RegarderForm([] { return std::make_unique<frmInputText>(u"Nom de la nouvelle image :"_s, u"pochette.bmp"_s); });
     RegarderForm(
         [] { return std::make_unique<frmMotDePasse>(u"Mot de passe"_s, u"Mot de passe de « discotheque.qrt » :"_s); });
@@ -352,12 +414,14 @@ TEST_F(Polices, ProgressTextAndPassword)
 
 TEST_F(Polices, Messages)
 {
+    const QString question = u"Le fichier discotheque.qrt a été modifié par un autre programme depuis son ouverture. "
+                             u"Voulez-vous l'enregistrer tout de même ?"_s;
+    donnees += {question, u"Enregistrer"_s};
     for (const int genre : {0, 1, 2, 3, 4})
-        RegarderForm([genre] {
-            return std::make_unique<frmMsg>(
-                u"Le fichier discotheque.qrt a été modifié par un autre programme depuis son ouverture. Voulez-vous "
-                u"l'enregistrer tout de même ?"_s,
-                genre, u"Enregistrer"_s);
+        RegarderForm([&] {
+            auto form = std::make_unique<frmMsg>(question, genre, u"Enregistrer"_s);
+            form->setObjectName(u"frmMsg-%1"_s.arg(genre));
+            return form;
         });
 }
 
@@ -412,12 +476,16 @@ TEST_F(Polices, ThePlugins)
     DossierDePlugins::Mettre({u"autre1"_s, u"deux.points"_s});
     CadreDeTest autre;
     FenetreDocument& fenetre = autre.NouvelleFenetre();
+    // What a plug-in says of itself stands behind words that are the same in each language.
+    donnees.append(u"autre1\n\nDescription : Essaie\n\nVersion : 1.2b.3\n\nAuthor : Ida\n\nWebsite : "
+                   u"https://exemple.invalid\n\nEmail : ida@exemple.invalid"_s);
     RegarderForm([&fenetre] { return std::make_unique<frmPlugins>(fenetre); });
 }
 
 TEST_F(Polices, ThePrintDialog)
 {
     EcrireOption(Options::MessageImprim, false);
+    donnees.append(u"Zelvane v2.2 by Morvenal - ## discotheque.qrt"_s);
     RegarderForm([this] {
         auto form = std::make_unique<frmPrint>(document.doc.TmpFolder);
         form->TexteEntete = u"%titre% - %nb% %nomcat%"_s;
@@ -460,6 +528,7 @@ TEST_F(Polices, TheSearch)
         form->SetDocument(fenetre);
         QTest::keyClicks(form->findChild<QLineEdit*>(u"Text1"_s), u"abbey"_s);
         QTest::mouseClick(form->findChild<QWidget*>(u"btRecherche"_s), Qt::LeftButton);
+        EXPECT_TRUE(form->findChild<QGroupBox*>(u"Frame1"_s)->accessibleName().endsWith(u"discotheque.qrt"_s));
         return form;
     });
 }
@@ -475,6 +544,15 @@ TEST_F(Polices, TheComparison)
     });
     const ColumnHeaders& colonnes = document.table.ColumnHeaders;
     RegarderForm([&colonnes] { return std::make_unique<frmCompare2>(colonnes, colonnes); });
+}
+
+TEST_F(Polices, TheFrameWithADocumentInDarkColours)
+{
+    Montrer();
+    Form1& fenetre = Ouvrir("discotheque.qrt");
+    fenetre.myqrt.Table.ListItems(1).SetSelected(true);
+    Laisser();
+    ControlerEnSombre(*cadre);
 }
 
 TEST_F(Polices, TheFrameWithADocument)

@@ -73,6 +73,14 @@ bool AccepterChangement(const Categorie& doc, const QString& chemin)
     return AfficherMsg(question.ParDefaut(RepNon), MsgOuiNon, NomDeFichier(chemin)) == RepOui;
 }
 
+/// Nothing is left that is not in the file.
+void DireEnregistree(Categorie& doc)
+{
+    doc.ChangementsTus = false;
+    if (doc.AEteEnregistree)
+        doc.AEteEnregistree();
+}
+
 /// Writes the archive. One that is not whole is told: its data are in the document's folder, which is kept.
 Issue EcrireArchiveEtDire(Categorie& doc)
 {
@@ -88,7 +96,7 @@ Issue EcrireArchiveEtDire(Categorie& doc)
         MsgArchiveIncomplete(doc);
         break;
     case IssueEcriture::Entiere:
-        doc.ChangementsTus = false;
+        DireEnregistree(doc);
         break;
     }
     return Issue::Reussie;
@@ -104,7 +112,7 @@ Issue EcrireTexteEtDire(Categorie& doc)
     // Where the folder is full a search goes on to find what was there: the file is saved all the same.
     EcrireTextesDuDossier(doc);
     doc.IlFautSauver = false;
-    doc.ChangementsTus = false;
+    DireEnregistree(doc);
     return Issue::Reussie;
 }
 

@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -41,7 +42,7 @@ public:
     /// lost: the rescue copy goes on to hold them, and the folder stays with it when the document goes.
     void EcraserIlFautSauver(bool resultat);
     /// There are such changes.
-    bool ChangementsTus = false;
+    Drapeau ChangementsTus;
     /// There is something in the table that is not in the file, be it that IlFautSauver says so or not.
     bool AChange() const { return IlFautSauver || ChangementsTus; }
     /// Its window would close without a question, although there is.
@@ -68,6 +69,9 @@ public:
     /// user excepted. An incomplete archive has the folder kept: whoever calls tells the user (MsgArchiveIncomplete).
     /// `selection` writes the selected entries alone, without images.
     IssueEcriture Ecrire(bool selection);
+
+    /// Called when the whole category has come into its file by a command of the user.
+    std::function<void()> AEteEnregistree;
 
     /// Has every byte of the file that was written on the disk; before that the folder must not go. False, with the
     /// folder kept, when the disk refuses.

@@ -1,6 +1,7 @@
 // The document object: what scripts and plug-ins see of one open category. Its owner is Categorie.
 #pragma once
 
+#include "base/Drapeau.h"
 #include "catalogue/table/MyLV.h"
 #include "catalogue/texte/SaisieEnCours.h"
 
@@ -28,7 +29,7 @@ public:
     /// The form in which plain Save writes: "1" bare text, "2" archive, "3" after Save As to bare text, or empty.
     QString FileType;
 
-    bool IlFautSauver = false; ///< there are unsaved changes
+    Drapeau IlFautSauver;      ///< there are unsaved changes
     int32_t IndexColPrete = 0; ///< 1-based column titled "Prêté"; -1 while none is known
     int32_t dependantcol = 0;  ///< 1-based dependant column; 0 for none
 
