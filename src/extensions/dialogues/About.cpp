@@ -61,7 +61,8 @@ About::About(QWidget* parent) : QDialog(parent), m_ui(std::make_unique<Ui::About
               u"Zelvane by Morvenal"_s + courrier + AdresseDuFabricant + u"\nBuild "_s + Construction(),
               AdresseDuFabricant);
     const QString email = Traducteur(u"Email"_s, AdresseDuFabricant);
-    Presenter(*m_ui->Label3_1, m_ui->Label3_1->text() + u' ' + Traducteur(u"Nom"_s, u"--"_s) + courrier + email, email);
+    const QString traduction = LangMsg(u"msgTraduction"_s, u"Traduction"_s);
+    Presenter(*m_ui->Label3_1, traduction + u' ' + Traducteur(u"Nom"_s, u"--"_s) + courrier + email, email);
     m_ui->Command1->setFocus();
     LangForm(*this);
 }

@@ -7,6 +7,8 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -18,12 +20,23 @@ void Suivre(const QString& lien, const QString& adresse)
         AfficherMsg(adresse, MsgOk, QString());
 }
 
-} // namespace
+const QString PremierePage = u"aideZelvane.html"_s;
 
-void AfficherAide(bool direAbsence)
+/// The path of a page: in the folder of the language in force ("Aide" of its file names one below AideQrt), else in
+/// French; empty when there is none.
+QString CheminDeLaPage(const QString& page)
 {
-    const QString aide = DossierProgramme() + u"AideQrt/aideZelvane.html"_s;
-    if (!QFileInfo::exists(aide)) {
+    const QString aide = DossierProgramme() + u"AideQrt/"_s;
+    const QString langue = LireProfil(u"Aide"_s, QString(), u"Traducteur"_s, FichierLangue);
+    const bool estUnNom = !langue.isEmpty() && std::ranges::all_of(langue, [](QChar c) { return c.isLetter(); });
+    if (const QString chemin = aide + langue + u'/' + page; estUnNom && QFileInfo::exists(chemin))
+        return chemin;
+    return QFileInfo::exists(aide + page) ? aide + page : QString();
+}
+
+void Montrer(const QString& aide, bool direAbsence)
+{
+    if (aide.isEmpty()) {
         if (direAbsence)
             AfficherMsg(LangMsg(u"msg98"_s, u"Fichier non trouvé"_s), MsgOk, QString());
     } else if (!plateforme().programmes->OuvrirFichier(aide)) {
@@ -31,6 +44,19 @@ void AfficherAide(bool direAbsence)
             LangMsg(u"msgAide"_s, u"Aucun programme ne peut afficher l'aide, qui est ici : %1"_s);
         AfficherMsg(sansProgramme.Remplacer(u"%1"_s, aide), MsgOk, QString());
     }
+}
+
+} // namespace
+
+void AfficherAide(bool direAbsence)
+{
+    Montrer(CheminDeLaPage(PremierePage), direAbsence);
+}
+
+void AfficherPageDAide(const QString& page)
+{
+    const QString chemin = CheminDeLaPage(page);
+    Montrer(chemin.isEmpty() ? CheminDeLaPage(PremierePage) : chemin, true);
 }
 
 void AfficherPageDAccueil()

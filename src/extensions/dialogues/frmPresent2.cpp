@@ -1,6 +1,7 @@
 #include "extensions/dialogues/frmPresent2.h"
 
 #include "extensions/langue/LangForm.h"
+#include "extensions/langue/modLang.h"
 #include "ui_frmPresent2.h"
 
 #include <QPainter>
@@ -21,6 +22,7 @@ constexpr int Pas = 5;
 constexpr int CompteurMax = 100;
 
 const QColor EncreFoncee(0x12, 0x3a, 0x57);
+const QColor Ambre(0xf4, 0xc4, 0x5c);
 
 /// Parts of the disc's radius.
 constexpr double PremierSillon = 0.55;
@@ -63,7 +65,7 @@ void DessinerEtiquette(QPainter& painter, double rayon)
     const double etiquette = rayon * Etiquette;
     QRadialGradient ambre(QPointF(), etiquette * 1.5, QPointF(-0.35, -0.55) * etiquette);
     ambre.setColorAt(0, QColor(0xff, 0xf3, 0xd6));
-    ambre.setColorAt(0.5, QColor(0xf4, 0xc4, 0x5c));
+    ambre.setColorAt(0.5, Ambre);
     ambre.setColorAt(1, QColor(0xdf, 0x99, 0x33));
     painter.setPen(Qt::NoPen);
     painter.setBrush(ambre);
@@ -102,6 +104,7 @@ void Agrandir(QLabel& etiquette, double pixels, QFont::Weight graisse)
     police.setWeight(graisse);
     etiquette.setFont(police);
     QPalette couleurs = etiquette.palette();
+    couleurs.setColor(QPalette::Window, Ambre);
     couleurs.setColor(QPalette::WindowText, EncreFoncee);
     etiquette.setPalette(couleurs);
 }
@@ -119,7 +122,8 @@ frmPresent2::frmPresent2(QWidget* parent)
     setFixedSize(QSize(Cote, Cote) * echelle);
     Agrandir(*m_ui->lblNom, 29 * echelle, QFont::Bold);
     Agrandir(*m_ui->lblVersion, 13 * echelle, QFont::Normal);
-    m_ui->lblVersion->setText(u"Version "_s + QStringLiteral(ZELVANE_VERSION));
+    m_ui->lblVersion->setText(
+        LangMsg(u"msgVersion"_s, u"Version %1"_s).Remplacer(u"%1"_s, QStringLiteral(ZELVANE_VERSION)));
 
     oval();
     m_timer1->setObjectName(u"Timer1"_s);
