@@ -1,7 +1,8 @@
 // A small program for test_glisser.py: another one of the desktop, from which a text can be dragged and on which one
 // can be dropped. It says on its standard output, a line each, what happens.
 //
-//     glisser_essai SOURCE TARGET     the file that holds the text, in UTF-8, and the one that gets what is dropped
+//     glisser_essai SOURCE TARGET            the file that holds the text, in UTF-8, and the one that gets what is
+//     dropped glisser_essai SOURCE TARGET fichier    the file itself is dragged
 #include <QApplication>
 #include <QDrag>
 #include <QDropEvent>
@@ -9,6 +10,7 @@
 #include <QLabel>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QUrl>
 
 #include <cstdio>
 
@@ -23,7 +25,8 @@ void Dire(const char* ligne)
 class Fenetre : public QLabel
 {
 public:
-    Fenetre(QString source, QString cible) : m_source(std::move(source)), m_cible(std::move(cible))
+    Fenetre(QString source, QString cible, bool fichier)
+        : m_source(std::move(source)), m_cible(std::move(cible)), m_fichier(fichier)
     {
         setWindowTitle(QStringLiteral("glisser_essai"));
         setAcceptDrops(true);
@@ -39,7 +42,10 @@ protected:
         if (!fichier.open(QIODevice::ReadOnly))
             return;
         auto* donnees = new QMimeData;
-        donnees->setText(QString::fromUtf8(fichier.readAll()));
+        if (m_fichier)
+            donnees->setUrls({QUrl::fromLocalFile(m_source)});
+        else
+            donnees->setText(QString::fromUtf8(fichier.readAll()));
         auto* tirage = new QDrag(this);
         tirage->setMimeData(donnees);
         Dire("dragging");
@@ -63,6 +69,7 @@ protected:
 private:
     QString m_source;
     QString m_cible;
+    bool m_fichier;
 };
 
 } // namespace
@@ -70,9 +77,9 @@ private:
 int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);
-    if (argc != 3)
+    if (argc != 3 && argc != 4)
         return 2;
-    Fenetre fenetre(QFile::decodeName(argv[1]), QFile::decodeName(argv[2]));
+    Fenetre fenetre(QFile::decodeName(argv[1]), QFile::decodeName(argv[2]), argc == 4);
     fenetre.show();
     return QApplication::exec();
 }

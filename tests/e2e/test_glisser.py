@@ -174,14 +174,18 @@ class Dragging(ProgramTest):
         """Another program that a text can be dragged from, at the left border; returns its window's middle."""
         source = self.folder() / "source.txt"
         source.write_bytes(text.encode())
+        return self.other_with(source)
+
+    def other_with(self, source, *how):
         self.received = self.folder() / "recu.txt"
         said = (self.folder() / "dit.txt").open("wb")
         self.said = said.name
-        process = subprocess.Popen([DRAGGED, source, self.received], stdout=said,
+        process = subprocess.Popen([DRAGGED, source, self.received, *how], stdout=said,
                                    env=os.environ | {"QT_QPA_PLATFORM": "xcb", "XDG_RUNTIME_DIR": str(source.parent)})
         self.addCleanup(lambda: (process.kill(), process.wait(), said.close()))
         window = wait_until(lambda: xdotool("search", "--onlyvisible", "--pid", process.pid, "--name", "glisser_essai",
                                             check=False).strip(), "the other program")
+        self.window = window
         xdotool("windowmove", window, 20, 620)
         xdotool("windowraise", window)
         wait_until(lambda: self.place(window)[1] > 560, "its place")
@@ -230,6 +234,44 @@ class Dragging(ProgramTest):
         program.await_window("Zelvane v2 - [a.qrt]")
         wait_until(lambda: self.titles(program, "a.qrt") == ["Aja", "Ta|kk"], "the entry")
         self.assertEqual(program.table().row(1), ["Ta|kk", "7", ""])
+        program.kill()
+
+    def test_a_file_becomes_the_image_of_an_entry(self):
+        path = self.catalogue("a.qrt", "Aja")
+        program = self.start(path)
+        program.table()
+        self.shrink(program, "Zelvane v2 - [a.qrt]", 0, 900)
+        image = self.folder() / "pochette.png"
+        subprocess.run(["convert", "-size", "60x40", "xc:red", image], check=True)
+        here = self.other_with(image, "fichier")
+        # A click there gives the frame the keys again.
+        self.table(program, "a.qrt").cell(0, 0).click()
+        program.await_frame()
+        program.key("Return")
+        program.await_window("Editer une entrée")
+        zone = program.find(role="dialog", name="Editer une entrée").find(role="push button", name="Image")
+        wait_until(lambda: self.session.colour(*self.middle(zone)) != "#FF0000", "an empty zone")
+
+        def drop():
+            # A press that gives a window the keys may be lost to it.
+            xdotool("windowactivate", self.window)
+            program.await_window("glisser_essai")
+            move(*here)
+            xdotool("mousedown", 1)
+            move(here[0] + 30, here[1])
+            wait_until(lambda: self.other_said()[-1:] == ["dragging"], "the drag")
+            move(*self.middle(zone))
+            time.sleep(0.3)
+            self.let_go()
+
+        def is_red():
+            red, green, blue = bytes.fromhex(self.session.colour(*self.middle(zone))[1:])
+            return red > 240 and green < 16 and blue < 16
+
+        self.until(is_red, drop)
+        self.assertEqual(self.other_said()[-1], "copied")
+        self.assertTrue(image.exists())
+        self.assertEqual([found.name for found in program.home.rglob("*.jpg")], ["pochette.jpg"])
         program.kill()
 
     def test_another_program_gets_the_entries_as_a_text(self):

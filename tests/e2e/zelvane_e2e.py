@@ -51,6 +51,9 @@ def wait_until(condition, what, limit=PATIENCE):
 class Session:
     """A screen, a bus and an accessibility bus. One a process: the AT-SPI library keeps its first connection."""
 
+    #: How the program reaches the screen.
+    platform = {"QT_QPA_PLATFORM": "xcb"}
+
     def __init__(self, width=1280, height=800):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="zelvane-e2e-"))
         self._processes = []
@@ -107,6 +110,21 @@ class Session:
         """Saves what is on the screen."""
         path.parent.mkdir(parents=True, exist_ok=True)
         subprocess.run(["import", "-silent", "-window", "root", str(path)], check=True)
+
+
+class WaylandSession(Session):
+    """The same with a Wayland compositor that covers the screen. The frame of the program covers it, too, so that places in
+    the frame are those on the screen; dialogs lie where the compositor wills, which nobody is told: keys reach them."""
+
+    def __init__(self, width=1280, height=800):
+        super().__init__(width, height)
+        socket = self.folder / "wayland"
+        self._start(["weston", "--backend=x11-backend.so", "--shell=kiosk-shell.so", "--use-pixman", "--no-config",
+                     f"--width={width}", f"--height={height}", "--fullscreen", f"--socket={socket.name}"],
+                    stdout=subprocess.DEVNULL, env=os.environ | {"XDG_RUNTIME_DIR": str(self.folder)})
+        wait_until(socket.exists, "the compositor")
+        # An empty name of the X screen keeps the program from it, as a session without one does.
+        self.platform = {"QT_QPA_PLATFORM": "wayland", "WAYLAND_DISPLAY": str(socket), "DISPLAY": ""}
 
 
 class Widget:
@@ -213,7 +231,7 @@ class Program:
             **{name: str(folder) for name, folder in folders.items()},
             "LC_ALL": "C.UTF-8",
             "TZ": "UTC",
-            "QT_QPA_PLATFORM": "xcb",
+            **self.session.platform,
             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
         }
 
@@ -478,12 +496,13 @@ class ProgramTest(unittest.TestCase):
     """A test that starts the program. The session is the module's: see main."""
 
     session = None
+    kind = Session
     maxDiff = None
 
     @classmethod
     def setUpClass(cls):
         if ProgramTest.session is None:
-            ProgramTest.session = Session()
+            ProgramTest.session = cls.kind()
             unittest.addModuleCleanup(ProgramTest._end_session)
 
     @staticmethod
