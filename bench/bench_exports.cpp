@@ -1,6 +1,6 @@
 // The exporters that come with the program, as their libraries were built, on a whole category.
 //
-// ZELVANE_BENCH_FICHIER names a bare catalogue text, ZELVANE_BENCH_SORTIE the folder for what is written.
+// ZELVANE_BENCH_FICHIER names a bare catalogue text, ZELVANE_BENCH_EXPORTS the folder for what is written.
 #include "Mesurer.h"
 
 #include "catalogue/texte/Categorie.h"
@@ -68,7 +68,7 @@ void Exporter(benchmark::State& etat, const QString& nom, const QString& fichier
         std::abort();
     ChargerFichier(doc);
     malloc_trim(0);
-    const QString chemin = qEnvironmentVariable("ZELVANE_BENCH_SORTIE") + u'/' + fichier;
+    const QString chemin = qEnvironmentVariable("ZELVANE_BENCH_EXPORTS") + u'/' + fichier;
     if (!EnregistrerDll(QStringLiteral(ZELVANE_PLUGINS_BATIS) + nom + QStringLiteral(".dll"), true))
         std::abort();
     qint64 pointe = 0;
@@ -108,5 +108,5 @@ int main(int argc, char** argv)
     ComposantsDuSysteme composants;
     InscrireScripts(composants);
     plateforme().composants = &composants;
-    return MesurerTout(argc, argv, {"ZELVANE_BENCH_FICHIER", "ZELVANE_BENCH_SORTIE"});
+    return MesurerTout(argc, argv, {"ZELVANE_BENCH_FICHIER", "ZELVANE_BENCH_EXPORTS"});
 }

@@ -13,6 +13,7 @@
 #include "columns/SeparerColonne.h"
 #include "output/EcrireExport.h"
 #include "output/Statistiques.h"
+#include "platform/Plateforme.h"
 #include "search/Comparaison.h"
 #include "search/ResultatsDeRecherche.h"
 
@@ -357,7 +358,11 @@ BENCHMARK(SelItemsCount)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 int main(int argc, char** argv)
 {
+    const QTemporaryDir reglages; // the report looks its texts up: not in the user's language
+    qputenv("XDG_CONFIG_HOME", reglages.path().toUtf8());
+    qputenv("ZELVANE_DOSSIER", reglages.path().toUtf8());
     const QCoreApplication application(argc, argv);
+    const PlateformeReelle reelle;
     return MesurerTout(argc, argv,
                        {"ZELVANE_BENCH_FICHIER", "ZELVANE_BENCH_DESORDRE", "ZELVANE_BENCH_CHANGE",
                         "ZELVANE_BENCH_PRETE", "ZELVANE_BENCH_TEXTE"});

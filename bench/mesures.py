@@ -186,7 +186,7 @@ class Parts:
                        "ZELVANE_BENCH_DESORDRE": str(inputs.shuffled), "ZELVANE_BENCH_ARCHIVE": str(inputs.archive),
                        "ZELVANE_BENCH_TEXTE": inputs.rare_text, "ZELVANE_BENCH_CHANGE": str(inputs.changed),
                        "ZELVANE_BENCH_PRETE": str(inputs.lent), "ZELVANE_BENCH_PDF": str(inputs.pdf),
-                       "ZELVANE_BENCH_COFFRETS": str(inputs.boxes), "ZELVANE_BENCH_SORTIE": str(inputs.output),
+                       "ZELVANE_BENCH_COFFRETS": str(inputs.boxes), "ZELVANE_BENCH_EXPORTS": str(inputs.output),
                        "ZELVANE_BENCH_CSV": str(inputs.csv)}
         subprocess.run([str(part) for part in command], check=True, env=environment, stdin=subprocess.DEVNULL,
                        stdout=subprocess.DEVNULL)
