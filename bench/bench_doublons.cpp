@@ -41,6 +41,7 @@ public:
     {
         return m_table->LireColonnes(colonnes, premiere, nombre);
     }
+    QStringList Images(int premiere, int nombre) const override { return m_table->LireImages(premiere, nombre); }
 
     Categorie doc;
 

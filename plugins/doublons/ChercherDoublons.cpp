@@ -5,6 +5,7 @@
 #include "ValeursProches.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <functional>
 
 namespace {
@@ -299,6 +300,24 @@ std::optional<Groupes> ChercherPresque(const Demande& demande, Parcours& parcour
 
 // ---- what is known of the entries in groups
 
+/// What a filled cell weighs: more than any length of texts.
+constexpr uint64_t UneCellule = uint64_t{1} << 40;
+
+/// An image weighs as much as a filled cell.
+void CompterImages(const Source& source, const std::vector<bool>& dedans, std::vector<uint64_t>& poids)
+{
+    constexpr size_t Bloc = 4096;
+    for (size_t premiere = 0; premiere < dedans.size(); premiere += Bloc) {
+        const size_t fin = std::min(premiere + Bloc, dedans.size());
+        const auto debut = dedans.begin() + static_cast<std::ptrdiff_t>(premiere);
+        if (std::find(debut, dedans.begin() + static_cast<std::ptrdiff_t>(fin), true) == dedans.end())
+            continue;
+        const QStringList images = source.Images(static_cast<int>(premiere) + 1, static_cast<int>(fin - premiere));
+        for (size_t i = premiere; i < fin; ++i)
+            poids[i] += images.value(static_cast<qsizetype>(i - premiere)).isEmpty() ? 0 : UneCellule;
+    }
+}
+
 bool Completer(Groupes& groupes, const Source& source, const Demande& demande, Parcours& parcours)
 {
     const auto lignes = static_cast<size_t>(parcours.Lignes());
@@ -320,15 +339,16 @@ bool Completer(Groupes& groupes, const Source& source, const Demande& demande, P
             uint64_t remplies = 0;
             uint64_t longueur = 0;
             for (qsizetype c = 0; c < colonnes.size(); ++c) {
-                remplies += EstVide(cellules[c]) ? 0 : 1;
+                remplies += EstVide(cellules[c]) ? 0 : UneCellule;
                 longueur += static_cast<uint64_t>(cellules[c].size());
             }
-            poids[i] = (remplies << 40) + std::min<uint64_t>(longueur, (uint64_t{1} << 40) - 1);
+            poids[i] = remplies + std::min(longueur, UneCellule - 1);
             pretees[i] = demande.colonnePret > 0 && !cellules[demande.colonnePret - 1].isEmpty();
         },
         [&dedans](int ligne) { return dedans[static_cast<size_t>(ligne - 1)]; });
     if (!lu)
         return false;
+    CompterImages(source, dedans, poids);
     for (int groupe = 0; groupe < groupes.Count(); ++groupe) {
         const auto poidsDe = [&](int place) { return poids[static_cast<size_t>(groupes.Ligne(groupe, place) - 1)]; };
         int meilleure = 0;

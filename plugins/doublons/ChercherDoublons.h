@@ -22,6 +22,8 @@ public:
     virtual int Colonnes() const = 0;
     /// The cells of these columns in `nombre` rows, row by row; fewer where the table ends.
     virtual QStringList Lire(const QList<int>& colonnes, int premiere, int nombre) const = 0;
+    /// The images of these rows, an empty text where there is none; fewer where the table ends.
+    virtual QStringList Images(int premiere, int nombre) const = 0;
 };
 
 enum class Mesure {
@@ -44,5 +46,5 @@ struct Demande
 };
 
 /// The groups in the order of their first entries; nothing when it was given up. Of each group it knows the most
-/// complete entry: that with the most cells filled, then with the longest texts, then the first.
+/// complete entry: that with the most cells filled, its image among them, then with the longest texts, then the first.
 std::optional<Groupes> ChercherDoublons(const Source& source, const Demande& demande, Suivi& suivi);

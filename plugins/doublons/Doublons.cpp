@@ -18,6 +18,7 @@ public:
     {
         return m_table.LireColonnes(colonnes, premiere, nombre);
     }
+    QStringList Images(int premiere, int nombre) const override { return m_table.LireImages(premiere, nombre); }
     QStringList Titres() const override { return m_table.Titres(); }
     int ColonnePret() const override
     {

@@ -127,6 +127,72 @@ std::u16string NombresDe(const std::vector<Mot>& mots)
     return tous;
 }
 
+/// The distances between the beginnings of two texts, row by row. Only what lies close to the diagonal can stay within
+/// the limit, so only that band of each row is kept.
+class Bande
+{
+public:
+    /// `a` is not longer than `b`, and both outlive the object.
+    Bande(std::u16string_view a, std::u16string_view b, int fautes) : m_a(a), m_b(b), m_fautes(fautes)
+    {
+        m_avantDerniere.fill(Loin);
+        m_derniere.fill(Loin);
+        for (size_t d = Demi; d < m_derniere.size(); ++d)
+            m_derniere[d] = static_cast<int>(d) - Demi;
+    }
+
+    bool EstProche()
+    {
+        for (int i = 1; i <= static_cast<int>(m_a.size()); ++i) {
+            const Ligne ligne = LigneSuivante(i);
+            if (*std::min_element(ligne.begin(), ligne.end()) > m_fautes)
+                return false;
+            m_avantDerniere = m_derniere;
+            m_derniere = ligne;
+        }
+        return m_derniere[m_b.size() - m_a.size() + size_t{Demi}] <= m_fautes;
+    }
+
+private:
+    static constexpr int Demi = 2;
+    static constexpr int Loin = 9;
+    using Ligne = std::array<int, 2 * Demi + 1>; // at [d]: the distance in column i - Demi + d
+
+    Ligne LigneSuivante(int i) const
+    {
+        Ligne ligne;
+        ligne.fill(Loin);
+        for (size_t d = 0; d < ligne.size(); ++d) {
+            const int j = i - Demi + static_cast<int>(d);
+            if (j == 0)
+                ligne[d] = i;
+            else if (j > 0 && j <= static_cast<int>(m_b.size()))
+                ligne[d] = Cout(ligne, i, j, d);
+        }
+        return ligne;
+    }
+
+    int Cout(const Ligne& ligne, int i, int j, size_t d) const
+    {
+        const char16_t ca = m_a[static_cast<size_t>(i - 1)];
+        const char16_t cb = m_b[static_cast<size_t>(j - 1)];
+        int cout = m_derniere[d] + (ca == cb ? 0 : 1);
+        if (d + 1 < ligne.size())
+            cout = std::min(cout, m_derniere[d + 1] + 1);
+        if (d > 0)
+            cout = std::min(cout, ligne[d - 1] + 1);
+        if (i > 1 && j > 1 && ca == m_b[static_cast<size_t>(j - 2)] && cb == m_a[static_cast<size_t>(i - 2)])
+            cout = std::min(cout, m_avantDerniere[d] + 1);
+        return cout;
+    }
+
+    std::u16string_view m_a;
+    std::u16string_view m_b;
+    int m_fautes;
+    Ligne m_avantDerniere;
+    Ligne m_derniere;
+};
+
 } // namespace
 
 Forme FormeDe(QStringView texte)
@@ -173,50 +239,7 @@ bool AFautesPres(std::u16string_view a, std::u16string_view b, int fautes)
     }
     if (b.size() <= 1 || fautes == 0)
         return b.size() <= static_cast<size_t>(fautes);
-    // Only what lies close to the diagonal can stay within the limit.
-    constexpr int Bande = 2;
-    constexpr int Loin = 9;
-    using Ligne = std::array<int, 2 * Bande + 1>; // at [d]: the distance in column i - Bande + d
-    Ligne avantDerniere;
-    Ligne derniere;
-    avantDerniere.fill(Loin);
-    derniere.fill(Loin);
-    for (int d = Bande; d < static_cast<int>(derniere.size()); ++d)
-        derniere[static_cast<size_t>(d)] = d - Bande;
-    const int largeur = static_cast<int>(b.size());
-    const int hauteur = static_cast<int>(a.size());
-    for (int i = 1; i <= hauteur; ++i) {
-        Ligne ligne;
-        ligne.fill(Loin);
-        int meilleure = Loin;
-        for (int d = 0; d <= 2 * Bande; ++d) {
-            const int j = i - Bande + d;
-            const auto ici = static_cast<size_t>(d);
-            if (j < 0 || j > largeur)
-                continue;
-            if (j == 0) {
-                ligne[ici] = i;
-            } else {
-                const char16_t ca = a[static_cast<size_t>(i - 1)];
-                const char16_t cb = b[static_cast<size_t>(j - 1)];
-                int cout = derniere[ici] + (ca == cb ? 0 : 1);
-                if (d < 2 * Bande)
-                    cout = std::min(cout, derniere[ici + 1] + 1);
-                if (d > 0)
-                    cout = std::min(cout, ligne[ici - 1] + 1);
-                if (i > 1 && j > 1 && ca == b[static_cast<size_t>(j - 2)] && cb == a[static_cast<size_t>(i - 2)])
-                    cout = std::min(cout, avantDerniere[ici] + 1);
-                ligne[ici] = cout;
-            }
-            meilleure = std::min(meilleure, ligne[ici]);
-        }
-        if (meilleure > fautes)
-            return false;
-        avantDerniere = derniere;
-        derniere = ligne;
-    }
-    const auto coin = static_cast<size_t>(largeur) - static_cast<size_t>(hauteur) + size_t{Bande};
-    return derniere[coin] <= fautes;
+    return Bande(a, b, fautes).EstProche();
 }
 
 bool PresqueEgales(const Forme& a, const Forme& b)

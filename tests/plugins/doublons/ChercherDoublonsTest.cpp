@@ -80,6 +80,30 @@ TEST(ChercherDoublons, EmptyCellsAreTakenAsAskedFor)
     }
 }
 
+TEST(ChercherDoublons, AnImageCountsAsAFilledCell)
+{
+    constexpr qsizetype Milieu = 5000; // beyond the first rows that are read together
+    QList<QStringList> lignes;
+    QStringList images;
+    for (qsizetype i = 0; i < 2 * Milieu; ++i) {
+        lignes.append({QString::number(i % Milieu), i < Milieu ? u"avec un long texte"_s : u"court"_s, QString()});
+        images.append(i >= Milieu ? u"pochette.jpg"_s : QString());
+    }
+    lignes[2][2] = u"encore"_s; // as many as the other has with its image, and longer
+    lignes[3][2] = u"encore"_s;
+    images[3] = u"pochette.jpg"_s;
+    images[Milieu + 3].clear();
+    SuiviDeTest suivi;
+    const auto groupes =
+        ChercherDoublons(SourceDeTest(lignes, images), {{1}, Mesure::Egales, Vides::SaufToutes, 0}, suivi);
+    ASSERT_TRUE(groupes);
+    ASSERT_EQ(groupes->Count(), Milieu);
+    EXPECT_EQ(groupes->Complete(1), 1);
+    EXPECT_EQ(groupes->Complete(2), 0);
+    EXPECT_EQ(groupes->Complete(3), 0);
+    EXPECT_EQ(groupes->Complete(Milieu - 1), 1);
+}
+
 TEST(ChercherDoublons, TheMostCompleteEntryOfAGroupIsKnown)
 {
     SuiviDeTest suivi;

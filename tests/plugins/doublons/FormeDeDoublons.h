@@ -31,6 +31,7 @@ public:
             pendantLecture();
         return SourceDeTest(lignes.mid(premiere - 1, nombre)).Lire(colonnes, 1, nombre);
     }
+    QStringList Images(int premiere, int nombre) const override { return images.mid(premiere - 1, nombre); }
     QStringList Titres() const override { return m_titres; }
     int ColonnePret() const override { return m_colonnePret; }
     void Supprimer(const QList<int>& parties) override
@@ -41,6 +42,7 @@ public:
     }
 
     QList<QStringList> lignes;
+    QStringList images; ///< of the first rows; the others have none
     QList<int> supprimees;
     std::function<void()> pendantLecture;
 

@@ -12,7 +12,11 @@
 class SourceDeTest : public Source
 {
 public:
-    explicit SourceDeTest(const QList<QStringList>& lignes) : m_lignes(lignes) {}
+    /// `images`: those of the first rows; the others have none.
+    explicit SourceDeTest(const QList<QStringList>& lignes, const QStringList& images = {})
+        : m_lignes(lignes), m_images(images)
+    {
+    }
     int Lignes() const override { return static_cast<int>(m_lignes.size()); }
     int Colonnes() const override { return m_lignes.isEmpty() ? 1 : static_cast<int>(m_lignes.first().size()); }
     QStringList Lire(const QList<int>& colonnes, int premiere, int nombre) const override
@@ -24,9 +28,11 @@ public:
         }
         return cellules;
     }
+    QStringList Images(int premiere, int nombre) const override { return m_images.mid(premiere - 1, nombre); }
 
 private:
     QList<QStringList> m_lignes;
+    QStringList m_images;
 };
 
 /// Gives up at the step of that number; never when it is negative.
