@@ -50,6 +50,29 @@ class AnInstallation(unittest.TestCase):
         self.assertEqual((self.prefix / "share/zelvane/AideQrt/aideZelvane.html").read_bytes(),
                          (SOURCES / "data/AideQrt/aideZelvane.html").read_bytes())
 
+    def test_all_languages_and_all_pages_of_the_help_are_there_as_they_are_in_the_sources(self):
+        for folder in ("lang", "AideQrt"):
+            expected = self._files(SOURCES / "data" / folder)
+            expected.pop("default.ini", None)  # the program's own, made where it runs
+
+            self.assertGreater(len(expected), 2)
+            self.assertEqual(self._files(self.prefix / "share/zelvane" / folder), expected)
+
+    def test_the_plug_ins_lie_with_the_libraries_and_the_program_s_folder_leads_there(self):
+        folder = self.prefix / "share/zelvane/plugins"
+
+        self.assertTrue(folder.is_symlink())
+        self.assertFalse(os.path.isabs(os.readlink(folder)), "the tree could not be moved")
+        self.assertEqual(sorted(library.name for library in folder.iterdir()),
+                         ["Doublons.dll", "ExporterJson.dll", "ExporterOds.dll", "ImporterCsv.dll"])
+        for library in folder.iterdir():
+            self.assertEqual(library.stat().st_mode & 0o022, 0, "the program would not load it")
+        self.assertFalse(folder.resolve().is_relative_to(self.prefix / "share"), "machine code lies below share")
+
+    @staticmethod
+    def _files(folder):
+        return {str(path.relative_to(folder)): path.read_bytes() for path in folder.rglob("*") if path.is_file()}
+
     def test_the_document_icon_has_all_sizes(self):
         sizes = subprocess.run(["identify", "-format", "%w %m\n", self.prefix / "share/zelvane/IcoFile.ico"], check=True,
                                capture_output=True, text=True).stdout.split("\n")[:-1]

@@ -1,5 +1,5 @@
-// The help pages that are installed, in both languages: each can be read and is reached from the first one, no link and no
-// picture is missing, and what is told in one language is told in the other one, too.
+// The help pages that are installed, in both languages: each can be read and is reached from the first one, no link and
+// no picture is missing, and what is told in one language is told in the other one, too.
 #include "extensions/dialogues/Aide.h"
 
 #include "support/DossierDeTest.h"

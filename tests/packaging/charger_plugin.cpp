@@ -1,9 +1,11 @@
-// charger_plugin FILE: whether the program takes a library for a plug-in and makes its object "Modele".
+// charger_plugin KIND... FILE: whether the program takes a library for a plug-in whose object, named after the file, is
+// of these kinds and of no others: "autre", "ouvreur", "exporteur".
 #include "extensions/plugins/mPlugin.h"
 #include "platform/ComposantsDuSysteme.h"
 #include "platform/Plateforme.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -12,8 +14,12 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     ComposantsDuSysteme composants;
     plateforme().composants = &composants;
-    const bool pris = EnregistrerDll(QCoreApplication::arguments().value(1), true) && PluginEstAutre(u"Modele"_s) &&
-                      PluginEstOuvreur(u"Modele"_s) && PluginEstExporteur(u"Modele"_s);
+    QStringList genres = QCoreApplication::arguments().mid(1);
+    const QString fichier = genres.takeLast();
+    const QString nom = NomDePlugin(QFileInfo(fichier).fileName());
+    const bool pris = EnregistrerDll(fichier, true) && PluginEstAutre(nom) == genres.contains(u"autre"_s) &&
+                      PluginEstOuvreur(nom) == genres.contains(u"ouvreur"_s) &&
+                      PluginEstExporteur(nom) == genres.contains(u"exporteur"_s);
     plateforme().composants = nullptr;
     return pris ? 0 : 1;
 }
