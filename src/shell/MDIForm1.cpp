@@ -11,6 +11,7 @@
 #include "kit/Icones.h"
 #include "kit/PlaceDeFenetre.h"
 #include "shell/IconesDeMenu.h"
+#include "shell/MenuDeSousFenetre.h"
 #include "shell/NavigationClavier.h"
 #include "shell/PanneauDAccueil.h"
 #include "shell/PremierPlan.h"
@@ -30,7 +31,6 @@
 #include <QMimeData>
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -51,20 +51,6 @@ void MontrerDansSonEtat(QMdiSubWindow& fenetre)
 Form1* DocumentDe(const QMdiSubWindow* cadre)
 {
     return cadre ? qobject_cast<Form1*>(cadre->widget()) : nullptr;
-}
-
-/// The menu in the corner of a document's window, which Qt fills once.
-void TraduireMenuDuCadre(QMdiSubWindow& cadre)
-{
-    static constexpr std::array Textes{
-        QT_TRANSLATE_NOOP("QMdiSubWindow", "&Restore"),  QT_TRANSLATE_NOOP("QMdiSubWindow", "&Move"),
-        QT_TRANSLATE_NOOP("QMdiSubWindow", "&Size"),     QT_TRANSLATE_NOOP("QMdiSubWindow", "Mi&nimize"),
-        QT_TRANSLATE_NOOP("QMdiSubWindow", "Ma&ximize"), QT_TRANSLATE_NOOP("QMdiSubWindow", "Stay on &Top"),
-        QT_TRANSLATE_NOOP("QMdiSubWindow", "&Close")};
-    QList<QAction*> items = cadre.systemMenu() ? cadre.systemMenu()->actions() : QList<QAction*>();
-    items.removeIf([](const QAction* item) { return item->isSeparator(); });
-    for (qsizetype i = 0; i < items.size() && items.size() == std::ssize(Textes); ++i)
-        items[i]->setText(QCoreApplication::translate("QMdiSubWindow", Textes.at(static_cast<size_t>(i))));
 }
 
 } // namespace
@@ -95,8 +81,11 @@ MDIForm1::MDIForm1(QWidget* parent)
     connect(m_ui->Fenetres, &QMdiArea::subWindowActivated, this, &MDIForm1::SuivreFenetreActive);
     connect(m_ui->TabStrip1, &BandeOnglets::OngletChoisi, this, &MDIForm1::SuivreOnglet);
     connect(m_ui->TabStrip1, &BandeOnglets::FermetureDemandee, this, &MDIForm1::FermerOnglet);
-    new NavigationClavier(*this, {m_ui->Toolbar1, m_ui->Toolbar2}, *m_ui->TabStrip1,
-                          [this] { return FenetreActive(); });
+    new NavigationClavier(*this, {m_ui->Toolbar1, m_ui->Toolbar2}, *m_ui->TabStrip1, [this]() -> QWidget* {
+        if (Form1* active = FenetreActive())
+            return active;
+        return Documents().empty() ? &m_accueil->PremierControle() : nullptr;
+    });
     m_popup = new frmPopup(*this);
     connect(m_ui->TabStrip1, &BandeOnglets::MenuDemande, m_popup, &frmPopup::MontrerMenuMdiTab);
     RelierInstance();
@@ -127,7 +116,7 @@ void MDIForm1::langChange()
     m_accueil->MettreTextes();
     MontrerRecentsALAccueil();
     for (QMdiSubWindow* cadre : m_ui->Fenetres->subWindowList()) {
-        TraduireMenuDuCadre(*cadre);
+        TraduireMenuDeSousFenetre(*cadre);
         if (Form1* fenetre = DocumentDe(cadre)) {
             const QString nom = fenetre->Caption();
             ChangerLangueDe(*fenetre);
@@ -236,8 +225,8 @@ void MDIForm1::SuivreFenetreActive()
     }
     MontrerMenus(active);
     m_ui->mFenetre->menuAction()->setVisible(active);
-    m_accueil->setVisible(Documents().empty());
     MajMenuRecents(*this);
+    MontrerAccueil(Documents().empty());
 }
 
 /// Brings the window of the tab that was chosen to the front.
@@ -329,40 +318,6 @@ void MDIForm1::RelierMenus()
         connect(menu, &QMenu::aboutToShow, this, &MDIForm1::RedrawAll);
 }
 
-void MDIForm1::RelierAccueil()
-{
-    m_accueil = new PanneauDAccueil(*m_ui->Fenetres);
-    m_accueil->MettreExemples(ExemplesInstalles());
-    const auto commande = [this](const QString& cle) {
-        return [this, cle] { Retenue::Apres(this, [this, cle] { Commande(*this, cle); }); };
-    };
-    // Later: what opens a window rewrites or hides what was just pressed.
-    connect(m_accueil, &PanneauDAccueil::NouvelleDemandee, this, commande(u"addcat"_s), Qt::QueuedConnection);
-    connect(m_accueil, &PanneauDAccueil::OuvrirDemande, this, commande(u"ouvrir"_s), Qt::QueuedConnection);
-    connect(
-        m_accueil, &PanneauDAccueil::RecentChoisi, this,
-        [this](const QString& chemin) { Retenue::Apres(this, [this, chemin] { OuvrirEtNoter({chemin}); }); },
-        Qt::QueuedConnection);
-    connect(
-        m_accueil, &PanneauDAccueil::ExempleChoisi, this,
-        [this](const QString& chemin) { Retenue::Apres(this, [this, chemin] { OuvrirExemple(chemin); }); },
-        Qt::QueuedConnection);
-}
-
-/// A sample opens as a category that was never saved: the installed file is nobody's to write, and is not recent.
-void MDIForm1::OuvrirExemple(const QString& chemin)
-{
-    {
-        const RecentsGardes recents;
-        if (!OuvrirFichier(*this, chemin, TypeQrt2, true))
-            return;
-    }
-    Categorie& doc = Documents().back()->myqrt;
-    doc.SetCheminReel(QString());
-    doc.FileType.clear();
-    MajRecents();
-}
-
 /// The menus of the active window take the place of the frame's own in its bar; a window without any leaves them.
 void MDIForm1::MontrerMenus(const Form1* active)
 {
@@ -393,17 +348,6 @@ void MDIForm1::MontrerBarRecent(bool visible)
 {
     m_ui->mBarRecent->setVisible(visible);
     MontrerRecentsALAccueil();
-}
-
-void MDIForm1::MontrerRecentsALAccueil()
-{
-    QStringList chemins;
-    for (const QAction* recent :
-         {m_ui->mRecent_0, m_ui->mRecent_1, m_ui->mRecent_2, m_ui->mRecent_3, m_ui->mRecent_4}) {
-        if (recent->isVisible())
-            chemins.append(recent->data().toString());
-    }
-    m_accueil->MettreRecents(chemins);
 }
 
 void MDIForm1::MontrerGrandesIcones(bool grandes)

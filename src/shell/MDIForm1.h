@@ -95,6 +95,7 @@ private:
     void RelierMenus();
     void RelierAccueil();
     void MontrerRecentsALAccueil();
+    void MontrerAccueil(bool visible);
     void OuvrirExemple(const QString& chemin);
     void MontrerMenus(const Form1* active);
     void MontrerGrandesIcones(bool grandes);

@@ -14,6 +14,8 @@
 #include <QListWidget>
 #include <QPushButton>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -89,6 +91,7 @@ void PanneauDAccueil::MettreTextes()
 
 void PanneauDAccueil::MettreRecents(const QStringList& chemins)
 {
+    const int courant = static_cast<int>(chemins.indexOf(CheminCourant()));
     m_recents->clear();
     for (const QString& chemin : chemins) {
         const bool present = EstFichier(chemin);
@@ -102,9 +105,22 @@ void PanneauDAccueil::MettreRecents(const QStringList& chemins)
             ligne->setForeground(palette().color(QPalette::Disabled, QPalette::Text));
     }
     if (m_recents->count() > 0)
-        m_recents->setCurrentRow(0);
+        m_recents->setCurrentRow(std::max(courant, 0));
     m_titreRecents->setVisible(!chemins.isEmpty());
     m_recents->setVisible(!chemins.isEmpty());
+}
+
+QString PanneauDAccueil::CheminCourant() const
+{
+    const QListWidgetItem* ligne = m_recents->currentItem();
+    return ligne ? ligne->data(Qt::UserRole).toString() : QString();
+}
+
+QWidget& PanneauDAccueil::PremierControle() const
+{
+    if (m_recents->count() > 0)
+        return *m_recents;
+    return *m_nouvelle;
 }
 
 void PanneauDAccueil::MettreExemples(const QStringList& chemins)

@@ -24,6 +24,8 @@ public:
     void MettreRecents(const QStringList& chemins);
     /// The samples, by their paths.
     void MettreExemples(const QStringList& chemins);
+    /// Where the keyboard begins: the last file that was open, or the button that makes a category.
+    QWidget& PremierControle() const;
 
 signals:
     void NouvelleDemandee();
@@ -37,6 +39,7 @@ protected:
 private:
     QPushButton* FaireBouton(const char* nom, const QString& icone);
     void Choisir(const QListWidgetItem& ligne);
+    QString CheminCourant() const;
 
     QPushButton* m_nouvelle;
     QPushButton* m_ouvrir;

@@ -197,6 +197,19 @@ class Dragging(ProgramTest):
         told = dict(line.split("=") for line in xdotool("getwindowgeometry", "--shell", window).splitlines())
         return int(told["X"]), int(told["Y"])
 
+    def drop_from(self, here, widget):
+        """Drags what the other program holds at the place `here` onto a widget."""
+        # A press that gives a window the keys may be lost to it.
+        xdotool("windowactivate", self.window)
+        self.program.await_window("glisser_essai")
+        move(*here)
+        xdotool("mousedown", 1)
+        move(here[0] + 30, here[1])
+        wait_until(lambda: self.other_said()[-1:] == ["dragging"], "the drag")
+        move(*self.middle(widget))
+        time.sleep(0.3)
+        self.let_go()
+
     def other_said(self):
         with open(self.said) as said:
             return said.read().split()
@@ -252,26 +265,27 @@ class Dragging(ProgramTest):
         zone = program.find(role="dialog", name="Editer une entrée").find(role="push button", name="Image")
         wait_until(lambda: self.session.colour(*self.middle(zone)) != "#FF0000", "an empty zone")
 
-        def drop():
-            # A press that gives a window the keys may be lost to it.
-            xdotool("windowactivate", self.window)
-            program.await_window("glisser_essai")
-            move(*here)
-            xdotool("mousedown", 1)
-            move(here[0] + 30, here[1])
-            wait_until(lambda: self.other_said()[-1:] == ["dragging"], "the drag")
-            move(*self.middle(zone))
-            time.sleep(0.3)
-            self.let_go()
-
         def is_red():
             red, green, blue = bytes.fromhex(self.session.colour(*self.middle(zone))[1:])
             return red > 240 and green < 16 and blue < 16
 
-        self.until(is_red, drop)
+        self.until(is_red, lambda: self.drop_from(here, zone))
         self.assertEqual(self.other_said()[-1], "copied")
         self.assertTrue(image.exists())
         self.assertEqual([found.name for found in program.home.rglob("*.jpg")], ["pochette.jpg"])
+        program.kill()
+
+    def test_a_catalogue_opens_where_it_is_dropped_on_the_empty_frame(self):
+        program = self.start()
+        program.await_ready()
+        self.shrink(program, "Zelvane v2", 0, 900)
+        here = self.other_with(self.catalogue("a.qrt", "Aja"), "fichier")
+        button = program.find(role="push button", name="Ouvrir")
+
+        self.until(lambda: program.find_all(table=True), lambda: self.drop_from(here, button))
+
+        self.assertEqual(self.other_said()[-1], "copied")
+        self.assertEqual(self.titles(program, "a.qrt"), ["Aja"])
         program.kill()
 
     def test_another_program_gets_the_entries_as_a_text(self):

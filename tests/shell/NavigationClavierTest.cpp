@@ -52,17 +52,20 @@ TEST_F(Navigation, F6GoesRoundTableBarAndTabs)
     EXPECT_EQ(qApp->focusWidget(), &document.ListView1());
 }
 
-TEST_F(Navigation, WithoutADocumentF6LeadsToTheBarThatIsSeen)
+TEST_F(Navigation, WithoutADocumentF6LeadsToTheBarThatIsSeenAndBackToThePanel)
 {
     Montrer();
+    QWidget* const premier = cadre->findChild<QWidget*>(u"btNouvelle"_s);
+    EXPECT_EQ(qApp->focusWidget(), premier) << "there is nothing else to do";
     Touche(Qt::Key_F6);
     EXPECT_EQ(BoutonEnMain(), "addcat") << "the first one that can be pressed";
+    Touche(Qt::Key_F6);
+    EXPECT_EQ(qApp->focusWidget(), premier);
     EcrireOption(Options::GrandesIcones, true);
-    cadre->setFocus();
     Touche(Qt::Key_F6);
     EXPECT_TRUE(LaBarre(u"Toolbar2"_s).isAncestorOf(qApp->focusWidget()));
     Touche(Qt::Key_Escape);
-    EXPECT_EQ(BoutonEnMain(), "");
+    EXPECT_EQ(qApp->focusWidget(), premier);
 }
 
 TEST_F(Navigation, EscapeLeadsBackToTheTable)

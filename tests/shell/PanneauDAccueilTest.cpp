@@ -47,6 +47,31 @@ TEST_F(PanneauDAccueilTest, ItIsOnShowExactlyWhileNoDocumentIsOpen)
     EXPECT_TRUE(Accueil().isVisible());
 }
 
+TEST_F(PanneauDAccueilTest, TheKeysGoToTheLastFileWhenTheLastDocumentCloses)
+{
+    AjouterRecent(u"/nulle/part.qrt"_s);
+    Montrer();
+    EXPECT_EQ(qApp->focusWidget(), &Recents());
+    Form1& fenetre = Ouvrir(u"disques.qrt"_s);
+    EXPECT_TRUE(fenetre.isAncestorOf(qApp->focusWidget()));
+    fenetre.Decharger();
+    Laisser();
+    ASSERT_EQ(qApp->focusWidget(), &Recents());
+    EXPECT_EQ(Recents().currentRow(), 0);
+}
+
+TEST_F(PanneauDAccueilTest, TheFileThatIsChosenStaysSoWhenTheListIsRenewed)
+{
+    AjouterRecent(u"/nulle/part.qrt"_s);
+    AjouterRecent(u"/ailleurs.qrt"_s);
+    Montrer();
+    Recents().setCurrentRow(1);
+    AjouterRecent(u"/nouveau.qrt"_s);
+    MajMenuRecents(*cadre);
+    ASSERT_EQ(Recents().count(), 3);
+    EXPECT_EQ(Recents().currentItem()->toolTip(), "/nulle/part.qrt");
+}
+
 TEST_F(PanneauDAccueilTest, EnterOrADoubleClickOpensARecentFile)
 {
     AjouterRecent(u"/nulle/part.qrt"_s);

@@ -45,6 +45,7 @@
 #include "shell/CadreEnFenetre.h"
 #include "shell/ImagesDeFormes.h"
 #include "shell/LangueInventee.h"
+#include "shell/PanneauDAccueil.h"
 #include "shell/frmOptions.h"
 #include "shell/frmPolice.h"
 #include "shell/frmSecours.h"
@@ -72,6 +73,8 @@ namespace {
 
 /// A screen of 1024 x 600, less what a window manager takes.
 constexpr QSize PetitEcran(1024 - 16, 600 - 40);
+/// What the menus, the large bars, the tabs and the status line of the frame leave there with the largest letters.
+constexpr int HauteurDeLaZone = 330;
 
 QString EnMots(const QSize& taille)
 {
@@ -250,6 +253,22 @@ private:
 };
 
 } // namespace
+
+TEST_F(Polices, WhatAnEmptyFrameOffers)
+{
+    const QStringList fichiers{document.dossier.Fichier("pochette.bmp"), u"/nulle/part/vinyles.qrt"_s};
+    donnees += fichiers;
+    donnees += {u"pochette.bmp"_s, u"pochette"_s, u"vinyles"_s};
+    RegarderForm([&] {
+        auto fond = std::make_unique<QWidget>();
+        fond->setObjectName(u"accueil"_s);
+        fond->resize(PetitEcran.width(), HauteurDeLaZone);
+        auto* panneau = new PanneauDAccueil(*fond);
+        panneau->MettreRecents(fichiers);
+        panneau->MettreExemples(fichiers);
+        return fond;
+    });
+}
 
 TEST_F(Polices, TheDefinitionOfACategory)
 {

@@ -1,0 +1,64 @@
+// The frame and its panel of welcome.
+#include "catalogue/documents/FichierRecent.h"
+#include "catalogue/documents/OuvrirFichiersQrt.h"
+#include "platform/Retenue.h"
+#include "shell/Form1.h"
+#include "shell/MDIForm1.h"
+#include "shell/PanneauDAccueil.h"
+#include "shell/Toolbars.h"
+#include "ui_MDIForm1.h"
+
+using namespace Qt::StringLiterals;
+
+void MDIForm1::RelierAccueil()
+{
+    m_accueil = new PanneauDAccueil(*m_ui->Fenetres);
+    m_accueil->MettreExemples(ExemplesInstalles());
+    const auto commande = [this](const QString& cle) {
+        return [this, cle] { Retenue::Apres(this, [this, cle] { Commande(*this, cle); }); };
+    };
+    // Later: what opens a window rewrites or hides what was just pressed.
+    connect(m_accueil, &PanneauDAccueil::NouvelleDemandee, this, commande(u"addcat"_s), Qt::QueuedConnection);
+    connect(m_accueil, &PanneauDAccueil::OuvrirDemande, this, commande(u"ouvrir"_s), Qt::QueuedConnection);
+    connect(
+        m_accueil, &PanneauDAccueil::RecentChoisi, this,
+        [this](const QString& chemin) { Retenue::Apres(this, [this, chemin] { OuvrirEtNoter({chemin}); }); },
+        Qt::QueuedConnection);
+    connect(
+        m_accueil, &PanneauDAccueil::ExempleChoisi, this,
+        [this](const QString& chemin) { Retenue::Apres(this, [this, chemin] { OuvrirExemple(chemin); }); },
+        Qt::QueuedConnection);
+}
+
+/// A sample opens as a category that was never saved: the installed file is nobody's to write, and is not recent.
+void MDIForm1::OuvrirExemple(const QString& chemin)
+{
+    {
+        const RecentsGardes recents;
+        if (!OuvrirFichier(*this, chemin, TypeQrt2, true))
+            return;
+    }
+    Categorie& doc = Documents().back()->myqrt;
+    doc.SetCheminReel(QString());
+    doc.FileType.clear();
+    MajRecents();
+}
+
+void MDIForm1::MontrerRecentsALAccueil()
+{
+    QStringList chemins;
+    for (const QAction* recent :
+         {m_ui->mRecent_0, m_ui->mRecent_1, m_ui->mRecent_2, m_ui->mRecent_3, m_ui->mRecent_4}) {
+        if (recent->isVisible())
+            chemins.append(recent->data().toString());
+    }
+    m_accueil->MettreRecents(chemins);
+}
+
+/// Where the panel comes, the keys go to it: there is nothing else to do.
+void MDIForm1::MontrerAccueil(bool visible)
+{
+    if (visible && m_accueil->isHidden())
+        m_accueil->PremierControle().setFocus();
+    m_accueil->setVisible(visible);
+}
