@@ -226,7 +226,7 @@ void MDIForm1::SuivreFenetreActive()
     MontrerMenus(active);
     m_ui->mFenetre->menuAction()->setVisible(active);
     MajMenuRecents(*this);
-    MontrerAccueil(Documents().empty());
+    m_accueil->setVisible(Documents().empty());
 }
 
 /// Brings the window of the tab that was chosen to the front.

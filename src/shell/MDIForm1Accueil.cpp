@@ -54,11 +54,3 @@ void MDIForm1::MontrerRecentsALAccueil()
     }
     m_accueil->MettreRecents(chemins);
 }
-
-/// Where the panel comes, the keys go to it: there is nothing else to do.
-void MDIForm1::MontrerAccueil(bool visible)
-{
-    if (visible && m_accueil->isHidden())
-        m_accueil->PremierControle().setFocus();
-    m_accueil->setVisible(visible);
-}

@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QShowEvent>
 
 #include <algorithm>
 
@@ -23,12 +24,13 @@ namespace {
 constexpr int LargeurAuPlus = 640;
 constexpr int CoteDIcone = 32;
 constexpr int Air = 12;
+constexpr int EntreLesLignes = 3;
 
 } // namespace
 
 PanneauDAccueil::PanneauDAccueil(QWidget& dessous)
-    : QFrame(&dessous), m_titreRecents(new QLabel), m_recents(new QListWidget), m_titreExemples(new QLabel),
-      m_exemples(new QHBoxLayout)
+    : QWidget(dessous.parentWidget()), m_dessous(dessous), m_titreRecents(new QLabel), m_recents(new QListWidget),
+      m_titreExemples(new QLabel), m_exemples(new QHBoxLayout)
 {
     setObjectName(u"fAccueil"_s);
     m_titreRecents->setObjectName(u"lblRecents"_s);
@@ -37,6 +39,10 @@ PanneauDAccueil::PanneauDAccueil(QWidget& dessous)
     m_titreRecents->setBuddy(m_recents);
     m_recents->setTextElideMode(Qt::ElideMiddle);
     m_recents->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    // As high as its few lines, where there is room.
+    m_recents->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
+    m_recents->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Maximum);
+    m_recents->setSpacing(EntreLesLignes);
 
     auto* boutons = new QHBoxLayout;
     boutons->setSpacing(Air);
@@ -50,10 +56,10 @@ PanneauDAccueil::PanneauDAccueil(QWidget& dessous)
     colonne->setSpacing(Air);
     colonne->addLayout(boutons);
     colonne->addWidget(m_titreRecents);
-    colonne->addWidget(m_recents, 1);
+    colonne->addWidget(m_recents);
     colonne->addWidget(m_titreExemples);
     colonne->addLayout(m_exemples);
-    colonne->addStretch(0); // takes the height while there is no list
+    colonne->addStretch(1);
     for (QLabel* titre : {m_titreRecents, m_titreExemples})
         titre->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     auto* autour = new QHBoxLayout(this);
@@ -66,7 +72,7 @@ PanneauDAccueil::PanneauDAccueil(QWidget& dessous)
     connect(m_recents, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* ligne) { Choisir(*ligne); });
     m_recents->installEventFilter(this);
     dessous.installEventFilter(this);
-    setGeometry(dessous.rect());
+    setGeometry(dessous.geometry());
     MettreTextes();
     MettreRecents({});
     MettreExemples({});
@@ -86,6 +92,7 @@ void PanneauDAccueil::MettreTextes()
     m_nouvelle->setText(LangMsg(u"msgAccueilNouvelle"_s, u"&Nouvelle catégorie"_s));
     m_ouvrir->setText(LangMsg(u"msgAccueilOuvrir"_s, u"O&uvrir"_s));
     m_titreRecents->setText(LangMsg(u"msgAccueilRecents"_s, u"Fichiers &récents"_s));
+    m_recents->setAccessibleName(m_titreRecents->text().remove(u'&')); // a list does not take it from its label
     m_titreExemples->setText(LangMsg(u"msgAccueilExemples"_s, u"Exemples"_s));
 }
 
@@ -101,8 +108,9 @@ void PanneauDAccueil::MettreRecents(const QStringList& chemins)
             m_recents);
         ligne->setToolTip(chemin);
         ligne->setData(Qt::UserRole, chemin);
-        if (!present)
-            ligne->setForeground(palette().color(QPalette::Disabled, QPalette::Text));
+        QFont police = ligne->font();
+        police.setItalic(!present);
+        ligne->setFont(police);
     }
     if (m_recents->count() > 0)
         m_recents->setCurrentRow(std::max(courant, 0));
@@ -146,10 +154,19 @@ void PanneauDAccueil::Choisir(const QListWidgetItem& ligne)
     emit RecentChoisi(chemin);
 }
 
+void PanneauDAccueil::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (event->spontaneous())
+        return;
+    m_recents->setCurrentRow(0);
+    PremierControle().setFocus();
+}
+
 bool PanneauDAccueil::eventFilter(QObject* objet, QEvent* event)
 {
-    if (objet == parent() && event->type() == QEvent::Resize)
-        setGeometry(parentWidget()->rect());
+    if (objet == &m_dessous && (event->type() == QEvent::Resize || event->type() == QEvent::Move))
+        setGeometry(m_dessous.geometry());
     if (objet == m_recents && event->type() == QEvent::KeyPress && m_recents->currentItem()) {
         const int touche = static_cast<QKeyEvent*>(event)->key();
         if (touche == Qt::Key_Return || touche == Qt::Key_Enter) {
@@ -157,7 +174,7 @@ bool PanneauDAccueil::eventFilter(QObject* objet, QEvent* event)
             return true;
         }
     }
-    return QFrame::eventFilter(objet, event);
+    return QWidget::eventFilter(objet, event);
 }
 
 QStringList ExemplesInstalles()

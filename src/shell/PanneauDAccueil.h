@@ -1,8 +1,8 @@
 // What an empty frame offers: a new category, a file to open, the recent ones and the samples.
 #pragma once
 
-#include <QFrame>
 #include <QStringList>
+#include <QWidget>
 
 class QHBoxLayout;
 class QLabel;
@@ -10,12 +10,15 @@ class QListWidget;
 class QListWidgetItem;
 class QPushButton;
 
-/// Lies over all of its parent and follows its size. Its texts are in the language in force.
-class PanneauDAccueil : public QFrame
+/// Lies over another widget, beside it in their parent, and follows it. (A QMdiArea tells assistive technologies of its
+/// documents alone: what lay in it would not be there for them.) When it comes it takes the keys: there is nothing else
+/// to do. Its texts are in the language in force.
+class PanneauDAccueil : public QWidget
 {
     Q_OBJECT
 
 public:
+    /// `dessous` has a parent, and lives as long.
     explicit PanneauDAccueil(QWidget& dessous);
 
     /// Gives the captions anew, after a change of language.
@@ -34,6 +37,7 @@ signals:
     void ExempleChoisi(const QString& chemin);
 
 protected:
+    void showEvent(QShowEvent* event) override;
     bool eventFilter(QObject* objet, QEvent* event) override;
 
 private:
@@ -41,6 +45,7 @@ private:
     void Choisir(const QListWidgetItem& ligne);
     QString CheminCourant() const;
 
+    QWidget& m_dessous;
     QPushButton* m_nouvelle;
     QPushButton* m_ouvrir;
     QLabel* m_titreRecents;

@@ -132,7 +132,7 @@ const std::map<QString, QStringList>& TextesPermis()
         {u"output/modImprimerLV.cpp"_s, {u"PDF (*.pdf)|*.pdf"_s}},
         {u"shell/frmSecours.cpp"_s, {u"dd/MM/yyyy HH:mm"_s}},
         // Qt's words, which it translates.
-        {u"shell/MDIForm1.cpp"_s, {u"Stay on &Top"_s, u"QMdiSubWindow"_s}},
+        {u"shell/MenuDeSousFenetre.cpp"_s, {u"Stay on &Top"_s, u"QMdiSubWindow"_s}},
         // Words for developers.
         {u"catalogue/archive/ccZip.cpp"_s, {u"*"_s}},
         {u"catalogue/archive/ccZipExtraction.cpp"_s, {u"*"_s}},

@@ -148,7 +148,19 @@ class ScreenReadersAndKeys(ProgramTest):
                 faults[window.name] = found + self.mnemonics(window) + (self.unreached(window, controls) if walk else [])
                 window = self.leave(window)
         controls, faults["frame"] = self.controls(program.find(role="frame"))
+        faults["empty frame"] = self.empty_frame(walk)
         self.assertEqual({window: found for window, found in faults.items() if found}, {})
+
+    def empty_frame(self, walk):
+        """The faults of the frame once its document is closed, with what it offers then."""
+        program = self.program
+        program.key("ctrl+w")
+        recents = program.find(role="list")
+        frame = program.find(role="frame")
+        found = self.controls(frame)[1] + self.mnemonics(frame)
+        panel = program.find_all(role=lambda role: role in ("push button", "list"), inside=recents.above())
+        self.assertGreater(len(panel), 3)
+        return found + (self.unreached(frame, panel) if walk else [])
 
     def test_in_french_where_tab_goes_round(self):
         self.check(None, walk=True)

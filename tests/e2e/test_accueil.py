@@ -12,12 +12,13 @@ class TheFirstMinute(ProgramTest):
     def test_a_collection_from_a_template_is_found_again_after_a_restart(self):
         program = self.start()
         self.assertEqual(self.recents(), [])
-        self.take_the_template("Livres")
+        self.take_the_template(2)
         self.assertEqual(program.table().titles(), BOOKS)
 
         program.key("ctrl+e")
         program.await_window("Ajouter une entrée")
-        program.type("Verne\tVingt mille lieues")
+        program.type_lines(["Verne"])
+        program.type("Vingt mille lieues")
         program.key("ctrl+Return")
         wait_until(lambda: program.table().row_count() == 1, "the first entry")
         path = self.folder() / "livres.qrt"
@@ -62,15 +63,16 @@ class TheFirstMinute(ProgramTest):
     # ---- steps
 
     def recents(self):
-        return [item.name for item in self.program.find_all(role="list item")]
+        return [shown.cell(row, 0).name for shown in self.program.find_all(role="list")
+                for row in range(shown.row_count())]
 
-    def take_the_template(self, name):
+    def take_the_template(self, place):
+        """Chooses a template in the dialog of a new category, by its place in the menu."""
         program = self.program
         program.await_ready()
         program.find(role="push button", name="Nouvelle catégorie").click()
         program.await_window("Creer une categorie")
-        program.key("alt+m")
-        program.find(role="menu item", name=name).click()
+        program.key("alt+m", *["Down"] * place, "Return")
         program.find(role="push button", name="Creer").click()
         program.await_window("Zelvane v2 - [Nouveau]")
 

@@ -155,6 +155,10 @@ class Widget:
     def children(self):
         return [Widget(self._program, child) for child in self._accessible if child is not None]
 
+    def above(self):
+        """What holds it."""
+        return Widget(self._program, self._accessible.parent)
+
     def find(self, **what):
         return self._program.find(inside=self, **what)
 

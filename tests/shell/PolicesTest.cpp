@@ -263,7 +263,10 @@ TEST_F(Polices, WhatAnEmptyFrameOffers)
         auto fond = std::make_unique<QWidget>();
         fond->setObjectName(u"accueil"_s);
         fond->resize(PetitEcran.width(), HauteurDeLaZone);
-        auto* panneau = new PanneauDAccueil(*fond);
+        auto* zone = new QWidget(fond.get());
+        zone->resize(fond->size());
+        zone->hide();
+        auto* panneau = new PanneauDAccueil(*zone);
         panneau->MettreRecents(fichiers);
         panneau->MettreExemples(fichiers);
         return fond;
