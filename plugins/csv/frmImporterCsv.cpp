@@ -92,7 +92,7 @@ void frmImporterCsv::Composer()
     tout->addWidget(ComposerListes(), 1);
     tout->addWidget(m_note);
     tout->addWidget(m_boutons);
-    resize(sizeHint().expandedTo({100 * fontMetrics().averageCharWidth(), 26 * fontMetrics().height()}));
+    resize(sizeHint().expandedTo({130 * fontMetrics().averageCharWidth(), 32 * fontMetrics().height()}));
 }
 
 QWidget* frmImporterCsv::ComposerChoix()
