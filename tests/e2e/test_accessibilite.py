@@ -35,6 +35,8 @@ CONTROLS = {"push button", "toggle button", "check box", "radio button", "text",
             "list", "tree", "table", "tree table", "slider", "page tab list", "link"}
 #: Roles that say nothing.
 NO_ROLES = {"unknown", "invalid", ""}
+#: Roles of windows, which only a window and the document in the frame have.
+WINDOWS_ROLES = {"frame", "dialog", "alert"}
 
 
 def captions(language):
@@ -90,12 +92,18 @@ class ScreenReadersAndKeys(ProgramTest):
             role, name = widget.role, widget.name
             if role in NO_ROLES and widget.has("focusable"):
                 faults.append(f"no role: '{name}'")
+            if role in WINDOWS_ROLES and widget._accessible != window._accessible and not self.is_document(widget):
+                faults.append(f"the role of a window: '{name}', a {role} at {widget.area()}")
             if not widget.has("focusable") or role not in CONTROLS or not widget.has("enabled"):
                 continue
             controls.append(widget)
             if not name:
                 faults.append(f"no name: a {role} at {widget.area()}")
         return controls, faults
+
+    def is_document(self, widget):
+        """A document has a window of its own in the frame, which ends with a status line."""
+        return bool(self.program.find_all(role="status bar", inside=widget))
 
     def mnemonics(self, window):
         """Two controls that show and answer to one key. Those of a group without a key of their own are told with the group's:
