@@ -100,6 +100,9 @@ class Session:
         """A home folder in which the program was never started."""
         return pathlib.Path(tempfile.mkdtemp(prefix="home-", dir=self.folder))
 
+    def settle_pointer(self):
+        """Has the pointer where the X server has it, for whoever moves it next."""
+
     def colour(self, x, y):
         """The colour of one point of the screen: "#RRGGBB"."""
         done = subprocess.run(["import", "-silent", "-window", "root", "-crop", f"1x1+{x}+{y}", "-depth", "8", "rgb:-"],
@@ -125,6 +128,11 @@ class WaylandSession(Session):
         wait_until(socket.exists, "the compositor")
         # An empty name of the X screen keeps the program from it, as a session without one does.
         self.platform = {"QT_QPA_PLATFORM": "wayland", "WAYLAND_DISPLAY": str(socket), "DISPLAY": ""}
+
+    def settle_pointer(self):
+        # The compositor moves its pointer as far as that of the X server moves, and may have begun elsewhere. In the corner
+        # both stop.
+        xdotool("mousemove", 0, 0)
 
 
 class Widget:
@@ -279,7 +287,9 @@ class Program:
         for wanted, has in [(role, lambda: widget.role), (name, lambda: widget.name)]:
             if wanted is not None and not (wanted(has()) if callable(wanted) else has() == wanted):
                 return False
-        if table and "Table" not in widget._program.session.atspi.listInterfaces(widget._accessible):
+        # A list has the interface of a table, too.
+        if table and (widget.role == "list"
+                      or "Table" not in widget._program.session.atspi.listInterfaces(widget._accessible)):
             return False
         return widget.has("showing")
 
@@ -351,6 +361,7 @@ class Program:
         have their places and the program knows of that itself: what is pressed until then is lost."""
         if not self._ready:
             wait_until(self._takes_the_first_key, "the end of the start")
+            self.session.settle_pointer()
             self._ready = True
 
     def _takes_the_first_key(self):
