@@ -77,6 +77,6 @@ class Settings(ProgramTest):
 
     def choose_english(self, program):
         """The template stands in the list, too, once a message was looked up."""
-        lines = program.find(table=True, inside=program.find(role="dialog", name="Change Langue"))
-        row = next(row for row in range(lines.row_count()) if lines.cell(row, 0).name == "english")
-        lines.cell(row, 0).click()
+        languages = program.find(role="list", inside=program.find(role="dialog", name="Change Langue"))
+        row = next(row for row in range(languages.row_count()) if languages.cell(row, 0).name == "english")
+        languages.cell(row, 0).click()
