@@ -2,17 +2,18 @@
 
 #include "images/Bibliotheque.h"
 #include "images/EnteteImage.h"
+#include "images/JugerVecteurs.h"
 #include "images/LireImage.h"
 
 #include <QBuffer>
+#include <QByteArrayList>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QImageWriter>
 #include <QPainter>
-#include <QXmlStreamReader>
 
-#include <algorithm>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -39,77 +40,51 @@ QImage SurBlanc(const QImage& image)
     return fond;
 }
 
-/// A picture among vectors that is none of theirs: it may be any file or pipe of this computer.
-bool EstRenvoi(const QXmlStreamReader& element)
-{
-    if (element.name() != u"image")
-        return false;
-    return std::ranges::any_of(element.attributes(), [](const QXmlStreamAttribute& attribut) {
-        return attribut.name() == u"href" && !attribut.value().trimmed().startsWith(u"data:");
-    });
-}
-
-/// Reads vectors without drawing them: those that lead elsewhere are refused, and those that could go on for ever.
-Aptitude JugerVecteurs(QIODevice& fichier)
-{
-    // What is drawn again where it stands may itself draw others again: so few in a row cannot become many.
-    constexpr int reprisesAuPlus = 16;
-    int reprises = 0;
-    QList<bool> nommes; // whether this element, or one that it stands in, can be drawn again
-    QXmlStreamReader lecteur(&fichier);
-    while (!lecteur.atEnd()) {
-        const QXmlStreamReader::TokenType genre = lecteur.readNext();
-        if (genre == QXmlStreamReader::EndElement)
-            nommes.removeLast();
-        if (genre != QXmlStreamReader::StartElement)
-            continue;
-        if (EstRenvoi(lecteur))
-            return Aptitude::Illisible;
-        const bool dessous = !nommes.isEmpty() && nommes.last();
-        reprises += lecteur.name() == u"use" && dessous ? 1 : 0;
-        if (reprises > reprisesAuPlus)
-            return Aptitude::TropGrande;
-        // The outermost one is not drawn again inside of itself.
-        nommes.append(dessous || (!nommes.isEmpty() && lecteur.attributes().hasAttribute(u"id"_s)));
-    }
-    return lecteur.hasError() ? Aptitude::Illisible : Aptitude::Convertie;
-}
-
-/// Vectors have no size of their own: they are drawn as large as covers are.
+/// Vectors have no size of their own: they are drawn as large as covers are. Nothing may be asked of the reader before
+/// they are judged: it loads them whole, and what they lead to.
 Aptitude PreparerVecteurs(QImageReader& lecteur)
 {
-    constexpr qint64 octetsAuPlus = qint64(4) << 20;
     constexpr QSize place(1024, 1024);
     QIODevice& fichier = *lecteur.device();
     if (lecteur.format() != "svg")
         return Aptitude::Illisible; // packed ones cannot be looked through
-    if (fichier.size() > octetsAuPlus)
+    if (fichier.size() > OctetsDeVecteursAuPlus)
         return Aptitude::TropGrande;
     fichier.seek(0);
-    const Aptitude jugee = JugerVecteurs(fichier);
+    const Aptitude jugee = JugerVecteurs(fichier.readAll());
     fichier.seek(0);
-    if (jugee != Aptitude::Convertie)
-        return jugee;
-    lecteur.setScaledSize(lecteur.size().scaled(place, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)));
-    return Aptitude::Convertie;
+    if (jugee == Aptitude::Convertie)
+        lecteur.setScaledSize(lecteur.size().scaled(place, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)));
+    return jugee;
 }
 
-/// A picture of a form that only Qt knows.
-ImageConvertie ConvertirAutre(QFile& fichier)
+/// Whether the reader goes by what is known of the file's head. It recognises some files by less: what they would cost
+/// is not known.
+bool EstConnuComme(const QImageReader& lecteur, const std::optional<EnteteImage>& entete)
+{
+    static const QByteArrayList connues{"bmp", "dib", "gif", "jpeg", "png"};
+    return entete ? lecteur.format() == entete->format : !connues.contains(lecteur.format());
+}
+
+/// A picture of a form that no category holds.
+ImageConvertie ConvertirAutre(QFile& fichier, const std::optional<EnteteImage>& entete)
 {
     fichier.seek(0);
     QImageReader lecteur(&fichier);
     lecteur.setDecideFormatFromContent(true);
     lecteur.setAutoTransform(true);
-    if (!lecteur.canRead())
+    if (!lecteur.canRead() || !EstConnuComme(lecteur, entete))
         return {};
-    const QSize taille = lecteur.size();
     if (lecteur.format().startsWith("svg")) {
         if (const Aptitude vecteurs = PreparerVecteurs(lecteur); vecteurs != Aptitude::Convertie)
             return {vecteurs, {}, {}};
-    } else if (!EstSupportable({lecteur.format(), taille, 4 * qint64(taille.width()) * taille.height()})) {
-        return {Aptitude::TropGrande, {}, {}};
+        return ConvertirImage(lecteur.read());
     }
+    const QSize taille = lecteur.size();
+    if (taille.isEmpty())
+        return {}; // cannot be told before it is decoded
+    if (!EstSupportable({lecteur.format(), taille, 4 * qint64(taille.width()) * taille.height()}))
+        return {Aptitude::TropGrande, {}, {}};
     return ConvertirImage(lecteur.read());
 }
 
@@ -123,11 +98,11 @@ ImageConvertie ConvertirImage(const QString& chemin, const QString& nom)
         return {};
     const std::optional<EnteteImage> entete = LireEntete(fichier);
     if (!entete)
-        return ConvertirAutre(fichier);
+        return ConvertirAutre(fichier, entete);
     const QString extension = ExtensionDeForme(entete->format);
     // Files are often named for another form, which no reader minds.
     if (extension.isEmpty() && !EstNomDImage(nom))
-        return EstSupportable(*entete) ? ConvertirAutre(fichier) : ImageConvertie{Aptitude::TropGrande, {}, {}};
+        return EstSupportable(*entete) ? ConvertirAutre(fichier, entete) : ImageConvertie{Aptitude::TropGrande, {}, {}};
     if (!LireImage(chemin, QSize(1, 1)).isNull())
         return {Aptitude::TelleQuelle, EstNomDImage(nom) ? QString() : extension, {}};
     return {EstSupportable(*entete) ? Aptitude::Illisible : Aptitude::TropGrande, {}, {}};

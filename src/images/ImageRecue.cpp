@@ -62,13 +62,14 @@ bool Ecrire(const QString& chemin, const QByteArray& octets)
     return fichier.open(QIODevice::WriteOnly) && fichier.write(octets) == octets.size() && fichier.flush();
 }
 
+/// False, too, where one of them is no file.
 bool MemesOctets(const QString& gauche, const QString& droite)
 {
     constexpr qint64 morceau = 1 << 20;
     QFile a(gauche);
     QFile b(droite);
-    if (QFileInfo(gauche).size() != QFileInfo(droite).size() || !a.open(QIODevice::ReadOnly) ||
-        !b.open(QIODevice::ReadOnly))
+    if (!QFileInfo(gauche).isFile() || QFileInfo(gauche).size() != QFileInfo(droite).size() ||
+        !a.open(QIODevice::ReadOnly) || !b.open(QIODevice::ReadOnly))
         return false;
     while (!a.atEnd()) {
         if (a.read(morceau) != b.read(morceau))
@@ -93,7 +94,7 @@ struct EnRoute
     bool nommee = false; ///< by whoever made its file
 };
 
-/// Where the picture waits until it is copied. Names that are no text are not for the decoders.
+/// Where the picture waits until it is copied. Names that are no text are not for the decoders: a link stands for them.
 std::optional<EnRoute> Poser(const ImageRecue& recue, const QTemporaryDir& attente)
 {
     const QString ici = attente.filePath(u"recue"_s);
@@ -103,17 +104,29 @@ std::optional<EnRoute> Poser(const ImageRecue& recue, const QTemporaryDir& atten
     const QString nom = NomTenable(NomLisible(fichier));
     if (!AOctetsBruts(fichier))
         return EnRoute{fichier, nom, true};
-    return CopierParChemin(fichier, ici) ? std::optional(EnRoute{ici, nom, true}) : std::nullopt;
+    return LierParChemin(fichier, ici) ? std::optional(EnRoute{ici, nom, true}) : std::nullopt;
+}
+
+/// What a picture to which nobody gave a name is called: as the one with the same bytes that is there already, or the
+/// first name that is free.
+QString NomDeSansNom(const QString& dossier, const EnRoute& enRoute)
+{
+    QString nom = enRoute.nom;
+    for (int numero = 0; QFileInfo::exists(dossier + nom); ++numero) {
+        if (MemesOctets(dossier + nom, enRoute.chemin))
+            return nom;
+        nom = QString::number(numero) + enRoute.nom;
+        LaisserPasserEvenements();
+    }
+    return nom;
 }
 
 QString Ranger(EnRoute enRoute, const QString& dossier, QWidget* parent)
 {
-    const bool connue = QFileInfo(dossier + enRoute.nom).isFile();
-    if (connue && MemesOctets(dossier + enRoute.nom, enRoute.chemin))
+    if (!enRoute.nommee)
+        enRoute.nom = NomDeSansNom(dossier, enRoute);
+    if (MemesOctets(dossier + enRoute.nom, enRoute.chemin))
         return enRoute.nom;
-    // A name that nobody gave is no reason for a question.
-    if (connue && !enRoute.nommee)
-        enRoute.nom = NomLibre(dossier, enRoute.nom, LaisserPasserEvenements);
     const std::optional<QString> ajoutee = AjouterImage(dossier, enRoute.chemin, enRoute.nom, parent);
     return ajoutee ? *ajoutee : DireNonCopiee();
 }

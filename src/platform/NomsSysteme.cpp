@@ -209,3 +209,8 @@ bool CopierParChemin(const QString& de, const QString& vers)
     }
     return true;
 }
+
+bool LierParChemin(const QString& de, const QString& vers)
+{
+    return symlink(OctetsDuChemin(de).constData(), OctetsDuChemin(vers).constData()) == 0;
+}

@@ -49,3 +49,5 @@ bool SupprimerParChemin(const QString& chemin);
 bool RenommerParChemin(const QString& de, const QString& vers);
 /// Copies the bytes and the rights of a file to a place where there is none; nothing is left there when that fails.
 bool CopierParChemin(const QString& de, const QString& vers);
+/// Makes a symbolic link: `vers` stands for `de` then, whose name need not be text.
+bool LierParChemin(const QString& de, const QString& vers);

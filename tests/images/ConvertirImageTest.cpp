@@ -5,6 +5,7 @@
 #include <QBuffer>
 #include <QFile>
 #include <QPainter>
+#include <QtEndian>
 
 #include <gtest/gtest.h>
 
@@ -58,6 +59,16 @@ protected:
         return R"(<svg xmlns="http://www.w3.org/2000/svg" xmlns:xlink="http://www.w3.org/1999/xlink" )"
                R"(viewBox="0 0 20 10">)" +
                contenu + "</svg>";
+    }
+    /// Of a square with that side, with nothing behind it.
+    static QByteArray TetePng(quint32 cote)
+    {
+        QByteArray octets("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16);
+        for (int i = 0; i < 2; ++i) {
+            const quint32 enGros = qToBigEndian(cote);
+            octets.append(reinterpret_cast<const char*>(&enGros), sizeof enGros);
+        }
+        return octets + QByteArray("\x08\x02\0\0\0", 5);
     }
     Aptitude AptitudeDe(const QString& nom, const QByteArray& octets) const { return Convertir(nom, octets).aptitude; }
 
@@ -120,38 +131,135 @@ TEST_F(ConvertirImageTest, VectorsAreDrawnAsLargeAsCoversAre)
     ATeinte(lue, {800, 256}, Qt::white);
 }
 
-TEST_F(ConvertirImageTest, VectorsThatLeadToAnotherFileAreRefused)
+TEST_F(ConvertirImageTest, VectorsMayHoldPicturesOfTheKnownForms)
 {
-    const QByteArray dedans = Octets(Dessin(), "PNG").toBase64();
-    EXPECT_EQ(AptitudeDe("a.svg",
-                         Svg(R"(<image width="9" height="9" xlink:href="data:image/png;base64,)" + dedans + R"("/>)")),
-              Aptitude::Convertie);
-    const QByteArray dehors = Ecrire("secret.png", Octets(Dessin(), "PNG")).toUtf8();
-    for (const char* attribut : {"xlink:href", "href"})
-        EXPECT_EQ(AptitudeDe("b.svg",
-                             Svg(QByteArray(R"(<image width="9" height="9" )") + attribut + "=\"" + dehors + R"("/>)")),
-                  Aptitude::Illisible)
-            << attribut;
+    for (const char* forme : {"PNG", "JPEG", "BMP"}) {
+        const QByteArray dedans = Octets(Dessin(), forme).toBase64();
+        const QImage lue = Jpeg(Convertir(
+            "a.svg", Svg(R"(<image width="20" height="10" xlink:href="data:image/png;base64,)" + dedans + R"("/>)")));
+        ATeinte(lue, {512, 256}, Dessin().pixelColor(0, 0));
+    }
 }
 
-TEST_F(ConvertirImageTest, VectorsThatAreBrokenOrTooManyAreRefused)
+TEST_F(ConvertirImageTest, VectorsThatLeadToAnotherFileAreRefusedUnopened)
+{
+    // Who opens it waits for ever.
+    const QString tube = dossier.Fichier("tube.png");
+    ASSERT_EQ(mkfifo(tube.toUtf8().constData(), 0600), 0);
+    const QByteArray dehors = tube.toUtf8();
+    for (const char* attribut : {"xlink:href", "href"}) {
+        for (const QByteArray& adresse : {dehors, QByteArray("tube.png"), "file://" + dehors, " data:" + dehors}) {
+            const QByteArray image =
+                QByteArray(R"(<image width="9" height="9" )") + attribut + "=\"" + adresse + R"("/>)";
+            EXPECT_EQ(AptitudeDe("b.svg", Svg(image)), Aptitude::Illisible) << image.toStdString();
+        }
+    }
+    EXPECT_EQ(AptitudeDe("c.svg", "<?xml version=\"1.0\"?><?xml-stylesheet type=\"text/css\" href=\"" + dehors +
+                                      "\"?>" + Svg("<rect/>")),
+              Aptitude::Illisible);
+    EXPECT_EQ(AptitudeDe("d.svg", "<?xml version=\"1.0\"?><?autre?>" + Svg("<rect width=\"9\" height=\"9\"/>")),
+              Aptitude::Convertie)
+        << "what other programs note for themselves";
+}
+
+TEST_F(ConvertirImageTest, VectorsInVectorsAreRefused)
+{
+    const QByteArray dedans = Svg(R"(<rect width="9" height="9"/>)").toBase64();
+    for (const char* genre : {"image/svg+xml", "image/png", "text/plain"}) {
+        const QByteArray image =
+            QByteArray(R"(<image width="9" height="9" xlink:href="data:)") + genre + ";base64," + dedans + R"("/>)";
+        EXPECT_EQ(AptitudeDe("a.svg", Svg(image)), Aptitude::Illisible) << genre;
+    }
+    EXPECT_EQ(AptitudeDe("b.svg", Svg(R"(<image xlink:href="data:image/png,abc"/>)")), Aptitude::Illisible);
+}
+
+TEST_F(ConvertirImageTest, PicturesInVectorsThatWouldSwellTheProgramAreRefused)
+{
+    const QByteArray image = "<image width=\"9\" height=\"9\" xlink:href=\"data:image/png;base64,";
+    EXPECT_EQ(AptitudeDe("a.svg", Svg(image + TetePng(100000).toBase64() + "\"/>")), Aptitude::TropGrande);
+    const QByteArray une = image + TetePng(8000).toBase64() + "\"/>";
+    EXPECT_EQ(AptitudeDe("b.svg", Svg(une)), Aptitude::Convertie) << "it is only broken";
+    EXPECT_EQ(AptitudeDe("c.svg", Svg(une.repeated(20))), Aptitude::TropGrande) << "all of them together";
+}
+
+TEST_F(ConvertirImageTest, VectorsThatAreBrokenTooLargeOrPackedAreRefusedUnread)
 {
     EXPECT_EQ(AptitudeDe("a.svg", "<svg xmlns=\"http://www.w3.org/2000/svg\"><rect"), Aptitude::Illisible);
     EXPECT_EQ(AptitudeDe("b.svg", Svg(QByteArray((4 << 20) + 1, ' '))), Aptitude::TropGrande);
+    EXPECT_EQ(AptitudeDe("c.svgz", QByteArray("\x1f\x8b\x08\0\0\0\0\0\0\3", 10) + QByteArray(100, 'x')),
+              Aptitude::Illisible);
+    // As large as a file can be said to be, of which nothing is on the disk.
+    const QString creuse = Ecrire("creux.svg", "<?xml version=\"1.0\"?>");
+    ASSERT_TRUE(QFile::resize(creuse, qint64(1) << 36));
+    EXPECT_EQ(ConvertirImage(creuse, "creux.svg").aptitude, Aptitude::TropGrande);
 }
 
 TEST_F(ConvertirImageTest, VectorsThatAreDrawnAgainAndAgainAreRefused)
 {
-    QByteArray niveaux = R"(<defs><g id="n0"><rect width="1" height="1"/></g>)";
-    for (int i = 1; i <= 9; ++i) {
-        const QByteArray avant = R"(<use xlink:href="#n)" + QByteArray::number(i - 1) + R"("/>)";
-        niveaux += R"(<g id="n)" + QByteArray::number(i) + R"(">)" + avant.repeated(10) + "</g>";
+    for (const QByteArray& identite : {QByteArray("id"), QByteArray("xml:id")}) {
+        QByteArray niveaux = "<defs><g " + identite + R"(="n0"><rect width="1" height="1"/></g>)";
+        for (int i = 1; i <= 9; ++i) {
+            const QByteArray avant = R"(<use xlink:href="#n)" + QByteArray::number(i - 1) + R"("/>)";
+            niveaux += "<g " + identite + "=\"n" + QByteArray::number(i) + R"(">)" + avant.repeated(10) + "</g>";
+        }
+        EXPECT_EQ(AptitudeDe("a.svg", Svg(niveaux + R"(</defs><use xlink:href="#n9"/>)")), Aptitude::TropGrande)
+            << identite.toStdString();
     }
-    EXPECT_EQ(AptitudeDe("a.svg", Svg(niveaux + R"(</defs><use xlink:href="#n9"/>)")), Aptitude::TropGrande);
     const QByteArray point = R"(<defs><g id="n0"><rect width="1" height="1"/></g></defs>)";
-    EXPECT_EQ(AptitudeDe("b.svg", Svg(point + QByteArray(R"(<use xlink:href="#n0"/>)").repeated(100))),
-              Aptitude::Convertie)
-        << "each drawn once";
+    const QByteArray reprise = R"(<use xlink:href="#n0"/>)";
+    EXPECT_EQ(AptitudeDe("b.svg", Svg(point + reprise.repeated(100))), Aptitude::Convertie);
+    EXPECT_EQ(AptitudeDe("c.svg", Svg(point + reprise.repeated(8'000))), Aptitude::TropGrande);
+    const QByteArray foule = R"(<g id="n0">)" + QByteArray(R"(<rect width="1" height="1"/>)").repeated(8'000) + "</g>";
+    EXPECT_EQ(AptitudeDe("d.svg", Svg(foule + reprise)), Aptitude::Convertie);
+    EXPECT_EQ(AptitudeDe("e.svg", Svg(foule + reprise.repeated(2))), Aptitude::TropGrande);
+    EXPECT_EQ(AptitudeDe("f.svg", Svg(foule.repeated(2) + reprise)), Aptitude::TropGrande) << "both have that name";
+    EXPECT_EQ(AptitudeDe("g.svg", Svg(R"(<use xlink:href="#inconnu"/>)")), Aptitude::Convertie);
+}
+
+TEST_F(ConvertirImageTest, VectorsThatDrawThemselvesAreRefused)
+{
+    EXPECT_EQ(AptitudeDe("a.svg", Svg(R"(<g id="a"><use xlink:href="#a"/></g>)")), Aptitude::TropGrande);
+    EXPECT_EQ(AptitudeDe("b.svg", Svg(R"(<g id="a"><use xlink:href="#b"/></g><g id="b"><use xlink:href="#a"/></g>)")),
+              Aptitude::TropGrande);
+}
+
+TEST_F(ConvertirImageTest, VectorsThatGoTooDeepAreRefused)
+{
+    const auto niveaux = [](int nombre) {
+        return Svg(QByteArray("<g>").repeated(nombre) + "<rect/>" + QByteArray("</g>").repeated(nombre));
+    };
+    EXPECT_EQ(AptitudeDe("a.svg", niveaux(254)), Aptitude::Convertie);
+    EXPECT_EQ(AptitudeDe("b.svg", niveaux(255)), Aptitude::TropGrande);
+    const auto chaine = [](int longueur) {
+        QByteArray groupes = R"(<g id="n0"><rect width="1" height="1"/></g>)";
+        for (int i = 1; i <= longueur; ++i)
+            groupes.prepend("<g id=\"n" + QByteArray::number(i) + R"("><use xlink:href="#n)" +
+                            QByteArray::number(i - 1) + R"("/></g>)");
+        return Svg(groupes);
+    };
+    EXPECT_EQ(AptitudeDe("c.svg", chaine(32)), Aptitude::Convertie);
+    EXPECT_EQ(AptitudeDe("d.svg", chaine(40'000)), Aptitude::TropGrande);
+}
+
+TEST_F(ConvertirImageTest, NamesForLongTextsInVectorsAreRefused)
+{
+    const auto avecEntites = [](const QByteArray& declarations, const QByteArray& texte) {
+        return "<?xml version=\"1.0\"?><!DOCTYPE svg [" + declarations + "]>" +
+               Svg("<desc>" + texte + "</desc><rect/>");
+    };
+    EXPECT_EQ(AptitudeDe("a.svg", avecEntites("<!ENTITY a 'http://ns.example.org/a/'>", "&a;&a;")),
+              Aptitude::Convertie);
+    EXPECT_EQ(AptitudeDe("b.svg",
+                         avecEntites("<!ENTITY a '" + QByteArray(4000, 'x') + "'>", QByteArray("&a;").repeated(2000))),
+              Aptitude::TropGrande);
+    EXPECT_EQ(AptitudeDe("c.svg", avecEntites("<!ENTITY a 'x'><!ENTITY b '&a;&a;'>", "&b;")), Aptitude::TropGrande);
+}
+
+TEST_F(ConvertirImageTest, AFileWhoseHeadIsNotReadIsNotDecoded)
+{
+    // Its decoder would pass over the byte.
+    EXPECT_EQ(AptitudeDe("a.jpg", Octets(Dessin(), "JPEG").insert(2, '\0')), Aptitude::Illisible);
+    EXPECT_EQ(AptitudeDe("a.jpe", Octets(Dessin(), "JPEG").insert(2, '\0')), Aptitude::Illisible);
 }
 
 TEST_F(ConvertirImageTest, WhatIsNoPictureIsRefused)
@@ -175,10 +283,7 @@ TEST_F(ConvertirImageTest, APipeKeepsNobodyWaiting)
 
 TEST_F(ConvertirImageTest, WhatWouldSwellTheProgramIsNotDecoded)
 {
-    // Heads of 100 000 by 100 000 points, with nothing behind them.
-    const QByteArray cote("\x00\x01\x86\xA0", 4);
-    const QByteArray png =
-        QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16) + cote + cote + QByteArray("\x08\x02\0\0\0", 5);
+    const QByteArray png = TetePng(100000);
     EXPECT_EQ(AptitudeDe("a.png", png), Aptitude::TropGrande);
     EXPECT_EQ(AptitudeDe("a.jpg", png), Aptitude::TropGrande);
     EXPECT_EQ(AptitudeDe("a.ppm", "P6\n30000 30000\n255\n"), Aptitude::TropGrande);

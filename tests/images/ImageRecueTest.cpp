@@ -15,6 +15,10 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
+
+#include <csignal>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -108,6 +112,26 @@ TEST_F(ImageRecueTest, ANameThatIsNoTextIsReadAsFarAsItCanBe)
     donnees.setUrls({QUrl(u"file://"_s + QString::fromLatin1(chemin.toPercentEncoding("/")))});
     EXPECT_EQ(Prendre(donnees), u"été.bmp"_s);
     EXPECT_EQ(Teinte(u"été.bmp"_s), QColor(Qt::red));
+}
+
+TEST_F(ImageRecueTest, AFileWhoseNameIsNoTextIsNotCopiedToBeLookedAt)
+{
+    const QByteArray chemin = QFile::encodeName(m_dossier.Chemin()) + "/\xE9t\xE9.ppm";
+    const QByteArray points = QByteArray("P6\n300 300\n255\n") + QByteArray(3 * 300 * 300, '\x40');
+    const QString ici = Ecrire("ici.ppm", points);
+    ASSERT_EQ(rename(QFile::encodeName(ici).constData(), chemin.constData()), 0);
+    QMimeData donnees;
+    donnees.setUrls({QUrl(u"file://"_s + QString::fromLatin1(chemin.toPercentEncoding("/")))});
+    // Room for what becomes of it, and for nothing as large as it is.
+    const auto avant = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit place{};
+    getrlimit(RLIMIT_FSIZE, &place);
+    const rlimit etroite{static_cast<rlim_t>(points.size() / 2), place.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &etroite);
+    const QString nom = Prendre(donnees);
+    setrlimit(RLIMIT_FSIZE, &place);
+    std::signal(SIGXFSZ, avant);
+    EXPECT_EQ(nom, u"été.jpg"_s);
 }
 
 TEST_F(ImageRecueTest, AnImageThatTheCategoryHasAlreadyIsTakenAsItIs)
@@ -221,6 +245,8 @@ TEST_F(ImageRecueTest, APictureThatIsNoFileIsKeptUnderANameOfItsOwn)
     bleue.fill(Qt::blue);
     donnees.setImageData(bleue);
     EXPECT_EQ(Prendre(donnees), "0image.jpg") << "without a question: nobody gave that name";
+    EXPECT_EQ(Prendre(donnees), "0image.jpg") << "the second one once more";
+    EXPECT_EQ(Images(), QStringList({"0image.jpg", "image.jpg"}));
 }
 
 TEST_F(ImageRecueTest, BytesOfALibrarysFormStayAsTheyAre)

@@ -169,6 +169,15 @@ TEST_F(NomsSysteme, FilesAreCopiedRenamedAndDeleted)
     EXPECT_FALSE(SupprimerParChemin(Dans(copie)));
 }
 
+TEST_F(NomsSysteme, ALinkStandsForAFile)
+{
+    const QString chemin = Faire(s_ete, "contenu");
+    EXPECT_TRUE(LierParChemin(chemin, Dans("lien")));
+    EXPECT_TRUE(EstLien(Dans("lien")));
+    EXPECT_EQ(Contenu(Dans("lien")), "contenu");
+    EXPECT_FALSE(LierParChemin(chemin, Dans("lien"))) << "there is one";
+}
+
 TEST_F(NomsSysteme, ANameThatSomebodyDecodedIsFoundAgain)
 {
     ASSERT_EQ(mkdir(Octets("mus\xEF"
