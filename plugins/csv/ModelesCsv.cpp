@@ -23,6 +23,12 @@ QString Montree(const QString& valeur)
     return valeur.size() > CaracteresMontres ? montree + u'…' : montree;
 }
 
+/// A tip shows it in lines, and takes none of its signs for HTML.
+QString EnBulle(const QString& texte)
+{
+    return u"<qt>%1</qt>"_s.arg(texte.toHtmlEscaped());
+}
+
 } // namespace
 
 QString TexteDUsage(UsageCsv usage)
@@ -188,7 +194,7 @@ QVariant ModeleApercuCsv::data(const QModelIndex& index, int role) const
         return QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
     if (role == Qt::ToolTipRole) {
         const QString raison = RaisonDe(Signalee(ligne));
-        return raison.isEmpty() ? QVariant() : QVariant(raison);
+        return raison.isEmpty() ? QVariant() : QVariant(EnBulle(raison));
     }
     return {};
 }
@@ -234,7 +240,8 @@ QVariant ModeleSignaleesCsv::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
         return {};
-    return Cellule(index.row(), index.column()).left(CaracteresMontres);
+    const QString texte = Cellule(index.row(), index.column()).left(CaracteresMontres);
+    return role == Qt::ToolTipRole ? EnBulle(texte) : texte;
 }
 
 QVariant ModeleSignaleesCsv::headerData(int section, Qt::Orientation sens, int role) const

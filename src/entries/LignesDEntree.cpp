@@ -1,7 +1,8 @@
 #include "entries/LignesDEntree.h"
 
+#include "kit/TexteDInfobulle.h"
+
 #include <QStyledItemDelegate>
-#include <QTextDocument>
 
 namespace {
 
@@ -34,7 +35,7 @@ void LignesDEntree::Ajouter(const QString& titre, const QString& valeur, const Q
 {
     auto* ligne = new QTreeWidgetItem({titre, valeur});
     ligne->setData(ColonneTitre, RoleTextes, textes);
-    ligne->setToolTip(ColonneTitre, Qt::convertFromPlainText(titre));
+    ligne->setToolTip(ColonneTitre, TexteDInfobulle(titre));
     ligne->setSizeHint(ColonneTitre, {0, fontMetrics().height() + AutourDuTexte});
     addTopLevelItem(ligne);
 }

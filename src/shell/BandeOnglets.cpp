@@ -1,6 +1,7 @@
 #include "shell/BandeOnglets.h"
 
 #include "kit/Icones.h"
+#include "kit/TexteDInfobulle.h"
 #include "shell/OngletsAccessibles.h"
 #include "vue/VueTable.h"
 
@@ -67,7 +68,7 @@ void BandeOnglets::MettreEtat(const QString& cle, const QString& chemin, bool mo
     const int index = IndexDe(cle);
     if (index < 0)
         return;
-    setTabToolTip(index, chemin.isEmpty() ? Titre(index + 1) : chemin);
+    setTabToolTip(index, TexteDInfobulle(chemin.isEmpty() ? Titre(index + 1) : chemin));
     if (!tabIcon(index).isNull() && m_marques.contains(cle) == modifie)
         return;
     if (modifie)

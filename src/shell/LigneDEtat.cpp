@@ -3,7 +3,7 @@
 #include "catalogue/texte/Categorie.h"
 #include "extensions/langue/modLang.h"
 #include "kit/Icones.h"
-#include "platform/NomsSysteme.h"
+#include "kit/TexteDInfobulle.h"
 #include "platform/Plateforme.h"
 
 #include <QLabel>
@@ -108,8 +108,9 @@ void LigneDEtat::MontrerTri()
     m_tri->setText(titre + (decroissant ? u" Z\u2192A"_s : u" A\u2192Z"_s));
     const Message ordre = decroissant ? LangMsg(u"msgEtatDecroissant"_s, u"Trié par « %1 », en ordre décroissant"_s)
                                       : LangMsg(u"msgEtatCroissant"_s, u"Trié par « %1 », en ordre croissant"_s);
-    m_tri->setToolTip(ordre.Remplacer(u"%1"_s, titre));
-    m_tri->setAccessibleName(m_tri->toolTip());
+    const QString dit = ordre.Remplacer(u"%1"_s, titre);
+    m_tri->setToolTip(TexteDInfobulle(dit));
+    m_tri->setAccessibleName(dit);
 }
 
 void LigneDEtat::MontrerModification()
@@ -128,6 +129,6 @@ void LigneDEtat::MontrerEnregistrement()
                         .Remplacer(u"%1"_s, plateforme().horloge->Maintenant().toString(u"HH:mm:ss"_s))
                         .Remplacer(u"%3"_s, QString::number(m_doc.ItemsCount()))
                         .Remplacer(u"%2"_s, m_doc.filename()));
-    m_fait->setToolTip(m_doc.CheminReel());
+    m_fait->setToolTip(TexteDInfobulle(m_doc.CheminReel()));
     MontrerModification();
 }

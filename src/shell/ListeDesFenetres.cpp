@@ -1,6 +1,7 @@
 #include "shell/ListeDesFenetres.h"
 
 #include "kit/Icones.h"
+#include "kit/TexteDInfobulle.h"
 #include "shell/MDIForm1.h"
 #include "shell/Relier.h"
 
@@ -35,7 +36,8 @@ void ListeDesFenetres::Ajouter(int numero, Form1& fenetre)
     auto* item = new QAction(numero <= chiffres ? u"&%1 %2"_s.arg(QString::number(numero), nom) : nom, &m_menu);
     item->setCheckable(true);
     item->setChecked(&fenetre == m_cadre.FenetreActive());
-    item->setToolTip(fenetre.myqrt.CheminConnu().isEmpty() ? fenetre.Caption() : fenetre.myqrt.CheminConnu());
+    const QString chemin = fenetre.myqrt.CheminConnu();
+    item->setToolTip(TexteDInfobulle(chemin.isEmpty() ? fenetre.Caption() : chemin));
     if (fenetre.myqrt.AChange())
         item->setIcon(Icone(u"modifie"_s));
     RelierEtat(

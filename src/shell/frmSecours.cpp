@@ -4,6 +4,7 @@
 #include "extensions/langue/LangForm.h"
 #include "extensions/langue/modLang.h"
 #include "kit/Icones.h"
+#include "kit/TexteDInfobulle.h"
 #include "ui_frmSecours.h"
 
 #include <QDir>
@@ -50,8 +51,8 @@ QTreeWidgetItem* Ligne(const DossierLaisse& laisse)
         {laisse.nom, chemin.isEmpty() ? jamais : chemin, laisse.date.toString(u"dd/MM/yyyy HH:mm"_s),
          laisse.entrees ? QLocale().toString(*laisse.entrees) : QString(), Modifications(laisse)});
     ligne->setTextAlignment(ColEntrees, Qt::AlignRight | Qt::AlignVCenter);
-    ligne->setToolTip(ColNom, laisse.nom);
-    ligne->setToolTip(ColChemin, chemin.isEmpty() ? laisse.dossier : chemin);
+    ligne->setToolTip(ColNom, TexteDInfobulle(laisse.nom));
+    ligne->setToolTip(ColChemin, TexteDInfobulle(chemin.isEmpty() ? laisse.dossier : chemin));
     return ligne;
 }
 

@@ -61,6 +61,16 @@ TEST_F(LigneDEtatTest, TellsTheColumnAndTheDirectionOfTheSort)
     EXPECT_TRUE(Etat(fenetre, "Tri").isHidden());
 }
 
+TEST_F(LigneDEtatTest, ATitleThatLooksLikeHtmlIsShownAsItIs)
+{
+    Form1& fenetre = Ouvrir();
+    fenetre.myqrt.Table.ColumnHeaders(2).SetText(u"<b>Artiste</b>"_s);
+    CliquerTitre(fenetre, 2);
+    EXPECT_EQ(Etat(fenetre, "Tri").text(), u"<b>Artiste</b> A\u2192Z"_s);
+    EXPECT_EQ(Etat(fenetre, "Tri").accessibleName(), u"Trié par « <b>Artiste</b> », en ordre croissant"_s);
+    EXPECT_TRUE(Etat(fenetre, "Tri").toolTip().contains(u"&lt;b&gt;Artiste"_s));
+}
+
 TEST_F(LigneDEtatTest, UnsavedChangesAreMarkedOnTheLineAndOnTheTab)
 {
     Form1& fenetre = Ouvrir();

@@ -255,8 +255,8 @@ TEST_F(FrmImporterCsvTest, RowsWithDefectsAreMarked)
     Ouvrir("a,b\n1,2\n3\n4,5,6\n7,8\n");
     EXPECT_EQ(Apercu().headerData(0, Qt::Vertical).toString(), "2");
     EXPECT_EQ(Apercu().headerData(1, Qt::Vertical).toString(), "! 3");
-    EXPECT_EQ(Apercu().index(1, 0).data(Qt::ToolTipRole).toString(), "trop peu de valeurs");
-    EXPECT_EQ(Apercu().index(2, 0).data(Qt::ToolTipRole).toString(), "trop de valeurs");
+    EXPECT_EQ(Apercu().index(1, 0).data(Qt::ToolTipRole).toString(), "<qt>trop peu de valeurs</qt>");
+    EXPECT_EQ(Apercu().index(2, 0).data(Qt::ToolTipRole).toString(), "<qt>trop de valeurs</qt>");
     EXPECT_FALSE(Apercu().index(0, 0).data(Qt::ToolTipRole).isValid());
 }
 
@@ -380,6 +380,7 @@ TEST_F(FrmBilanCsvTest, ListsRowsWithTheirReason)
     const auto cellule = [&](int ligne, int colonne) { return modele->index(ligne, colonne).data().toString(); };
     EXPECT_EQ(cellule(0, 0), "2");
     EXPECT_EQ(cellule(0, 1), "trop peu de valeurs");
+    EXPECT_EQ(modele->index(1, 1).data(Qt::ToolTipRole).toString(), "<qt>image introuvable : x.png</qt>");
     EXPECT_EQ(cellule(0, 2), "Aja | ici");
     EXPECT_EQ(cellule(1, 1), "image introuvable : x.png");
     EXPECT_EQ(modele->headerData(1, Qt::Horizontal).toString(), "Raison");
