@@ -95,7 +95,6 @@ private:
     void RelierMenus();
     void RelierAccueil();
     void MontrerRecentsALAccueil();
-    void OuvrirExemple(const QString& chemin);
     void MontrerMenus(const Form1* active);
     void MontrerGrandesIcones(bool grandes);
     void SuivreFenetreActive();

@@ -24,24 +24,11 @@ void MDIForm1::RelierAccueil()
         m_accueil, &PanneauDAccueil::RecentChoisi, this,
         [this](const QString& chemin) { Retenue::Apres(this, [this, chemin] { OuvrirEtNoter({chemin}); }); },
         Qt::QueuedConnection);
+    // As a category that was never saved: the installed file is nobody's to write.
     connect(
         m_accueil, &PanneauDAccueil::ExempleChoisi, this,
-        [this](const QString& chemin) { Retenue::Apres(this, [this, chemin] { OuvrirExemple(chemin); }); },
+        [this](const QString& chemin) { Retenue::Apres(this, [this, chemin] { OuvrirCommeNeuf(*this, chemin); }); },
         Qt::QueuedConnection);
-}
-
-/// A sample opens as a category that was never saved: the installed file is nobody's to write, and is not recent.
-void MDIForm1::OuvrirExemple(const QString& chemin)
-{
-    {
-        const RecentsGardes recents;
-        if (!OuvrirFichier(*this, chemin, TypeQrt2, true))
-            return;
-    }
-    Categorie& doc = Documents().back()->myqrt;
-    doc.SetCheminReel(QString());
-    doc.FileType.clear();
-    MajRecents();
 }
 
 void MDIForm1::MontrerRecentsALAccueil()

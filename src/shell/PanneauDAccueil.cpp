@@ -2,7 +2,9 @@
 
 #include "extensions/langue/modLang.h"
 #include "kit/Icones.h"
+#include "kit/TexteDInfobulle.h"
 #include "platform/NomsSysteme.h"
+#include "shell/PresenceDesFichiers.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -30,7 +32,7 @@ constexpr int EntreLesLignes = 3;
 
 PanneauDAccueil::PanneauDAccueil(QWidget& dessous)
     : QWidget(dessous.parentWidget()), m_dessous(dessous), m_titreRecents(new QLabel), m_recents(new QListWidget),
-      m_titreExemples(new QLabel), m_exemples(new QHBoxLayout)
+      m_titreExemples(new QLabel), m_exemples(new QHBoxLayout), m_presence(new PresenceDesFichiers(this))
 {
     setObjectName(u"fAccueil"_s);
     m_titreRecents->setObjectName(u"lblRecents"_s);
@@ -67,6 +69,7 @@ PanneauDAccueil::PanneauDAccueil(QWidget& dessous)
     autour->addWidget(milieu, 100);
     autour->addStretch(1);
 
+    connect(m_presence, &PresenceDesFichiers::Absents, this, &PanneauDAccueil::MarquerAbsents);
     connect(m_nouvelle, &QPushButton::clicked, this, &PanneauDAccueil::NouvelleDemandee);
     connect(m_ouvrir, &QPushButton::clicked, this, &PanneauDAccueil::OuvrirDemande);
     connect(m_recents, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* ligne) { Choisir(*ligne); });
@@ -74,7 +77,8 @@ PanneauDAccueil::PanneauDAccueil(QWidget& dessous)
     dessous.installEventFilter(this);
     setGeometry(dessous.geometry());
     MettreTextes();
-    MettreRecents({});
+    m_titreRecents->hide();
+    m_recents->hide();
     MettreExemples({});
 }
 
@@ -99,23 +103,36 @@ void PanneauDAccueil::MettreTextes()
 void PanneauDAccueil::MettreRecents(const QStringList& chemins)
 {
     const int courant = static_cast<int>(chemins.indexOf(CheminCourant()));
-    m_recents->clear();
-    for (const QString& chemin : chemins) {
-        const bool present = EstFichier(chemin);
+    if (chemins != m_chemins) {
+        m_chemins = chemins;
+        m_recents->clear();
+        for (const QString& chemin : chemins) {
+            auto* ligne = new QListWidgetItem(QFileInfo(chemin).fileName(), m_recents);
+            ligne->setToolTip(TexteDInfobulle(chemin));
+            ligne->setData(Qt::UserRole, chemin);
+        }
+        if (m_recents->count() > 0)
+            m_recents->setCurrentRow(std::max(courant, 0));
+        m_titreRecents->setVisible(!chemins.isEmpty());
+        m_recents->setVisible(!chemins.isEmpty());
+    }
+    if (isVisible())
+        m_presence->Regarder(m_chemins);
+}
+
+void PanneauDAccueil::MarquerAbsents(const QStringList& absents)
+{
+    for (int i = 0; i < m_recents->count(); ++i) {
+        QListWidgetItem* ligne = m_recents->item(i);
+        const QString chemin = ligne->data(Qt::UserRole).toString();
         const QString nom = QFileInfo(chemin).fileName();
-        auto* ligne = new QListWidgetItem(
-            present ? nom : LangMsg(u"msgRecentAbsent"_s, u"%1 (introuvable)"_s).Remplacer(u"%1"_s, nom).texte,
-            m_recents);
-        ligne->setToolTip(chemin);
-        ligne->setData(Qt::UserRole, chemin);
-        QFont police = ligne->font();
-        police.setItalic(!present);
+        const bool absent = absents.contains(chemin);
+        ligne->setText(absent ? LangMsg(u"msgRecentAbsent"_s, u"%1 (introuvable)"_s).Remplacer(u"%1"_s, nom).texte
+                              : nom);
+        QFont police = m_recents->font();
+        police.setItalic(absent);
         ligne->setFont(police);
     }
-    if (m_recents->count() > 0)
-        m_recents->setCurrentRow(std::max(courant, 0));
-    m_titreRecents->setVisible(!chemins.isEmpty());
-    m_recents->setVisible(!chemins.isEmpty());
 }
 
 QString PanneauDAccueil::CheminCourant() const
@@ -139,7 +156,7 @@ void PanneauDAccueil::MettreExemples(const QStringList& chemins)
     }
     for (const QString& chemin : chemins) {
         auto* bouton = new QPushButton(QFileInfo(chemin).completeBaseName());
-        bouton->setToolTip(chemin);
+        bouton->setToolTip(TexteDInfobulle(chemin));
         bouton->setAutoDefault(true);
         connect(bouton, &QPushButton::clicked, this, [this, chemin] { emit ExempleChoisi(chemin); });
         m_exemples->addWidget(bouton);
@@ -159,6 +176,7 @@ void PanneauDAccueil::showEvent(QShowEvent* event)
     QWidget::showEvent(event);
     if (event->spontaneous())
         return;
+    m_presence->Regarder(m_chemins);
     m_recents->setCurrentRow(0);
     PremierControle().setFocus();
 }

@@ -8,6 +8,7 @@ class QHBoxLayout;
 class QLabel;
 class QListWidget;
 class QListWidgetItem;
+class PresenceDesFichiers;
 class QPushButton;
 
 /// Lies over another widget, beside it in their parent, and follows it. (A QMdiArea tells assistive technologies of its
@@ -23,7 +24,7 @@ public:
 
     /// Gives the captions anew, after a change of language.
     void MettreTextes();
-    /// The recent files, newest first; those that are not there any more are told apart.
+    /// The recent files, newest first; those that are not there any more are told apart, as soon as that is known.
     void MettreRecents(const QStringList& chemins);
     /// The samples, by their paths.
     void MettreExemples(const QStringList& chemins);
@@ -44,6 +45,7 @@ private:
     QPushButton* FaireBouton(const char* nom, const QString& icone);
     void Choisir(const QListWidgetItem& ligne);
     QString CheminCourant() const;
+    void MarquerAbsents(const QStringList& absents);
 
     QWidget& m_dessous;
     QPushButton* m_nouvelle;
@@ -52,6 +54,8 @@ private:
     QListWidget* m_recents;
     QLabel* m_titreExemples;
     QHBoxLayout* m_exemples;
+    PresenceDesFichiers* m_presence;
+    QStringList m_chemins; ///< of the recent files
 };
 
 /// The samples that are installed beside the program, or lie in the tree that it was built from.

@@ -4,6 +4,8 @@
 #include "catalogue/documents/FichierRecent.h"
 #include "shell/PanneauDAccueil.h"
 #include "support/Accessibilite.h"
+#include "support/ArchiveDeTest.h"
+#include "support/GardeModale.h"
 
 #include <QListWidget>
 #include <QPushButton>
@@ -80,7 +82,9 @@ TEST_F(PanneauDAccueilTest, EnterOrADoubleClickOpensARecentFile)
     ASSERT_EQ(Recents().count(), 2);
     EXPECT_EQ(Recents().item(0)->text(), "disques.qrt");
     EXPECT_EQ(Recents().item(0)->toolTip(), dossier.Fichier(u"disques.qrt"_s));
-    EXPECT_EQ(Recents().item(1)->text(), "part.qrt (introuvable)");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Recents().item(1)->text() == "part.qrt (introuvable)"; }));
+    EXPECT_TRUE(Recents().item(1)->font().italic());
+    EXPECT_FALSE(Recents().item(0)->font().italic());
     QTest::keyClick(&Recents(), Qt::Key_Return);
     Laisser();
     ASSERT_EQ(cadre->Documents().size(), 1U);
@@ -114,6 +118,29 @@ TEST_F(PanneauDAccueilTest, ASampleOpensAsACategoryThatWasNeverSaved)
     EXPECT_EQ(Recents().item(0)->text(), "a moi.qrt");
 }
 
+TEST_F(PanneauDAccueilTest, AFileThatOpensWhileTheCommentsOfASampleShowKeepsItsPlace)
+{
+    Montrer();
+    TexteDeCatalogue texte;
+    texte.entrees = {"Abbey Road|"};
+    const QString exemple =
+        dossier.Ecrire(u"exemple.qrt"_s, FaireArchive({{"Zelvane.qrt", texte.Texte()}, {"Zelvane.txt", "Bonjour"}}));
+    const QString autre = Fichier(u"a moi.qrt"_s);
+    Accueil().MettreExemples({exemple});
+    bool ouverte = false;
+    const GardeModale commentaires([&](QWidget& fenetre) {
+        ouverte = OuvrirFichier(*cadre, autre, TypeQrt2, true);
+        fenetre.close();
+    });
+    ChoisirExemple(exemple);
+    ASSERT_TRUE(ouverte);
+    ASSERT_EQ(cadre->Documents().size(), 2U);
+    EXPECT_EQ(cadre->Documents().front()->myqrt.CheminReel(), "");
+    EXPECT_EQ(cadre->Documents().back()->myqrt.CheminReel(), autre);
+    EXPECT_EQ(cadre->Documents().back()->myqrt.FileType, "1");
+    EXPECT_EQ(LireOption(Options::FRecent[0]), autre);
+}
+
 TEST_F(PanneauDAccueilTest, ASampleTakesNoPlaceAmongTheRecentFiles)
 {
     QStringList chemins;
@@ -131,6 +158,30 @@ TEST_F(PanneauDAccueilTest, ASampleTakesNoPlaceAmongTheRecentFiles)
     for (int i = 0; i < Recents().count(); ++i)
         restes.append(Recents().item(i)->toolTip());
     EXPECT_EQ(restes, chemins);
+}
+
+TEST_F(PanneauDAccueilTest, AFileThatGoesAndComesBackIsToldApartEachTimeTheFrameHasTheKeys)
+{
+    const QString chemin = Fichier(u"disques.qrt"_s);
+    AjouterRecent(chemin);
+    Montrer();
+    const auto dit = [this](const QString& texte) {
+        MajMenuRecents(*cadre);
+        return QTest::qWaitFor([&] { return Recents().item(0)->text() == texte; });
+    };
+    EXPECT_TRUE(dit(u"disques.qrt"_s));
+    ASSERT_TRUE(QFile::remove(chemin));
+    EXPECT_TRUE(dit(u"disques.qrt (introuvable)"_s));
+    Fichier(u"disques.qrt"_s);
+    EXPECT_TRUE(dit(u"disques.qrt"_s));
+}
+
+TEST_F(PanneauDAccueilTest, AFolderWhoseNameLooksLikeHtmlIsShownAsItIs)
+{
+    AjouterRecent(u"/<i>lent</i>/a.qrt"_s);
+    Montrer();
+    EXPECT_TRUE(Recents().item(0)->toolTip().contains(u"&lt;i&gt;lent"_s));
+    EXPECT_EQ(Recents().item(0)->data(Qt::UserRole).toString(), "/<i>lent</i>/a.qrt");
 }
 
 TEST_F(PanneauDAccueilTest, TheButtonOfOpenShowsTheDialog)

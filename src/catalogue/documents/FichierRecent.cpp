@@ -52,18 +52,6 @@ void RetirerRecent(const QString& chemin)
     EcrireRecent(NombreDeRecents, QString());
 }
 
-RecentsGardes::RecentsGardes()
-{
-    for (int i = 1; i <= NombreDeRecents; ++i)
-        m_chemins.append(Recent(i));
-}
-
-RecentsGardes::~RecentsGardes()
-{
-    for (int i = 1; i <= NombreDeRecents; ++i)
-        EcrireRecent(i, m_chemins.value(i - 1));
-}
-
 void MajMenuRecents(MenuRecents& fenetre)
 {
     for (int i = 1; i <= NombreDeRecents; ++i)

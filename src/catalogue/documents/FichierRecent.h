@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QString>
-#include <QStringList>
 
 /// Moves the path to the top. One that stood in the fifth place is not looked for there: all move down, and the fifth
 /// is lost, which is that path.
@@ -10,19 +9,6 @@ void AjouterRecent(const QString& chemin);
 
 /// Takes the path out; those below move up.
 void RetirerRecent(const QString& chemin);
-
-/// Puts the recent files back as they were when it is made, at its end: what is opened meanwhile is not one of them.
-class RecentsGardes
-{
-public:
-    RecentsGardes();
-    ~RecentsGardes();
-    RecentsGardes(const RecentsGardes&) = delete;
-    RecentsGardes& operator=(const RecentsGardes&) = delete;
-
-private:
-    QStringList m_chemins;
-};
 
 /// The items of a window's menu of recent files.
 class MenuRecents

@@ -17,6 +17,7 @@
 #include "platform/Presence.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -102,6 +103,21 @@ void NoterRecent(FenetreDocument& fenetre, const QString& chemin)
         MajMenuRecents(*menu);
 }
 
+/// The new window of a catalogue file, which `apres` may change before anybody sees it; null, of which the user has
+/// been told, where there is none.
+FenetreDocument* Charger(Cadre& cadre, const QString& chemin, const std::function<void(Categorie&)>& apres = {})
+{
+    const auto forme = AvecMemoire<std::optional<FormeFichier>>([&] { return FormeDuFichier(chemin); }, std::nullopt);
+    if (!forme)
+        return nullptr;
+    return NouveauDocument(cadre, NomDeFichier(chemin), [&](FenetreDocument& neuve) {
+        const bool chargee = ChargerCatalogue(neuve.myqrt, chemin, *forme);
+        if (chargee && apres)
+            apres(neuve.myqrt);
+        return chargee;
+    });
+}
+
 /// The comments greet who opens the category, where the user wants that and there are any.
 void MontrerCommentaires(FenetreDocument& fenetre)
 {
@@ -137,16 +153,23 @@ bool OuvrirFichier(Cadre& cadre, const QString& chemin, int type, bool montrerMe
     }
     if (type >= PremierTypePlugIn)
         return OuvrirParPlugin(cadre, chemin, PlugIns.value(type - PremierTypePlugIn));
-    const auto forme = AvecMemoire<std::optional<FormeFichier>>([&] { return FormeDuFichier(chemin); }, std::nullopt);
-    if (!forme)
-        return false;
-
-    FenetreDocument* fenetre = NouveauDocument(cadre, NomDeFichier(chemin), [&](FenetreDocument& neuve) {
-        return ChargerCatalogue(neuve.myqrt, chemin, *forme);
-    });
+    FenetreDocument* fenetre = Charger(cadre, chemin);
     if (!fenetre)
         return false;
     NoterRecent(*fenetre, chemin);
+    MontrerDocument(*fenetre);
+    return true;
+}
+
+bool OuvrirCommeNeuf(Cadre& cadre, const QString& chemin)
+{
+    // Its path goes before anything is shown: whatever the user does meanwhile finds no file to write to.
+    FenetreDocument* fenetre = Charger(cadre, chemin, [](Categorie& doc) {
+        doc.SetCheminReel(QString());
+        doc.FileType.clear();
+    });
+    if (!fenetre)
+        return false;
     MontrerDocument(*fenetre);
     return true;
 }

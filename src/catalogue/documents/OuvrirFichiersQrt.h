@@ -25,6 +25,10 @@ enum TypeOuverture {
 /// not exist leaves the list.
 bool OuvrirFichier(Cadre& cadre, const QString& chemin, int type, bool montrerMessages);
 
+/// Opens a catalogue as one that was never saved: it has no path, its first save asks for one, and it is not among the
+/// recent files. Comments and results as with OuvrirFichier; the same file opens as often as it is asked for.
+bool OuvrirCommeNeuf(Cadre& cadre, const QString& chemin);
+
 /// Shows a document that has just been filled, in the view that the settings tell and with its comments where they
 /// tell so, as one without unsaved changes.
 void MontrerDocument(FenetreDocument& fenetre);
