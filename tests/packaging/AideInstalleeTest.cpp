@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QMap>
 #include <QXmlStreamReader>
 
 #include <gtest/gtest.h>
@@ -29,11 +30,16 @@ struct PageLue
     QStringList nav;    ///< the links of its bar
     QStringList ancres; ///< its places that can be linked to
     QList<ImageDePage> images;
+    QMap<QString, int> parties; ///< how many paragraphs, items, rows, keys ... it has
 };
 
 void LireElement(const QXmlStreamReader& lecteur, bool dansNav, PageLue& page)
 {
     const QXmlStreamAttributes attributs = lecteur.attributes();
+    static const QStringList parties{u"h1"_s, u"h2"_s,     u"p"_s,   u"li"_s,  u"tr"_s,
+                                     u"td"_s, u"figure"_s, u"kbd"_s, u"code"_s};
+    if (parties.contains(lecteur.name()))
+        ++page.parties[lecteur.name().toString()];
     if (lecteur.name() == "html"_L1)
         page.langue = attributs.value("lang").toString();
     if (lecteur.name() == "img"_L1)
@@ -147,6 +153,16 @@ TEST_F(InstalledHelp, EveryPageHasItsCounterpartInTheOtherLanguage)
             EXPECT_EQ(page.langue, langue.nom) << nom.toStdString();
             EXPECT_EQ(page.nav.value(page.nav.size() - 1), langue.versLAutre + nom) << nom.toStdString();
         }
+    }
+}
+
+/// What was added to a page in one language only shows here.
+TEST_F(InstalledHelp, APageHasTheSamePartsInBothLanguages)
+{
+    for (const QString& nom : Pages(Langues[0])) {
+        const PageLue page = Page(Langues[0], nom);
+        EXPECT_GT(page.parties[u"p"_s] + page.parties[u"tr"_s], 1) << nom.toStdString();
+        EXPECT_EQ(page.parties, Page(Langues[1], nom).parties) << nom.toStdString();
     }
 }
 
