@@ -75,6 +75,20 @@ TEST_F(FrmPluginsTest, TheDialogClosesBeforeThePluginWorks)
     EXPECT_TRUE(fenetre.myqrt.IlFautSauver);
 }
 
+TEST_F(FrmPluginsTest, ADoubleClickOnAPluginStartsIt)
+{
+    DossierDePlugins::Mettre(u"autre1"_s);
+    frmPlugins form(fenetre);
+    form.show();
+    const auto& liste = *form.findChild<QListWidget*>("List1");
+    const QPoint milieu = liste.visualItemRect(liste.item(0)).center();
+    QTest::mouseClick(liste.viewport(), Qt::LeftButton, {}, milieu);
+    EXPECT_TRUE(form.isVisible());
+    QTest::mouseDClick(liste.viewport(), Qt::LeftButton, {}, milieu);
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(fenetre.myqrt.ItemsCount(), 2);
+}
+
 TEST_F(FrmPluginsTest, AFailureOfThePluginIsToldAfterTheDialogClosed)
 {
     DossierDePlugins::Mettre(u"sansmembre"_s);
