@@ -3,19 +3,28 @@
 #include <QRandomGenerator>
 
 #include <cerrno>
+#include <climits>
 #include <cstdio>
-#include <cstdlib>
 #include <fcntl.h>
-#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
-QByteArray SuivreLesLiens(const QByteArray& chemin)
+/// The place that a link stands for, though there may be no file yet. A ring of links stays one, and is told as what it
+/// is when the file is looked at.
+QByteArray SuivreLesLiens(QByteArray chemin)
 {
-    const std::unique_ptr<char, decltype(&std::free)> reel(realpath(chemin.constData(), nullptr), &std::free);
-    return reel ? QByteArray(reel.get()) : chemin;
+    constexpr int liensAuPlus = 40; // as the system
+    for (int i = 0; i < liensAuPlus; ++i) {
+        QByteArray cible(PATH_MAX, '\0');
+        const ssize_t longueur = readlink(chemin.constData(), cible.data(), static_cast<size_t>(cible.size()));
+        if (longueur < 0)
+            break;
+        cible.truncate(longueur);
+        chemin = cible.startsWith('/') ? cible : chemin.first(chemin.lastIndexOf('/') + 1) + cible;
+    }
+    return chemin;
 }
 
 } // namespace

@@ -89,9 +89,21 @@ public:
 
     /// Why the library did not get all of it.
     Fin Etat() const { return m_contenu.Etat() == Fin::Faite ? m_etat : m_contenu.Etat(); }
+    /// Nothing may be thrown through the library, which is C: what is, waits for Relancer.
     static zip_int64_t Servir(void* source, void* donnees, zip_uint64_t taille, zip_source_cmd_t commande)
     {
-        return static_cast<SourceDeFeuilles*>(source)->Repondre(donnees, taille, commande);
+        auto& feuilles = *static_cast<SourceDeFeuilles*>(source);
+        try {
+            return feuilles.Repondre(donnees, taille, commande);
+        } catch (...) {
+            feuilles.m_leve = std::current_exception();
+            return -1;
+        }
+    }
+    void Relancer() const
+    {
+        if (m_leve)
+            std::rethrow_exception(m_leve);
     }
 
 private:
@@ -147,6 +159,7 @@ private:
     int64_t m_lus = 0;
     Fin m_etat = Fin::Faite;
     QByteArrayView m_reste;
+    std::exception_ptr m_leve;
 };
 
 // ---- the package
@@ -225,6 +238,7 @@ Fin EcrirePaquetage(const QByteArray& chemin, const QString& titre, ContenuOds& 
                        paquetage.Ajouter("content.xml", feuilles) && paquetage.Ajouter("styles.xml", Styles()) &&
                        paquetage.Ajouter("meta.xml", Meta(titre)) &&
                        paquetage.Ajouter("settings.xml", Reglages(contenu.Feuilles())) && paquetage.Fermer();
+    feuilles.Relancer();
     if (ecrit || feuilles.Etat() != Fin::Faite)
         return feuilles.Etat();
     return paquetage.Echec();

@@ -20,8 +20,15 @@ constexpr int Largeur = 400;
 /// The document's window is not told to those who export.
 QWidget* FenetreDessous()
 {
-    QWidget* modale = QApplication::activeModalWidget();
-    return modale ? modale : QApplication::activeWindow();
+    for (QWidget* fenetre : {QApplication::activeModalWidget(), QApplication::activeWindow()}) {
+        if (fenetre)
+            return fenetre;
+    }
+    // Another program has the keys.
+    const QWidgetList fenetres = QApplication::topLevelWidgets();
+    const auto cadre = std::ranges::find_if(
+        fenetres, [](const QWidget* fenetre) { return fenetre->isVisible() && fenetre->inherits("QMainWindow"); });
+    return cadre == fenetres.end() ? nullptr : *cadre;
 }
 
 } // namespace

@@ -25,8 +25,8 @@ public:
         QStringList cellules; ///< row by row, as many of each as there are columns
         QStringList images;   ///< one a row, empty for none
     };
-    /// The rows from `premiere` (from 1) on, at least one while there are some. Nothing once the table is no longer
-    /// what it was: events run while a file is written, and the end of the session closes documents.
+    /// The rows from `premiere` (from 1) on, at least one while there are some. Nothing once the table has other rows
+    /// or columns than it had, or is gone: events run while a file is written.
     std::optional<Paquet> Lire(int premiere) const;
 
     /// How many cells are held at a time, so few since each may be long; a row of more is one packet.

@@ -86,6 +86,29 @@ TEST_F(BrouillonTest, WritesWhereALinkLeads)
     EXPECT_EQ(dossier.Lire(u"ailleurs/vrai.json"_s), "après");
 }
 
+TEST_F(BrouillonTest, WritesWhereALinkLeadsThoughNoFileIsThereYet)
+{
+    QDir(dossier.Chemin()).mkdir(u"ailleurs"_s);
+    const QString lien = dossier.Fichier(u"lien.json"_s);
+    ASSERT_EQ(symlink("ailleurs/suite.json", lien.toUtf8().constData()), 0);
+    ASSERT_EQ(symlink("neuf.json", dossier.Fichier(u"ailleurs/suite.json"_s).toUtf8().constData()), 0);
+    Brouillon brouillon(lien);
+    ASSERT_EQ(brouillon.Ouvrir(), Fin::Faite);
+    brouillon.Ecrire("neuf");
+    ASSERT_EQ(brouillon.Deposer(), Fin::Faite);
+    EXPECT_TRUE(QFileInfo(lien).isSymLink());
+    EXPECT_EQ(dossier.Lire(u"ailleurs/neuf.json"_s), "neuf");
+}
+
+TEST_F(BrouillonTest, ARingOfLinksIsRefused)
+{
+    const QString lien = dossier.Fichier(u"lien.json"_s);
+    ASSERT_EQ(symlink("lien.json", lien.toUtf8().constData()), 0);
+    Brouillon brouillon(lien);
+    EXPECT_EQ(brouillon.Ouvrir(), Fin::EcritureRefusee);
+    EXPECT_TRUE(QFileInfo(lien).isSymLink());
+}
+
 TEST_F(BrouillonTest, NamesThatAreNoUtf8AreWritten)
 {
     EXPECT_EQ(OctetsDuNom(u"/é/"_s + QChar(0xDCE9) + u"t💀"_s), QByteArray("/\xC3\xA9/\xE9t\xF0\x9F\x92\x80"));
