@@ -3,6 +3,7 @@
 #include <ZelvanePlugin.h>
 
 #include <QFile>
+#include <QSaveFile>
 #include <stdexcept>
 
 class Modele : public QObject
@@ -51,7 +52,10 @@ public:
         table.AjouterColonnes({QStringLiteral("Titre")});
         QStringList cellules;
         while (!fichier.atEnd()) {
-            cellules << QString::fromUtf8(fichier.readLine());
+            QByteArray ligne = fichier.readLine();
+            while (ligne.endsWith('\n') || ligne.endsWith('\r'))
+                ligne.chop(1);
+            cellules << QString::fromUtf8(ligne);
             if (cellules.size() == Paquet) {
                 table.AjouterLignes(cellules);
                 cellules.clear();
@@ -62,7 +66,8 @@ public:
 
     Q_INVOKABLE void ExportToFile(const QString& chemin)
     {
-        QFile fichier(chemin);
+        // What was there stays until all is written.
+        QSaveFile fichier(chemin);
         if (!fichier.open(QIODevice::WriteOnly))
             throw std::runtime_error("le fichier ne peut pas être écrit");
         const zelvane::Table table(m_document);
@@ -72,6 +77,8 @@ public:
             for (int i = 0; i < cellules.size(); i += colonnes)
                 fichier.write(cellules.at(i).toUtf8() + '\n');
         }
+        if (!fichier.commit())
+            throw std::runtime_error("le disque est plein, ou le fichier ne peut pas être écrit");
     }
 
 private:
