@@ -79,8 +79,8 @@ void LireMessages(const QString& source, MessagesDesSources& messages)
 QStringList TextesSansCle(const QString& source)
 {
     static const QRegularExpression litteral(QStringLiteral(R"re('(?:[^'\\]|\\.)'|(%1))re").arg(s_litteraux));
-    static const QRegularExpression cle(QStringLiteral(R"re("msg\w+"\s*,\s*$)re"));
-    static const QRegularExpression nomDeCle(QStringLiteral(R"re(^msg\w+$)re"));
+    static const QRegularExpression cle(QStringLiteral(R"re("(?:msg|plug[A-Z])\w+"\s*,\s*$)re"));
+    static const QRegularExpression nomDeCle(QStringLiteral(R"re(^(?:msg|plug[A-Z])\w+$)re"));
     static const QRegularExpression lettres(QStringLiteral(R"re(\p{L}{2,})re"));
     static const QRegularExpression echappement(QStringLiteral(R"re(\\[rnt])re"));
     constexpr qsizetype vueArriere = 200;

@@ -18,15 +18,16 @@ MessagesDesSources MessagesDe(const char* source)
     return messages;
 }
 
-/// What the program's own sources say.
+/// What the sources of the program and of its plug-ins say.
 MessagesDesSources MessagesDuProgramme()
 {
     MessagesDesSources messages;
-    const QString racine = QStringLiteral(ZELVANE_SOURCES);
-    for (const QString& nom : FichiersDe({racine, {}, {}})) {
-        QFile fichier(racine + u'/' + nom);
-        if (fichier.open(QIODevice::ReadOnly))
-            LireMessages(QString::fromUtf8(fichier.readAll()), messages);
+    for (const QString& racine : {QStringLiteral(ZELVANE_SOURCES), QStringLiteral(ZELVANE_PLUGINS)}) {
+        for (const QString& nom : FichiersDe({racine, {}, {}})) {
+            QFile fichier(racine + u'/' + nom);
+            if (fichier.open(QIODevice::ReadOnly))
+                LireMessages(QString::fromUtf8(fichier.readAll()), messages);
+        }
     }
     return messages;
 }
@@ -122,12 +123,17 @@ const std::map<QString, QStringList>& TextesPermis()
         {u"output/EcrivainsDeTextes.cpp"_s, {u"*"_s}},
         {u"output/OptionsDImpression.cpp"_s, {u"Zelvane v2.2 by Morvenal"_s, u"%titre% - %nb% %nomcat%"_s}},
         {u"platform/Association.cpp"_s, {u"*"_s}},
+        {u"plugins/exports/ColonneOds.cpp"_s, {u"*"_s}},
+        {u"plugins/exports/ContenuOds.cpp"_s, {u"*"_s}},
+        {u"plugins/exports/EcrireJson.cpp"_s, {u"*"_s}},
+        {u"plugins/exports/EcrireOds.cpp"_s, {u"*"_s}},
         {u"shell/Main.cpp"_s, {u"*"_s}},
-        // Words for programs: layouts of dates, fonts, types of bytes, patterns of files.
+        // Words for programs: layouts of dates, fonts, types of bytes, patterns of files, names of encodings.
         {u"base/Dates.cpp"_s, {u"dd MMMM yyyy"_s}},
         {u"base/Options.h"_s, {u"MS Sans Serif"_s}},
         {u"catalogue/texte/TypeFichier.cpp"_s, {u"trap"_s}},
         {u"output/Feuille.h"_s, {u"Arial Black"_s}},
+        {u"plugins/csv/CodageCsv.cpp"_s, {u"*"_s}},
         {u"output/PoliceSurPapier.cpp"_s, {u"Arial Black"_s}},
         {u"output/modImprimerLV.cpp"_s, {u"PDF (*.pdf)|*.pdf"_s}},
         {u"shell/frmSecours.cpp"_s, {u"dd/MM/yyyy HH:mm"_s}},
@@ -169,6 +175,8 @@ const std::map<QString, QStringList>& TextesPermis()
     return permis;
 }
 
+const QString s_plugins = u"plugins/"_s;
+
 /// The command line speaks French alone, and so has no keys.
 bool EstEnLigneDeCommande(const QString& fichier)
 {
@@ -179,9 +187,12 @@ TEST(TextesDuProgramme, NoneIsShownThatNoLanguageCouldHave)
 {
     QStringList sansCle;
     std::map<QString, QStringList> inutiles = TextesPermis();
-    const QString racine = QStringLiteral(ZELVANE_SOURCES);
-    for (const QString& nom : FichiersDe({racine, {}, {}})) {
-        QFile fichier(racine + u'/' + nom);
+    QStringList fichiers = FichiersDe({QStringLiteral(ZELVANE_SOURCES), {}, {}});
+    for (const QString& nom : FichiersDe({QStringLiteral(ZELVANE_PLUGINS), {}, {}}))
+        fichiers.append(s_plugins + nom);
+    for (const QString& nom : fichiers) {
+        QFile fichier(nom.startsWith(s_plugins) ? QStringLiteral(ZELVANE_PLUGINS) + nom.mid(s_plugins.size() - 1)
+                                                : QStringLiteral(ZELVANE_SOURCES) + u'/' + nom);
         if (EstEnLigneDeCommande(nom) || !fichier.open(QIODevice::ReadOnly))
             continue;
         const auto permis = TextesPermis().find(nom);
