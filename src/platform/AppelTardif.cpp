@@ -68,9 +68,15 @@ std::optional<QString> LireTardif(const QObject& objet, const char* nom)
         const QVariant valeur = classe.property(index).read(&objet);
         switch (valeur.typeId()) {
         case QMetaType::QString:
+        case QMetaType::Short:
+        case QMetaType::UShort:
         case QMetaType::Int:
         case QMetaType::UInt:
+        case QMetaType::Long:
+        case QMetaType::ULong:
         case QMetaType::LongLong:
+        case QMetaType::ULongLong:
+        case QMetaType::Float:
         case QMetaType::Double:
             return valeur.toString();
         default:

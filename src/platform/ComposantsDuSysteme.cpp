@@ -125,7 +125,11 @@ Composants::Entree ComposantsDuSysteme::Chercher(void* bibliotheque, const char*
 Composants::Fin ComposantsDuSysteme::Executer(void*, Entree entree, int delai)
 {
     const auto deroulement = std::make_shared<Deroulement>();
-    std::thread(Derouler, deroulement, entree).detach();
+    try {
+        std::thread(Derouler, deroulement, entree).detach();
+    } catch (const std::system_error&) {
+        return Fin::Levee; // no room for a thread
+    }
     const auto finie = [&deroulement](int millisecondes) {
         std::unique_lock garde(deroulement->verrou);
         return deroulement->fini.wait_for(garde, std::chrono::milliseconds(millisecondes),

@@ -68,31 +68,30 @@ bool GrilleDevant(const Cadre& cadre)
     return !devant || devant->myqrt.Table.GridLines();
 }
 
-/// A new window whose table the plug-in of that name fills. It has no path: its first save asks for one. False where
-/// there is no such plug-in, or the user changed his mind in its dialog: the open dialog comes back then.
-bool OuvrirParPlugin(Cadre& cadre, const QString& chemin, const QString& nom)
+enum class Ouverture {
+    Faite,
+    Echouee,
+    Abandonnee, ///< the user changed his mind: there is nothing to tell
+};
+
+/// A new window whose table the plug-in of that name fills. It has no path: its first save asks for one. Echouee where
+/// there is no such plug-in; the user changes his mind in its dialog.
+Ouverture OuvrirParPlugin(Cadre& cadre, const QString& chemin, const QString& nom)
 {
     if (nom.isEmpty() || !s_ouvreurs)
-        return false;
+        return Ouverture::Echouee;
+    bool abandonnee = false;
     const bool grille = GrilleDevant(cadre);
     FenetreDocument* fenetre = NouveauDocument(cadre, NomDeFichier(chemin), [&](FenetreDocument& neuve) {
         neuve.myqrt.Table.SetGridLines(grille);
         neuve.myqrt.Table.SetView(3);
-        return s_ouvreurs->Ouvrir(nom, neuve, chemin);
+        abandonnee = !s_ouvreurs->Ouvrir(nom, neuve, chemin);
+        return !abandonnee;
     });
     if (!fenetre)
-        return false;
+        return abandonnee ? Ouverture::Abandonnee : Ouverture::Echouee;
     MontrerDocument(*fenetre);
-    return true;
-}
-
-/// Opens all of them, each by itself: one that fails does not keep the next from being tried.
-void OuvrirPlusieurs(Cadre& cadre, const QStringList& fichiers, int type)
-{
-    for (const QString& fichier : fichiers) {
-        if (!OuvrirFichier(cadre, fichier, type, true))
-            AfficherMsg(LangMsg(u"msg47"_s, u"Erreur d'ouverture :"_s) + (u'\n' + fichier), MsgOk, QString());
-    }
+    return Ouverture::Faite;
 }
 
 /// The file becomes the most recent one, in the window's own menu too.
@@ -125,6 +124,39 @@ void MontrerCommentaires(FenetreDocument& fenetre)
         fenetre.mModifierCommentaires_Click();
 }
 
+/// See OuvrirFichier.
+Ouverture Tenter(Cadre& cadre, const QString& chemin, int type, bool montrerMessages)
+{
+    if (FenetreDocument* dejaLa = FenetreDe(cadre, chemin)) {
+        if (montrerMessages)
+            AfficherMsg(LangMsg(u"msg48"_s, u"Le fichier est deja ouvert :"_s) + (u'\n' + chemin), MsgOk, QString());
+        cadre.AmenerDevant(*dejaLa);
+        return Ouverture::Echouee;
+    }
+    if (!PeutExister(chemin)) {
+        MsgFichierAbsent();
+        RetirerRecent(chemin);
+        return Ouverture::Echouee;
+    }
+    if (type >= PremierTypePlugIn)
+        return OuvrirParPlugin(cadre, chemin, PlugIns.value(type - PremierTypePlugIn));
+    FenetreDocument* fenetre = Charger(cadre, chemin);
+    if (!fenetre)
+        return Ouverture::Echouee;
+    NoterRecent(*fenetre, chemin);
+    MontrerDocument(*fenetre);
+    return Ouverture::Faite;
+}
+
+/// Opens all of them, each by itself: one that fails does not keep the next from being tried.
+void OuvrirPlusieurs(Cadre& cadre, const QStringList& fichiers, int type)
+{
+    for (const QString& fichier : fichiers) {
+        if (Tenter(cadre, fichier, type, true) == Ouverture::Echouee)
+            AfficherMsg(LangMsg(u"msg47"_s, u"Erreur d'ouverture :"_s) + (u'\n' + fichier), MsgOk, QString());
+    }
+}
+
 } // namespace
 
 void MontrerDocument(FenetreDocument& fenetre)
@@ -140,25 +172,7 @@ void MontrerDocument(FenetreDocument& fenetre)
 
 bool OuvrirFichier(Cadre& cadre, const QString& chemin, int type, bool montrerMessages)
 {
-    if (FenetreDocument* dejaLa = FenetreDe(cadre, chemin)) {
-        if (montrerMessages)
-            AfficherMsg(LangMsg(u"msg48"_s, u"Le fichier est deja ouvert :"_s) + (u'\n' + chemin), MsgOk, QString());
-        cadre.AmenerDevant(*dejaLa);
-        return false;
-    }
-    if (!PeutExister(chemin)) {
-        MsgFichierAbsent();
-        RetirerRecent(chemin);
-        return false;
-    }
-    if (type >= PremierTypePlugIn)
-        return OuvrirParPlugin(cadre, chemin, PlugIns.value(type - PremierTypePlugIn));
-    FenetreDocument* fenetre = Charger(cadre, chemin);
-    if (!fenetre)
-        return false;
-    NoterRecent(*fenetre, chemin);
-    MontrerDocument(*fenetre);
-    return true;
+    return Tenter(cadre, chemin, type, montrerMessages) == Ouverture::Faite;
 }
 
 bool OuvrirCommeNeuf(Cadre& cadre, const QString& chemin)

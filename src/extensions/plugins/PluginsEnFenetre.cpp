@@ -3,8 +3,19 @@
 #include "catalogue/documents/FenetreDocument.h"
 #include "extensions/plugins/mPlugin.h"
 #include "images/SupprimerImage.h"
+#include "platform/Retenue.h"
 
 #include <QWidget>
+
+namespace {
+
+void Montrer(FenetreDocument& fenetre)
+{
+    RecalculerCles(fenetre.myqrt.Table);
+    fenetre.RedrawAll(true);
+}
+
+} // namespace
 
 int PoigneeDe(FenetreDocument& fenetre)
 {
@@ -63,33 +74,44 @@ QList<ExporteursAjoutes::Exporteur> ExporteursDePlugins::Chercher()
 
 void ExporteursDePlugins::Exporter(const QString& nom, Categorie& doc, const QString& chemin)
 {
-    const std::weak_ptr<const void> vie = doc.Table.Vie();
-    const uint64_t avant = doc.Table.Generation();
+    // Events run where it shows how far it is: what would open, close or change a document waits, and so does a signal,
+    // which would leave half a file behind.
+    const Retenue retenue;
+    const EtatAvantTravail avant(doc);
     PluginAuTravail plugin(nom);
     if (plugin.initme(doc, 0, PluginAuTravail::Passage::ParReference))
         plugin.ExportToFile(chemin);
-    // Events ran meanwhile, where it shows how far it is.
-    if (!vie.expired() && doc.Table.Generation() != avant)
+    if (avant.AChange())
         doc.IlFautSauver = true;
 }
 
 // ---- commands
 
-TravailDePlugin::TravailDePlugin(FenetreDocument& fenetre)
-    : m_fenetre(fenetre), m_vie(fenetre.myqrt.Table.Vie()), m_generation(fenetre.myqrt.Table.Generation())
+EtatAvantTravail::EtatAvantTravail(const Categorie& doc)
+    : m_doc(doc), m_vie(doc.Table.Vie()), m_generation(doc.Table.Generation()), m_dependante(doc.dependantcol)
 {
 }
 
+bool EtatAvantTravail::AChange() const
+{
+    return EstLa() && (m_doc.Table.Generation() != m_generation || m_doc.dependantcol != m_dependante);
+}
+
+void MontrerChangement(FenetreDocument& fenetre)
+{
+    fenetre.myqrt.IlFautSauver = true;
+    Montrer(fenetre);
+}
+
+TravailDePlugin::TravailDePlugin(FenetreDocument& fenetre) : m_fenetre(fenetre), m_avant(fenetre.myqrt) {}
+
 TravailDePlugin::~TravailDePlugin()
 {
-    // Events ran meanwhile.
-    if (m_vie.expired())
+    if (!m_avant.EstLa())
         return;
-    Categorie& doc = m_fenetre.myqrt;
-    if (doc.Table.Generation() != m_generation)
-        doc.IlFautSauver = true;
-    RecalculerCles(doc.Table);
-    m_fenetre.RedrawAll(true);
+    if (m_avant.AChange())
+        m_fenetre.myqrt.IlFautSauver = true;
+    Montrer(m_fenetre);
 }
 
 bool Confier(FenetreDocument& fenetre, PluginAuTravail& plugin)

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <memory>
 
+class Categorie;
 class FenetreDocument;
 class PluginAuTravail;
 
@@ -45,6 +46,26 @@ private:
     ExporteursAjoutes* m_avant;
 };
 
+/// What of a document tells whether a plug-in has changed something that its file holds.
+class EtatAvantTravail
+{
+public:
+    explicit EtatAvantTravail(const Categorie& doc);
+
+    /// False for a document that has gone: events ran meanwhile.
+    bool EstLa() const { return !m_vie.expired(); }
+    bool AChange() const;
+
+private:
+    const Categorie& m_doc;
+    std::weak_ptr<const void> m_vie;
+    uint64_t m_generation;
+    int m_dependante;
+};
+
+/// After a plug-in has changed a window's document: keys are renumbered, the window shows it, and it is to be saved.
+void MontrerChangement(FenetreDocument& fenetre);
+
 /// Brackets the work of a plug-in on a window's document: keys are renumbered then, the window shows what changed, and
 /// what changed is to be saved.
 class TravailDePlugin
@@ -57,8 +78,7 @@ public:
 
 private:
     FenetreDocument& m_fenetre;
-    std::weak_ptr<const void> m_vie;
-    uint64_t m_generation;
+    EtatAvantTravail m_avant;
 };
 
 /// Hands the window and its document to a command; what that deletes asks as the program's own deletion does.

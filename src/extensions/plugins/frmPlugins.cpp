@@ -41,12 +41,22 @@ void frmPlugins::List1_Click(const QListWidgetItem* ligne)
     m_ui->Label1->clear();
     m_ui->btLancePlugin->setEnabled(false);
     m_plugin = ligne ? std::make_unique<PluginAuTravail>(ligne->text()) : nullptr;
-    if (!m_plugin || !Confier(m_fenetre, *m_plugin))
+    if (!m_plugin || !Prendre())
         return;
     m_ui->btLancePlugin->setEnabled(true);
     // The label knows one kind of line end.
     if (std::optional<QString> texte = m_plugin->APropos())
         m_ui->Label1->setText(texte->remove(u'\r'));
+}
+
+/// What a plug-in changes as soon as it gets the document is kept, too.
+bool frmPlugins::Prendre()
+{
+    const EtatAvantTravail avant(m_fenetre.myqrt);
+    const bool pris = Confier(m_fenetre, *m_plugin);
+    if (avant.AChange())
+        MontrerChangement(m_fenetre);
+    return pris;
 }
 
 void frmPlugins::btLancePlugin_Click()

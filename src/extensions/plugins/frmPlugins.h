@@ -25,6 +25,7 @@ public:
 private:
     void Remplir();
     void List1_Click(const QListWidgetItem* ligne);
+    bool Prendre();
     void btLancePlugin_Click();
 
     FenetreDocument& m_fenetre;

@@ -32,6 +32,12 @@ bool PluginEst(const QString& nom, const QString& mot)
     return objet && AppelerTardif(*objet, "WhatIsIt", {genres}).isEmpty() && genres.contains(mot);
 }
 
+/// A label and a pattern.
+bool EstUnType(const QString& filtre)
+{
+    return filtre.count(u'|') == 1 && !filtre.startsWith(u'|') && !filtre.endsWith(u'|');
+}
+
 QList<TypeDePlugin> Types(bool (*est)(const QString&), const char* propriete)
 {
     QList<TypeDePlugin> types;
@@ -41,7 +47,7 @@ QList<TypeDePlugin> Types(bool (*est)(const QString&), const char* propriete)
             continue;
         const std::unique_ptr<QObject> objet = CreerPlugin(NomDObjet(fichier));
         const auto filtre = objet ? LireTardif(*objet, propriete) : std::nullopt;
-        if (filtre && filtre->count(u'|') == 1)
+        if (filtre && EstUnType(*filtre))
             types.append({NomDePlugin(fichier), *filtre});
     }
     return types;

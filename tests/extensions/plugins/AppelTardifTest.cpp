@@ -15,12 +15,18 @@ class Composant : public QObject
     Q_OBJECT
     Q_PROPERTY(QString Texte READ Texte)
     Q_PROPERTY(int Nombre READ Nombre)
+    Q_PROPERTY(short Court READ Court)
+    Q_PROPERTY(qulonglong Long READ Long)
+    Q_PROPERTY(float Reel READ Reel)
     Q_PROPERTY(QStringList Liste READ Liste)
     Q_PROPERTY(QString Leve READ Leve)
 
 public:
     QString Texte() const { return u"oui"_s; }
     int Nombre() const { return 7; }
+    short Court() const { return -3; }
+    qulonglong Long() const { return 18446744073709551615U; }
+    float Reel() const { return 2.5F; }
     QStringList Liste() const { return {}; }
     QString Leve() const { throw 1; }
 
@@ -84,6 +90,9 @@ TEST(AppelTardif, APropertyIsATextOrANumber)
     const Composant composant;
     EXPECT_EQ(LireTardif(composant, "Texte"), u"oui"_s);
     EXPECT_EQ(LireTardif(composant, "Nombre"), u"7"_s);
+    EXPECT_EQ(LireTardif(composant, "Court"), u"-3"_s);
+    EXPECT_EQ(LireTardif(composant, "Long"), u"18446744073709551615"_s);
+    EXPECT_EQ(LireTardif(composant, "Reel"), u"2.5"_s);
     EXPECT_EQ(LireTardif(composant, "Absente"), std::nullopt);
     EXPECT_EQ(LireTardif(composant, "Liste"), std::nullopt);
     EXPECT_EQ(LireTardif(composant, "Leve"), std::nullopt);

@@ -1,10 +1,12 @@
 #include "extensions/plugins/frmPlugins.h"
 
 #include "DossierDePlugins.h"
+#include "platform/ZelvanePlugin.h"
 #include "support/CadreDeTest.h"
 #include "support/FileDeReponses.h"
 #include "support/TableDeTest.h"
 
+#include <QFile>
 #include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
@@ -14,6 +16,16 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// A command that works as soon as it gets the document.
+class PluginPresse : public QObject
+{
+    Q_OBJECT
+
+public:
+    Q_INVOKABLE void WhatIsIt(QString& genres) { genres = u"other"_s; }
+    Q_INVOKABLE void initme(QObject* document, int) { zelvane::Table(document).AjouterLignes({u"Blue"_s}); }
+};
 
 class FrmPluginsTest : public testing::Test
 {
@@ -75,6 +87,25 @@ TEST_F(FrmPluginsTest, TheDialogClosesBeforeThePluginWorks)
     EXPECT_TRUE(fenetre.myqrt.IlFautSauver);
 }
 
+TEST_F(FrmPluginsTest, WhatAPluginChangesAsSoonAsItIsChosenIsToBeSaved)
+{
+    DossierDePlugins::Mettre(u"autre1"_s);
+    {
+        const frmPlugins form(fenetre);
+        EXPECT_FALSE(fenetre.myqrt.IlFautSauver) << "most change nothing";
+    }
+    dossier.composants.Inscrire(u"PlugQRT.autre2"_s, []() -> QObject* { return new PluginPresse; });
+    QFile fichier(DossierDePlugins::Chemin() + u"autre2.dll"_s);
+    ASSERT_TRUE(fichier.open(QIODevice::WriteOnly));
+    frmPlugins form(fenetre);
+    form.show();
+    QTest::keyClick(form.findChild<QListWidget*>("List1"), Qt::Key_End);
+    QTest::mouseClick(&Bouton(form, "btFermer"), Qt::LeftButton);
+    EXPECT_EQ(fenetre.myqrt.ItemsCount(), 2);
+    EXPECT_EQ(ClesDe(fenetre.myqrt.Table), QStringList({"k1", "k2"}));
+    EXPECT_TRUE(fenetre.myqrt.IlFautSauver);
+}
+
 TEST_F(FrmPluginsTest, ADoubleClickOnAPluginStartsIt)
 {
     DossierDePlugins::Mettre(u"autre1"_s);
@@ -123,3 +154,5 @@ TEST_F(FrmPluginsTest, AnEmptyFolderGivesAnEmptyList)
     QTest::keyClick(&form, Qt::Key_Escape);
     EXPECT_FALSE(form.isVisible());
 }
+
+#include "FrmPluginsTest.moc"

@@ -5,6 +5,7 @@
 #include "catalogue/documents/OuvrirFichiersQrt.h"
 #include "extensions/plugins/QrtScript.h"
 #include "output/ExporterCategorie.h"
+#include "platform/Retenue.h"
 #include "support/CadreDeTest.h"
 #include "support/FileDeFichiers.h"
 #include "support/FileDeReponses.h"
@@ -29,6 +30,28 @@ public:
         if (m_document->property("ItemsCount").toInt() != 0)
             throw std::runtime_error("still there");
     }
+
+private:
+    QObject* m_document = nullptr;
+};
+
+/// An exporter with a filter of its own, which notes what waits while it works and then changes the document.
+class ExporteurDEssai : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QString ExportFilter MEMBER filtre CONSTANT)
+
+public:
+    Q_INVOKABLE void WhatIsIt(QString& genres) { genres = u"export"_s; }
+    Q_INVOKABLE void initme(QObject* document, int) { m_document = document; }
+    Q_INVOKABLE void ExportToFile(const QString&)
+    {
+        retenue = Retenue::EnCours();
+        m_document->setProperty("dependantcol", 1);
+    }
+
+    static inline QString filtre;
+    static inline bool retenue = false;
 
 private:
     QObject* m_document = nullptr;
@@ -87,6 +110,16 @@ TEST_F(PluginsEnFenetreTest, OneThatTheUserGaveUpLeavesNoWindow)
     EXPECT_FALSE(fenetre.myqrt.IlFautSauver) << "its window asks no question when it goes";
 }
 
+TEST_F(PluginsEnFenetreTest, OfSeveralFilesThoseThatTheUserGaveUpAreNoErrors)
+{
+    DossierDePlugins::Mettre(u"fichiers"_s);
+    fichiers.Preparer({fichiersDeTest.Ecrire(u"a.lst"_s, "renoncer\n"), fichiersDeTest.Ecrire(u"b.lst"_s, "un\n")}, 4);
+    OuvrirDialogue(cadre);
+    EXPECT_TRUE(reponses.Cles().isEmpty());
+    ASSERT_EQ(cadre.fenetres.size(), 1);
+    EXPECT_EQ(cadre.fenetres[0]->Caption(), "b.lst");
+}
+
 TEST_F(PluginsEnFenetreTest, TheLinesOfCellsAreAsInTheWindowInFront)
 {
     DossierDePlugins::Mettre(u"fichiers"_s);
@@ -139,6 +172,31 @@ TEST_F(PluginsEnFenetreTest, AWriterThatFailsIsTold)
     DocumentDeTest d;
     exporteurs.Exporter(u"leve"_s, d.doc, fichiersDeTest.Fichier(u"a.out"_s));
     EXPECT_EQ(reponses.Cles(), QStringList({"msgPluginEchec"}));
+}
+
+TEST_F(PluginsEnFenetreTest, AFilterIsALabelAndAPattern)
+{
+    dossier.composants.Inscrire(u"PlugQRT.essai"_s, []() -> QObject* { return new ExporteurDEssai; });
+    QFile fichier(DossierDePlugins::Chemin() + u"essai.dll"_s); // which only its name is taken of
+    ASSERT_TRUE(fichier.open(QIODevice::WriteOnly));
+    for (const QString& faux : {u""_s, u"JSON"_s, u"JSON|"_s, u"|*.json"_s, u"a|*.a|b|*.b"_s}) {
+        ExporteurDEssai::filtre = faux;
+        EXPECT_TRUE(exporteurs.Chercher().isEmpty()) << faux.toStdString();
+    }
+    ExporteurDEssai::filtre = u"JSON|*.json"_s;
+    EXPECT_EQ(exporteurs.Chercher().size(), 1);
+}
+
+TEST_F(PluginsEnFenetreTest, WhileOneExportsTheRestWaitsAndWhatItChangesIsToBeSaved)
+{
+    dossier.composants.Inscrire(u"PlugQRT.essai"_s, []() -> QObject* { return new ExporteurDEssai; });
+    DocumentDeTest d;
+    MettreColonnes(d.table, {"Titre"});
+    exporteurs.Exporter(u"essai"_s, d.doc, fichiersDeTest.Fichier(u"a.out"_s));
+    EXPECT_TRUE(ExporteurDEssai::retenue);
+    EXPECT_FALSE(Retenue::EnCours());
+    EXPECT_EQ(d.doc.dependantcol, 1);
+    EXPECT_TRUE(d.doc.IlFautSauver) << "the file holds the dependant column";
 }
 
 TEST_F(PluginsEnFenetreTest, ADocumentThatIsClosedMeanwhileIsNotTouchedAgain)
